@@ -1,0 +1,130 @@
+/**
+ * @file Varnel.hpp
+ * @brief The C++17 face: header-only, over the C interface.
+ */
+#ifndef VARNEL_HPP
+#define VARNEL_HPP
+
+#include <Varnel/Varnel.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace varnel {
+
+/** One exported value under its key; unpacks into `auto [key, value]`. */
+using entry = std::pair<std::string_view, std::string_view>;
+
+/**
+ * The twelve values of a document, in export order.
+ *
+ * A document owns its texts: it is a plain value that may be copied, returned and kept, and needs no
+ * allocation. The views it hands out live as long as it does.
+ */
+class document {
+public:
+  class iterator {
+  public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = entry;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const entry *;
+    using reference = entry;
+
+    iterator(const document *owner, std::size_t index) : owner_(owner), index_(index) {}
+    entry operator*() const { return (*owner_)[index_]; }
+    iterator &operator++() {
+      ++index_;
+      return *this;
+    }
+    iterator operator++(int) {
+      iterator before = *this;
+      ++*this;
+      return before;
+    }
+    bool operator==(const iterator &other) const { return index_ == other.index_; }
+    bool operator!=(const iterator &other) const { return index_ != other.index_; }
+
+  private:
+    const document *owner_;
+    std::size_t index_;
+  };
+
+  /** The number of values: always twelve, those that the document does not carry being empty. */
+  static constexpr std::size_t size() { return VARNEL_VALUE_COUNT; }
+
+  /** The value at a position, 0 to 11, with its key. */
+  entry operator[](std::size_t index) const {
+    return {keys_[index], std::string_view(text_.data() + values_[index].at, values_[index].length)};
+  }
+
+  /** The value of a key such as "firstName"; nothing for a key that is not one of the twelve. */
+  std::optional<std::string_view> get(std::string_view key) const {
+    for (const auto [known, value] : *this) {
+      if (known == key) {
+        return value;
+      }
+    }
+    return std::nullopt;
+  }
+
+  iterator begin() const { return {this, 0}; }
+  iterator end() const { return {this, size()}; }
+
+  friend std::optional<document> parse_mrz(std::string_view text);
+
+private:
+  struct place {
+    std::uint16_t at;
+    std::uint16_t length;
+  };
+
+  document() = default;
+
+  bool read(std::string_view text) {
+    PARSE_RESULT result;
+    const int length = varnel_utf16_length(text.data(), text.size());
+    if (varnel_parse_mrz(text.data(), length, &result, text_.data(), VARNEL_BUFFER_SIZE) != ERR_OK) {
+      return false;
+    }
+    VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
+    varnel_export(&result, pairs);
+    for (std::size_t i = 0; i < size(); ++i) {
+      const STRING &value = pairs[i].value;
+      keys_[i] = pairs[i].key;
+      values_[i].length = static_cast<std::uint16_t>(value.len);
+      values_[i].at = static_cast<std::uint16_t>(value.len > 0 ? value.str - text_.data() : 0);
+    }
+    return true;
+  }
+
+  std::array<const char *, VARNEL_VALUE_COUNT> keys_;
+  std::array<place, VARNEL_VALUE_COUNT> values_;
+  std::array<char, VARNEL_BUFFER_SIZE> text_;
+};
+
+/**
+ * Reads the text of a machine-readable zone (ICAO Doc 9303: TD1, TD2, TD3, MRV-A, MRV-B).
+ *
+ * @param text what the optical reader saw, as UTF-8: line breaks, blanks and noise are dropped, small
+ *        letters raised. May hold any bytes, NUL included; only the first 1023 UTF-16 units count.
+ * @return the document, or nothing when the text is empty or no layout accepts it.
+ *
+ * Safe to call from any number of threads; throws nothing and allocates nothing.
+ */
+inline std::optional<document> parse_mrz(std::string_view text) {
+  std::optional<document> read{document()};
+  if (!read->read(text)) {
+    read.reset();
+  }
+  return read;
+}
+
+} // namespace varnel
+
+#endif

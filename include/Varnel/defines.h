@@ -1,0 +1,287 @@
+/**
+ * @file defines.h
+ * @brief Shared types, slot numbers, parser identifiers and return codes.
+ *
+ * Everything here is plain C: fixed-size records and integers, no ownership, no state. The layout of
+ * every record is part of the binary interface and does not change within a major version.
+ */
+#ifndef VARNEL_DEFINES_H
+#define VARNEL_DEFINES_H
+
+#include <stddef.h>
+#include <stdint.h>
+
+/** Marks a symbol that the library exports; every other symbol stays hidden. */
+#if defined(__GNUC__) || defined(__clang__)
+#define VARNEL_API __attribute__((visibility("default")))
+#else
+#define VARNEL_API
+#endif
+
+#ifdef __cplusplus
+#define VARNEL_BEGIN_DECLS extern "C" {
+#define VARNEL_END_DECLS }
+#else
+#define VARNEL_BEGIN_DECLS
+#define VARNEL_END_DECLS
+#endif
+
+/**
+ * Return codes. Status-returning functions give ERR_OK or one of the negative codes.
+ */
+enum {
+  ERR_OK = 0,               /**< success */
+  ERR_FAILED = -1,          /**< a yes/no query answered no */
+  ERR_NOT_FOUND = -16,      /**< none of the asked slots holds text */
+  ERR_INVALID_FORMAT = -20, /**< input of the wrong length, pattern or content */
+  ERR_INVALID_ARGS = -21    /**< a null pointer, or a size that cannot be */
+};
+
+/**
+ * The slots of a record: X(number, constant, meaning) for each slot that has a name.
+ *
+ * The identifiers in brackets are data elements of the AAMVA DL/ID card design standard. One element
+ * may go to different slots in the element tables of different versions (DBB to 11 or 78, DAQ to 6 or
+ * 55, DCG to 56 or 125, DAU to 14 or 54, DAH to 30 or 58, DBN to 46 or 62, DBG to 40 or 63, DBS to 51
+ * or 64); the twelve exported values read one slot of each such pair (78, 6, 125). The split is
+ * deliberate. Slots without a name are reserved and stay empty.
+ */
+#define VARNEL_FIELDS(X)                                                                                     \
+  X(1, FIELD_FULL_NAME, "full name in one string (DAA)")                                                     \
+  X(2, FIELD_ADDRESS_STREET_1, "street address line 1 (DAG)")                                                \
+  X(3, FIELD_ADDRESS_CITY, "city (DAI)")                                                                     \
+  X(4, FIELD_ADDRESS_JURISDICTION, "jurisdiction code of the address (DAJ)")                                 \
+  X(5, FIELD_ADDRESS_POSTAL_CODE, "postal code (DAK)")                                                       \
+  X(6, FIELD_DOCUMENT_NUMBER, "document or licence number (MRZ document number; DAQ)")                       \
+  X(7, FIELD_LICENSE_CLASS, "licence classification (DAR)")                                                  \
+  X(8, FIELD_RESTRICTION_CODES, "restriction codes (DAS, DCB)")                                              \
+  X(9, FIELD_ENDORSEMENT_CODES, "endorsement codes (DAT, DCD)")                                              \
+  X(10, FIELD_EXPIRATION_DATE, "date of expiry, eight digits, year, month, day, from the MRZ (DBA)")         \
+  X(11, FIELD_DATE_OF_BIRTH, "date of birth as the older maps place it (DBB)")                               \
+  X(12, FIELD_SEX, "sex, \"M\" or \"F\" from the MRZ (DBC)")                                                 \
+  X(13, FIELD_ISSUE_DATE, "date of issue (DBD)")                                                             \
+  X(14, FIELD_HEIGHT_FT_IN, "height in feet and inches (DAU of 2D01)")                                       \
+  X(15, FIELD_WEIGHT_LB, "weight in pounds (DAW)")                                                           \
+  X(16, FIELD_EYE_COLOR, "eye colour (DAY)")                                                                 \
+  X(17, FIELD_HAIR_COLOR, "hair colour (DAZ)")                                                               \
+  X(18, FIELD_SOCIAL_SECURITY_NUMBER, "social security number (DBK)")                                        \
+  X(19, FIELD_PERMIT_CLASS, "permit classification (PAA)")                                                   \
+  X(20, FIELD_PERMIT_EXPIRATION_DATE, "permit expiry (PAB)")                                                 \
+  X(21, FIELD_PERMIT_NUMBER, "permit identifier (PAC)")                                                      \
+  X(22, FIELD_PERMIT_ISSUE_DATE, "permit issue date (PAD)")                                                  \
+  X(23, FIELD_PERMIT_RESTRICTIONS, "permit restriction codes (PAE)")                                         \
+  X(24, FIELD_PERMIT_ENDORSEMENTS, "permit endorsement codes (PAF)")                                         \
+  X(25, FIELD_FAMILY_NAME, "family name; the MRZ primary identifier (DAB, DCS)")                             \
+  X(26, FIELD_FIRST_NAME, "first given name (DAC)")                                                          \
+  X(27, FIELD_MIDDLE_NAME, "further given names (DAD)")                                                      \
+  X(28, FIELD_NAME_SUFFIX, "name suffix (DAE, DCU)")                                                         \
+  X(29, FIELD_NAME_PREFIX, "name prefix (DAF)")                                                              \
+  X(30, FIELD_MAILING_STREET_2, "mailing street line 2 (DAH of 2D01)")                                       \
+  X(31, FIELD_RESIDENCE_STREET_1, "residence street line 1 (DAL)")                                           \
+  X(32, FIELD_RESIDENCE_STREET_2, "residence street line 2 (DAM)")                                           \
+  X(33, FIELD_RESIDENCE_CITY, "residence city (DAN)")                                                        \
+  X(34, FIELD_RESIDENCE_JURISDICTION, "residence jurisdiction code (DAO)")                                   \
+  X(35, FIELD_RESIDENCE_POSTAL_CODE, "residence postal code (DAP)")                                          \
+  X(36, FIELD_HEIGHT_CM, "height in centimetres (DAV)")                                                      \
+  X(37, FIELD_WEIGHT_KG, "weight in kilograms (DAX)")                                                        \
+  X(38, FIELD_ISSUE_TIMESTAMP, "issue timestamp (DBE)")                                                      \
+  X(39, FIELD_DUPLICATE_COUNT, "number of duplicates (DBF)")                                                 \
+  X(40, FIELD_MEDICAL_CODES, "medical indicator codes (DBG of 2D01)")                                        \
+  X(41, FIELD_ORGAN_DONOR, "organ donor indicator (DBH, DDK)")                                               \
+  X(42, FIELD_NON_RESIDENT, "non-resident indicator (DBI)")                                                  \
+  X(43, FIELD_CUSTOMER_ID, "unique customer identifier (DBJ)")                                               \
+  X(44, FIELD_AKA_DATE_OF_BIRTH, "alias date of birth (DBL)")                                                \
+  X(45, FIELD_AKA_SOCIAL_SECURITY_NUMBER, "alias social security number (DBM)")                              \
+  X(46, FIELD_AKA_FULL_NAME, "alias full name (DBN of 2D01)")                                                \
+  X(47, FIELD_AKA_FAMILY_NAME, "alias last name (DBO)")                                                      \
+  X(48, FIELD_AKA_FIRST_NAME, "alias first name (DBP)")                                                      \
+  X(49, FIELD_AKA_MIDDLE_NAME, "alias middle name (DBQ)")                                                    \
+  X(50, FIELD_AKA_SUFFIX, "alias suffix (DBR)")                                                              \
+  X(51, FIELD_AKA_PREFIX, "alias prefix (DBS of 2D01)")                                                      \
+  X(52, FIELD_VEHICLE_CLASS, "jurisdiction vehicle class (DCA)")                                             \
+  X(53, FIELD_GIVEN_NAMES, "given names in one string (DCT)")                                                \
+  X(54, FIELD_HEIGHT, "height (DAU of 2D03 and later)")                                                      \
+  X(55, FIELD_PERSONAL_NUMBER,                                                                               \
+    "personal number or optional data (TD3 line 2, characters 28 to 41; DAQ of 2D03)")                       \
+  X(56, FIELD_COUNTRY_ID, "country identification (DCG of 2D03)")                                            \
+  X(57, FIELD_FEDERAL_VEHICLE_CODES, "federal commercial vehicle codes (DCH)")                               \
+  X(58, FIELD_ADDRESS_STREET_2, "street address line 2 (DAH of 2D03 and later)")                             \
+  X(59, FIELD_PLACE_OF_BIRTH, "place of birth (DCI)")                                                        \
+  X(60, FIELD_AUDIT_INFO, "audit information (DCJ)")                                                         \
+  X(61, FIELD_INVENTORY_CONTROL, "inventory control number (DCK)")                                           \
+  X(62, FIELD_ALIAS_FAMILY_NAME, "alias family name (DBN of 2D03 and later)")                                \
+  X(63, FIELD_ALIAS_GIVEN_NAME, "alias given name (DBG of 2D03 and later)")                                  \
+  X(64, FIELD_ALIAS_SUFFIX, "alias suffix (DBS of 2D03 and later)")                                          \
+  X(65, FIELD_WEIGHT_RANGE, "weight range (DCE)")                                                            \
+  X(66, FIELD_RACE_ETHNICITY, "race or ethnicity (DCL)")                                                     \
+  X(67, FIELD_STD_VEHICLE_CLASS, "standard vehicle classification (DCM)")                                    \
+  X(68, FIELD_STD_ENDORSEMENT, "standard endorsement code (DCN)")                                            \
+  X(69, FIELD_STD_RESTRICTION, "standard restriction code (DCO)")                                            \
+  X(70, FIELD_VEHICLE_CLASS_DESC, "vehicle class description (DCP)")                                         \
+  X(71, FIELD_ENDORSEMENT_DESC, "endorsement description (DCQ)")                                             \
+  X(72, FIELD_RESTRICTION_DESC, "restriction description (DCR)")                                             \
+  X(73, FIELD_DOCUMENT_DISCRIMINATOR, "document discriminator (DCF)")                                        \
+  X(75, FIELD_FAMILY_NAME_TRUNCATION, "family name truncation flag (DDE)")                                   \
+  X(76, FIELD_FIRST_NAME_TRUNCATION, "first name truncation flag (DDF)")                                     \
+  X(77, FIELD_MIDDLE_NAME_TRUNCATION, "middle name truncation flag (DDG)")                                   \
+  X(78, FIELD_BIRTH_DATE,                                                                                    \
+    "date of birth, eight digits, year, month, day, from the MRZ (DBB of 2D06 and 2D08)")                    \
+  X(79, FIELD_COMPLIANCE_TYPE, "compliance type (DDA)")                                                      \
+  X(80, FIELD_CARD_REVISION_DATE, "card revision date (DDB)")                                                \
+  X(81, FIELD_HAZMAT_EXPIRATION_DATE, "hazardous-material endorsement expiry (DDC)")                         \
+  X(82, FIELD_LIMITED_DURATION, "limited-duration document indicator (DDD)")                                 \
+  X(83, FIELD_UNDER_18_UNTIL, "under 18 until (DDH)")                                                        \
+  X(84, FIELD_UNDER_19_UNTIL, "under 19 until (DDI)")                                                        \
+  X(85, FIELD_UNDER_21_UNTIL, "under 21 until (DDJ)")                                                        \
+  X(87, FIELD_DOCUMENT_TYPE, "\"PASSPORT\" (TD3) or \"TD\" (TD1, TD2 and visa)")                             \
+  X(125, FIELD_COUNTRY_CODE,                                                                                 \
+    "issuing state or country code (MRZ issuing state; DCG of 2D04_HAWAII, 2D06, 2D08)")                     \
+  X(126, FIELD_VETERAN, "veteran indicator (DDL)")                                                           \
+  X(138, FIELD_NATIONALITY, "nationality (MRZ)")
+
+/** Slot numbers: FIELD_FULL_NAME and so on, from the list VARNEL_FIELDS. */
+enum {
+#define VARNEL_FIELD_CONSTANT(number, constant, meaning) constant = number,
+  VARNEL_FIELDS(VARNEL_FIELD_CONSTANT)
+#undef VARNEL_FIELD_CONSTANT
+      FIELD_COUNT = 139 /**< slots in a record, numbered 0 to 138 */
+};
+
+/** Families of parsers. Only PARSER_TYPE_MRZ exists here; the others keep the numbering fixed. */
+typedef enum _EPARSER_TYPE {
+  PARSER_TYPE_AamvaPDF417 = 0,
+  PARSER_TYPE_AamvaMagneticStripe = 1,
+  PARSER_TYPE_HealthCard = 2,
+  PARSER_TYPE_CAC = 3,
+  PARSER_TYPE_CountrySpecial = 4,
+  PARSER_TYPE_MRZ = 5,
+  PARSER_TYPE_MAX = 6 /**< none; what every record of this library holds */
+} EPARSER_TYPE;
+
+/** Concrete parsers. Only the four PARSER_MRZ_* exist here; the others keep the numbering fixed. */
+typedef enum _EPARSER {
+  PARSER_STRIPE01_1T = 0,
+  PARSER_STRIPE01_2T = 1,
+  PARSER_STRIPE01_3T = 2,
+  PARSER_STRIPE01_3TR = 3,
+  PARSER_STRIPE011_3T = 4,
+  PARSER_STRIPE0110_3T = 5,
+  PARSER_STRIPE012_3T = 6,
+  PARSER_STRIPE013_3T = 7,
+  PARSER_STRIPE014_3T = 8,
+  PARSER_STRIPE015_3T = 9,
+  PARSER_STRIPE016_1T = 10,
+  PARSER_STRIPE017_2T = 11,
+  PARSER_STRIPE018_3T = 12,
+  PARSER_STRIPE019_3T = 13,
+  PARSER_STRIPE020_1T = 14,
+  PARSER_STRIPE_AUSTRALIAN01_1T = 15,
+  PARSER_STRIPE_OH01_1T = 16,
+  PARSER_V01 = 17,
+  PARSER_V01_1 = 18,
+  PARSER_V01_2 = 19,
+  PARSER_V01_AAMVA36 = 20,
+  PARSER_V01_AAMVA36_1 = 21,
+  PARSER_V01_AAMVA36_NC = 22,
+  PARSER_V01_AAMVA630 = 23,
+  PARSER_V01_AAMVA10_AR = 24,
+  PARSER_V01_WORS = 25,
+  PARSER_V01_CAN = 26,
+  PARSER_V01_AB = 27,
+  PARSER_V02 = 28,
+  PARSER_V02_WOJC = 29,
+  PARSER_V03 = 30,
+  PARSER_V03_WORS = 31,
+  PARSER_V03_AB = 32,
+  PARSER_V03_1_AB = 33,
+  PARSER_V03_2_AB = 34,
+  PARSER_V03_SL = 35,
+  PARSER_V04_GENERIC = 36,
+  PARSER_V04_1 = 37,
+  PARSER_V05_GENERIC = 38,
+  PARSER_V05_SA = 39,
+  PARSER_V06 = 40,
+  PARSER_V08 = 41,
+  PARSER_V08_1 = 42,
+  PARSER_V08_2_ND = 43,
+  PARSER_V03_CAN = 44,
+  PARSER_V08_KBD = 45,
+  PARSER_HEALTH_V2009_2D = 46,
+  PARSER_HEALTH_V2009_3T = 47,
+  PARSER_CAC_1 = 48,
+  PARSER_CAC_N = 49,
+  PARSER_CAC_DEPENDANT = 50,
+  PARSER_CAC_SPONSOR = 51,
+  PARSER_CAC_CIVIL = 52,
+  PARSER_CS_GTM_1 = 53,
+  PARSER_CS_PRI_2D = 54,
+  PARSER_CS_PAN_2D = 55,
+  PARSER_CS_ZAF_2D = 56,
+  PARSER_CS_MATRICULA_1 = 57,
+  PARSER_CS_MATRICULA_2 = 58,
+  PARSER_CS_VI_2D_SEP = 59,
+  PARSER_CS_VI_2D_SEP2 = 60,
+  PARSER_MRZ_PASSPORT = 61,
+  PARSER_MRZ_TD1 = 62,
+  PARSER_MRZ_TD2 = 63,
+  PARSER_MRZ_VISA = 64,
+  PARSER_MAX = 65 /**< none; what every record of this library holds */
+} EPARSER;
+
+/** A view of text that belongs to somebody else. Empty when `len` < 1 or `str` is null. */
+typedef struct _STRING {
+  const char *str; /**< first character, not necessarily NUL-terminated; may be null */
+  int len;         /**< number of characters (bytes) */
+} STRING;
+
+/** One slot of a record; empty is {null, 0}. */
+typedef struct _FIELD {
+  STRING value; /**< the slot's text, inside the record's buffer */
+} FIELD;
+
+/**
+ * The result of a parse: 139 slots whose texts all lie in one buffer that the caller lends.
+ *
+ * The record owns nothing. It is made usable by result_init(), filled by the layout parsers and the
+ * field writers, and emptied by result_clear(). 0 <= data_size <= buffer_size always holds, and every
+ * filled slot points inside buffer[0 .. data_size). Text is only ever appended: rewriting a slot leaves
+ * its old text in the buffer as dead space. One thread at a time may use a record; any number of
+ * threads may use a record each.
+ */
+typedef struct _PARSE_RESULT {
+  EPARSER_TYPE parser_type;  /**< PARSER_TYPE_MAX: no parser sets it */
+  EPARSER parser;            /**< PARSER_MAX: no parser sets it */
+  FIELD fields[FIELD_COUNT]; /**< the slots, indexed by slot number */
+  char *buffer;              /**< the caller's buffer; slot texts lie in it */
+  int buffer_size;           /**< capacity of `buffer` in bytes */
+  int data_size;             /**< bytes of `buffer` used so far */
+} PARSE_RESULT;
+
+/** A date and time of day. The MRZ parsers carry the time of day without using it. */
+typedef struct _DATETIME {
+  int year;  /**< four-digit year */
+  int month; /**< 1 to 12 */
+  int day;   /**< 1 to 31 */
+  int hr;    /**< 0 to 23 */
+  int min;   /**< 0 to 59 */
+  int sec;   /**< 0 to 59 */
+} DATETIME;
+
+/** What a layout parser is told beside the text. */
+typedef struct _CONTEXT {
+  DATETIME date; /**< reference date; only its year is read, to place two-digit years in a century */
+} CONTEXT;
+
+/**
+ * A character test: gets one character sign-extended from a signed char (so bytes 0x80 to 0xFF arrive
+ * as -128 to -1) and returns non-zero for yes.
+ */
+typedef int (*_t_predicate_func)(int c);
+
+/**
+ * A caller's own writer for utils_write_field_w(): writes at most `o_len` characters to `out` and
+ * returns how many it wrote; 0 or less means nothing. `data` is passed through untouched.
+ */
+typedef int (*_t_writer_func)(void *data, char *out, int o_len);
+
+#endif

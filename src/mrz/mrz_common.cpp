@@ -1,0 +1,139 @@
+#include <Varnel/mrz/mrz_common.h>
+
+#include <Varnel/utils.h>
+
+#include "../ascii.hpp"
+#include "../utils/trim_checks.hpp"
+#include "../view.hpp"
+#include "filler.hpp"
+
+const int MRZ_WEIGHTS[3] = {7, 3, 1};
+
+namespace {
+
+constexpr int NO_VALUE = -1;
+
+// The value of a character in a check-digit sum.
+constexpr int check_value(int c) {
+  if (ascii::is_digit(c)) {
+    return c - '0';
+  }
+  if (ascii::is_upper(c)) {
+    return c - 'A' + 10;
+  }
+  return c == FILLER ? 0 : NO_VALUE;
+}
+
+// The text up to and without the first filler; `rest` is left behind that one filler. The rest of a
+// text without a filler is empty. Leading fillers are skipped.
+STRING take_word(STRING &rest) {
+  STRING word;
+  utils_strtok(&rest, &word, &rest, FILLER_SET, 1);
+  return word;
+}
+
+// Where the "<<" between primary and secondary identifier ends its first filler, or the view's length.
+int find_separator(const STRING &name) {
+  int i = 1;
+  while (i < name.len && !(name.str[i] == FILLER && name.str[i - 1] == FILLER)) {
+    ++i;
+  }
+  return i;
+}
+
+} // namespace
+
+int MRZ_common_pattern_valid_mrz(int c) { return ascii::is_upper(c) || ascii::is_digit(c) || c == FILLER; }
+
+int MRZ_common_pattern_valid_mrz_date(int c) { return ascii::is_digit(c); }
+
+int MRZ_common_pattern_valid_mrz_name(int c) { return ascii::is_upper(c) || c == FILLER; }
+
+int MRZ_common_pattern_valid_mrz_cc(int c) { return ascii::is_upper(c) || c == FILLER; }
+
+int MRZ_common_calc_control_sum(const char *str, int len, int *pos) {
+  if (str == nullptr) {
+    return -1;
+  }
+  // Unsigned, so that no length and no position can overflow.
+  unsigned position = pos != nullptr ? static_cast<unsigned>(*pos) : 0;
+  unsigned sum = 0;
+  for (int i = 0; i < len; ++i, ++position) {
+    const int value = check_value(char_value(str[i]));
+    if (value == NO_VALUE) {
+      return -1;
+    }
+    sum += static_cast<unsigned>(value * MRZ_WEIGHTS[position % 3]);
+  }
+  if (pos != nullptr) {
+    *pos = static_cast<int>(position);
+  }
+  return static_cast<int>(sum);
+}
+
+int MRZ_common_validate_control_sum(int sum, char c) {
+  const int digit = c == FILLER ? '0' : c;
+  return ascii::is_digit(digit) && sum % 10 == digit - '0';
+}
+
+int MRZ_common_extract_cc(const STRING *in, char out[4]) {
+  if (in == nullptr || in->str == nullptr || in->len < 3 || out == nullptr) {
+    return ERR_INVALID_ARGS;
+  }
+  if (first_refused(*in, MRZ_common_pattern_valid_mrz_cc) != 0) {
+    return ERR_INVALID_FORMAT;
+  }
+  // The first filler ends the code. out[3] is the caller's terminator.
+  bool ended = false;
+  for (int i = 0; i < 3; ++i) {
+    ended = ended || in->str[i] == FILLER;
+    out[i] = ended ? '\0' : in->str[i];
+  }
+  return ERR_OK;
+}
+
+int MRZ_common_extract_date(const STRING *in, DATETIME *date) {
+  if (in == nullptr || in->str == nullptr || in->len != 6 || date == nullptr) {
+    return ERR_INVALID_ARGS;
+  }
+  if (first_refused(*in, MRZ_common_pattern_valid_mrz_date) != 0) {
+    return ERR_INVALID_FORMAT;
+  }
+  const auto two_digits = [in](int at) { return (in->str[at] - '0') * 10 + (in->str[at + 1] - '0'); };
+  *date = DATETIME{1900 + two_digits(0), two_digits(2), two_digits(4), 0, 0, 0};
+  return ERR_OK;
+}
+
+int MRZ_common_extract_name(const STRING *s, STRING *full_name, STRING *last_name, STRING *first_name,
+                            STRING *middle_name) {
+  if (s == nullptr || s->str == nullptr || s->len < 0 || full_name == nullptr || last_name == nullptr ||
+      first_name == nullptr || middle_name == nullptr) {
+    return ERR_INVALID_ARGS;
+  }
+  STRING name = *s;
+  *full_name = *last_name = *first_name = *middle_name = STRING{nullptr, 0};
+  if (first_refused(name, MRZ_common_pattern_valid_mrz_name) != 0) {
+    return ERR_INVALID_FORMAT;
+  }
+  trim(name, is_filler);
+  if (is_empty(name)) {
+    return ERR_INVALID_FORMAT;
+  }
+  *full_name = name;
+
+  const int separator = find_separator(name);
+  STRING given_names;
+  if (separator < name.len) {
+    *last_name = STRING{name.str, separator};
+    trim(*last_name, is_filler);
+    given_names = STRING{name.str + separator, name.len - separator};
+    trim(given_names, is_filler);
+  } else {
+    // One run of words: the first is the primary identifier.
+    given_names = name;
+    *last_name = take_word(given_names);
+  }
+  *first_name = take_word(given_names);
+  *middle_name = given_names;
+  return ERR_OK;
+}

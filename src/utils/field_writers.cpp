@@ -1,0 +1,187 @@
+#include "field_writers.hpp"
+
+const char DIGITS[11] = "0123456789";
+
+namespace {
+
+// Adds the terminator that the strwrite family keeps a byte for; nothing at all for an empty copy.
+int terminated(char *out, int copied) {
+  if (copied < 1) {
+    return 0;
+  }
+  out[copied] = '\0';
+  return copied + 1;
+}
+
+// The room for text when one byte is kept for the terminator.
+int room_for_text(int o_len) { return o_len > 0 ? o_len - 1 : 0; }
+
+// Copies of one write into a slot: the text and its length are the same number of bytes.
+FIELD *fill_slot(PARSE_RESULT *result, int field, int copied) {
+  return fill_slot(result, field, copied, copied);
+}
+
+uint64_t magnitude(int64_t num) {
+  const uint64_t bits = static_cast<uint64_t>(num);
+  return num < 0 ? 0 - bits : bits;
+}
+
+int decimal_digits(uint64_t value) {
+  int digits = 1;
+  for (; value > 9; value /= 10) {
+    ++digits;
+  }
+  return digits;
+}
+
+} // namespace
+
+int utils_strcpy(char *out, int o_len, const STRING *src, const char *removed_chars,
+                 const char *duplicate_chars, char rep) {
+  const char_set removed(removed_chars);
+  const char_set duplicate(duplicate_chars);
+  return copy_filtered(
+      out, o_len, src, [&](char c) { return removed.contains(c); },
+      [&](char c) { return duplicate.contains(c); }, rep);
+}
+
+int utils_strcpy_f(char *out, int o_len, const STRING *src, _t_predicate_func removed,
+                   _t_predicate_func duplicate, char rep) {
+  const auto passes = [](_t_predicate_func f, char c) { return f != nullptr && f(char_value(c)) != 0; };
+  return copy_filtered(
+      out, o_len, src, [&](char c) { return passes(removed, c); },
+      [&](char c) { return passes(duplicate, c); }, rep);
+}
+
+int utils_strcpy_array(char *out, int o_len, const STRING *src, int count, char sep,
+                       const char *removed_chars, const char *duplicate_chars, char rep) {
+  if (out == nullptr || o_len < 1 || src == nullptr) {
+    return 0;
+  }
+  int written = 0;
+  for (int i = 0; i < count && written < o_len; ++i) {
+    if (is_empty(src[i])) {
+      continue;
+    }
+    if (written > 0) {
+      out[written++] = sep;
+    }
+    written += utils_strcpy(out + written, o_len - written, &src[i], removed_chars, duplicate_chars, rep);
+  }
+  return written;
+}
+
+int utils_strwrite(char *out, int o_len, const STRING *src, const char *removed_chars,
+                   const char *duplicate_chars, char rep) {
+  return terminated(out, utils_strcpy(out, room_for_text(o_len), src, removed_chars, duplicate_chars, rep));
+}
+
+int utils_strwrite_f(char *out, int o_len, const STRING *src, _t_predicate_func removed,
+                     _t_predicate_func duplicate, char rep) {
+  return terminated(out, utils_strcpy_f(out, room_for_text(o_len), src, removed, duplicate, rep));
+}
+
+int utils_strwrite_s(char *out, int o_len, const char *text) {
+  const STRING view = {text, text_length(text)};
+  return utils_strwrite(out, o_len, &view, nullptr, nullptr, '\0');
+}
+
+int utils_strwrite_array(char *out, int o_len, const STRING *src, int count, char sep,
+                         const char *removed_chars, const char *duplicate_chars, char rep) {
+  return terminated(out, utils_strcpy_array(out, room_for_text(o_len), src, count, sep, removed_chars,
+                                            duplicate_chars, rep));
+}
+
+FIELD *utils_write_field(PARSE_RESULT *pResult, int field, const STRING *src, const char *removed_chars,
+                         const char *duplicate_chars, char rep) {
+  if (!has_slot(pResult, field)) {
+    return nullptr;
+  }
+  return fill_slot(
+      pResult, field,
+      utils_strcpy(free_space(pResult), free_size(pResult), src, removed_chars, duplicate_chars, rep));
+}
+
+FIELD *utils_write_field_f(PARSE_RESULT *pResult, int field, const STRING *src, _t_predicate_func removed,
+                           _t_predicate_func duplicate, char rep) {
+  if (!has_slot(pResult, field)) {
+    return nullptr;
+  }
+  return fill_slot(pResult, field,
+                   utils_strcpy_f(free_space(pResult), free_size(pResult), src, removed, duplicate, rep));
+}
+
+FIELD *utils_write_field_s(PARSE_RESULT *pResult, int field, const char *text) {
+  if (text == nullptr) {
+    return nullptr;
+  }
+  const STRING view = {text, text_length(text)};
+  return utils_write_field(pResult, field, &view, nullptr, nullptr, '\0');
+}
+
+FIELD *utils_write_field_w(PARSE_RESULT *pResult, int field, void *data, _t_writer_func wf) {
+  if (!has_slot(pResult, field) || wf == nullptr) {
+    return nullptr;
+  }
+  const int room = free_size(pResult);
+  const int written = wf(data, free_space(pResult), room);
+  return fill_slot(pResult, field, written < room ? written : room);
+}
+
+FIELD *utils_write_field_array(PARSE_RESULT *pResult, int field, const STRING *src, int count, char sep,
+                               const char *removed_chars, const char *duplicate_chars, char rep) {
+  if (!has_slot(pResult, field)) {
+    return nullptr;
+  }
+  // The copy brings its own NUL, and filling the slot adds another: two terminators for each value.
+  const int used = utils_strwrite_array(free_space(pResult), free_size(pResult), src, count, sep,
+                                        removed_chars, duplicate_chars, rep);
+  return fill_slot(pResult, field, used - 1, used);
+}
+
+FIELD *utils_write_field_date(PARSE_RESULT *pResult, int field, const DATETIME *pDate) {
+  constexpr int length = 8;
+  if (!has_slot(pResult, field) || pDate == nullptr || free_size(pResult) < length) {
+    return nullptr;
+  }
+  char *out = free_space(pResult);
+  utils_itoa(pDate->year, out, 4, 1);
+  utils_itoa(pDate->month, out + 4, 2, 1);
+  utils_itoa(pDate->day, out + 6, 2, 1);
+  return fill_slot(pResult, field, length);
+}
+
+int utils_itoa(int64_t num, char *out, int o_len, int pad) {
+  if (out == nullptr || o_len < 1) {
+    return 0;
+  }
+  uint64_t rest = magnitude(num);
+  const int needed = decimal_digits(rest) + (num < 0 ? 1 : 0);
+  if (needed > o_len) {
+    return 0;
+  }
+  const int width = (pad & 1) != 0 ? o_len : needed;
+  for (int i = width; i-- > 0; rest /= 10) {
+    out[i] = DIGITS[rest % 10];
+  }
+  if (num < 0) {
+    out[0] = '-';
+  }
+  return width;
+}
+
+char utils_itoch(int n) { return n < 0 || n > 9 ? ' ' : DIGITS[n]; }
+
+void utils_strtrim_begin(STRING *s, int begin) {
+  if (s == nullptr || s->len == 0 || s->str == nullptr || begin <= 0) {
+    return;
+  }
+  if (s->len <= begin) {
+    // An emptied view stays on its last character, not past its end.
+    s->str += s->len - 1;
+    s->len = 0;
+    return;
+  }
+  s->str += begin;
+  s->len -= begin;
+}

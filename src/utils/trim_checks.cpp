@@ -1,0 +1,75 @@
+#include "trim_checks.hpp"
+
+#include <Varnel/utils.h>
+
+#include <string.h>
+
+namespace {
+
+auto in_set(const char_set &set) {
+  return [&set](char c) { return set.contains(c); };
+}
+
+auto in_class(_t_predicate_func f) {
+  return [f](char c) { return f(char_value(c)) != 0; };
+}
+
+} // namespace
+
+void utils_strtrim_start(STRING *source, const char *chars) {
+  if (source != nullptr) {
+    trim_start(*source, in_set(char_set(chars)));
+  }
+}
+
+void utils_strtrim_end(STRING *source, const char *chars) {
+  if (source != nullptr) {
+    trim_end(*source, in_set(char_set(chars)));
+  }
+}
+
+void utils_strtrim(STRING *source, const char *chars) {
+  utils_strtrim_start(source, chars);
+  utils_strtrim_end(source, chars);
+}
+
+void utils_strtrim_start_f(STRING *source, _t_predicate_func f) {
+  if (source != nullptr && f != nullptr) {
+    trim_start(*source, in_class(f));
+  }
+}
+
+void utils_strtrim_end_f(STRING *source, _t_predicate_func f) {
+  if (source != nullptr && f != nullptr) {
+    trim_end(*source, in_class(f));
+  }
+}
+
+void utils_strtrim_f(STRING *source, _t_predicate_func f) {
+  utils_strtrim_start_f(source, f);
+  utils_strtrim_end_f(source, f);
+}
+
+int utils_cstrtrim(char *str, int len, const char *chars) {
+  if (str == nullptr || len < 1 || chars == nullptr) {
+    return len;
+  }
+  STRING kept = {str, len};
+  utils_strtrim(&kept, chars);
+  memmove(str, kept.str, static_cast<size_t>(kept.len));
+  return kept.len;
+}
+
+int utils_strcheck_f(const STRING *source, _t_predicate_func f) {
+  if (source == nullptr || f == nullptr || source->str == nullptr) {
+    return -1;
+  }
+  return first_refused(*source, f);
+}
+
+int utils_cstrcheck_f(const char *str, _t_predicate_func f) {
+  if (str == nullptr || f == nullptr) {
+    return -1;
+  }
+  return first_refused(STRING{str, text_length(str)}, f);
+}

@@ -1,0 +1,40 @@
+// Small helpers over STRING views, shared by the modules of the core.
+#ifndef VARNEL_SRC_VIEW_HPP
+#define VARNEL_SRC_VIEW_HPP
+
+#include <Varnel/defines.h>
+
+#include <limits.h>
+#include <string.h>
+
+// A character as the predicates and comparisons see it: sign-extended, whatever the signedness of char.
+constexpr int char_value(char c) { return static_cast<signed char>(c); }
+
+constexpr bool is_empty(const STRING &view) { return view.len < 1 || view.str == nullptr; }
+
+// The length of a NUL-terminated text; null counts as empty, more than an int can tell as INT_MAX.
+inline int text_length(const char *text) {
+  const size_t length = text != nullptr ? strlen(text) : 0;
+  return length < INT_MAX ? static_cast<int>(length) : INT_MAX;
+}
+
+// A NUL-terminated list of characters used as a set.
+class char_set {
+public:
+  explicit char_set(const char *chars) : chars_(chars), size_(text_length(chars)) {}
+
+  bool contains(char c) const {
+    for (int i = 0; i < size_; ++i) {
+      if (chars_[i] == c) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+private:
+  const char *chars_;
+  int size_;
+};
+
+#endif
