@@ -1,0 +1,2 @@
+// Small helpers the unit tests share.
+#pragma once
