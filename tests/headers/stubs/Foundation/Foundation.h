@@ -17,7 +17,7 @@ __attribute__((objc_root_class))
 @end
 
 #ifdef __clang__
-@interface NSDictionary <KeyType, ObjectType> : NSObject
+@interface NSDictionary<KeyType, ObjectType> : NSObject
 #else
 @interface NSDictionary : NSObject
 #endif
