@@ -17,6 +17,35 @@
 #include <Varnel/pdf417/barcode_mapping.h>
 #include <Varnel/utils.h>
 
+/**
+ * @defgroup varnel_document Reading a document
+ * @brief The whole way in: text to record, record to twelve values. And the version.
+ *
+ * @code{.c}
+ * PARSE_RESULT result;
+ * char buffer[VARNEL_BUFFER_SIZE];
+ * VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
+ *
+ * int length = varnel_utf16_length(text, strlen(text));
+ * if (varnel_parse_mrz(text, length, &result, buffer, sizeof buffer) == ERR_OK) {
+ *   varnel_export(&result, pairs);
+ *   // pairs[0].key is "firstName", pairs[0].value its text
+ * }
+ * @endcode
+ */
+
+/**
+ * @defgroup varnel_record The result record
+ * @brief Lending a buffer to a record, emptying it, asking its slots.
+ *
+ * A record and its buffer belong to the caller, are used by one thread at a time, and need no teardown.
+ */
+
+/**
+ * @addtogroup varnel_document
+ * @{
+ */
+
 /** The release of this copy of Varnel. Every package takes its version from this line. */
 #define VARNEL_VERSION "1.0.0"
 
@@ -24,7 +53,6 @@
 #if defined(__OBJC__) && defined(__clang__)
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wnullability-completeness"
-#pragma clang diagnostic ignored "-Wnullability-extension"
 #endif
 
 VARNEL_BEGIN_DECLS
@@ -35,13 +63,50 @@ extern VARNEL_API const double VarnelVersionNumber;
 /** The version as the `what` command reads it: "@(#)PROGRAM:Varnel  PROJECT:Varnel-1\n". */
 extern VARNEL_API const unsigned char VarnelVersionString[];
 
+/** @} */
+
 /* ---- the record's lifecycle --------------------------------------------------------------------- */
 
+/**
+ * @addtogroup varnel_record
+ * @{
+ */
+
+/**
+ * Lends a buffer to a record and clears both, as result_clear() does. The record may hold anything before.
+ *
+ * @param pResult     the record; null is a bad argument.
+ * @param buffer      where the texts of the slots will lie; null is a bad argument. It stays the caller's,
+ *                    and has to live as long as the record's slots are read.
+ * @param buffer_size capacity of `buffer` in bytes; below 1 is a bad argument. VARNEL_BUFFER_SIZE is enough
+ *                    for every document.
+ * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing changed.
+ *
+ * Thread-safe on separate records.
+ */
 VARNEL_API int result_init(PARSE_RESULT *pResult, char *buffer, int buffer_size);
+
+/**
+ * Empties a record for reuse: all slots, the parser's identifiers and every byte of the buffer, which is
+ * filled with NUL. Views into the buffer lose their text. May be called any number of times.
+ *
+ * @param pResult the record, set up by result_init(); null, or a record without a buffer, is a bad argument.
+ * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing changed.
+ *
+ * Thread-safe on separate records.
+ */
 VARNEL_API int result_clear(PARSE_RESULT *pResult);
+
+/** @} */
 
 /* ---- portable entry and export ------------------------------------------------------------------ */
 
+/**
+ * @addtogroup varnel_document
+ * @{
+ */
+
+/** Sizes of the portable entry and export. */
 enum {
   VARNEL_BUFFER_SIZE = 1024,  /**< a buffer of this size holds every value of every document */
   VARNEL_EXAMINED_MAX = 1023, /**< no more than this many UTF-16 units of a text are examined */
@@ -54,11 +119,88 @@ typedef struct _VARNEL_PAIR {
   STRING value;    /**< never null; length 0 where the document has no such value */
 } VARNEL_PAIR;
 
+/**
+ * Counts the UTF-16 units of a UTF-8 text: the length that varnel_parse_mrz() wants.
+ *
+ * A character beyond the basic plane counts 2, any other 1; a byte that cannot be decoded counts 1.
+ *
+ * @param text the text, NUL bytes included; null counts 0.
+ * @param size its length in bytes; 0 counts 0.
+ * @return the count, at most VARNEL_EXAMINED_MAX: no more of a text is ever examined.
+ *
+ * Thread-safe.
+ */
 VARNEL_API int varnel_utf16_length(const char *text, size_t size);
+
+/**
+ * Reads the text of a machine-readable zone (ICAO Doc 9303: TD1, TD2, TD3, MRV-A, MRV-B) into a record.
+ *
+ * The text is normalised by normalize_mrz() and offered to MRZ_td1_parse(), MRZ_td2_parse(),
+ * MRZ_passport_parse() and MRZ_visa_parse(), in that order; the first that accepts it wins. To know:
+ *
+ * - **The length is counted in UTF-16 units**, as Foundation counts a string's, while the text is UTF-8:
+ *   only as many bytes are examined as the text has units. In text of more than ASCII, the end of the
+ *   text goes unread by as many bytes as the two counts differ.
+ * - **The reference date is fixed** at 15 February 2018 and is not today: years of birth 00 to 17 are 2000 to
+ *   2017, 18 to 99 are 1918 to 1999, in every year to come.
+ * - **Slots are left over between attempts**: what a parser wrote before it refused the zone stays and is
+ *   exported with the values of the one that accepted it.
+ * - **No check digit is compared.**
+ *
+ * @param text        the text, UTF-8 of at least `length` bytes, or of VARNEL_EXAMINED_MAX bytes if `length`
+ *                    is more; line breaks, blanks and noise are welcome. Null is a bad argument.
+ * @param length      its length in UTF-16 units, as varnel_utf16_length() counts; 0 or less is a bad
+ *                    argument.
+ * @param[out] result the record, set up anew here; null is a bad argument.
+ * @param buffer      the buffer to lend to the record; stays the caller's and has to live as long as the
+ *                    record is read. Null is a bad argument.
+ * @param buffer_size its capacity in bytes; below 1 is a bad argument. With VARNEL_BUFFER_SIZE no value is
+ *                    ever cut.
+ * @return ERR_OK; ERR_INVALID_FORMAT when no layout accepts the text, and then the record may hold values
+ *         that refusing parsers wrote; ERR_INVALID_ARGS for a bad argument, and then the record is empty, or
+ *         unchanged when `result`, `buffer` or `buffer_size` is at fault.
+ *
+ * Allocates nothing; uses about a kilobyte of stack. Thread-safe on separate records.
+ */
 VARNEL_API int varnel_parse_mrz(const char *text, int length, PARSE_RESULT *result, char *buffer,
                                 int buffer_size);
+
+/**
+ * The text of a slot as it is exported: from the slot's first character to the first NUL.
+ *
+ * The slot's length is not consulted, the end of the record's buffer is: a value that the buffer's end left
+ * without a terminator is read up to there, together with what follows it. Text that a caller put into a
+ * slot from outside the buffer must be NUL-terminated.
+ *
+ * @param result the record, set up by result_init(); null has no texts.
+ * @param field  slot number, 0 to 138; any other slot is empty.
+ * @return a view into the record's buffer, valid until that is cleared or freed; for an empty slot {"", 0},
+ *         never null.
+ *
+ * Threads may read one record together as long as none writes to it.
+ */
 VARNEL_API STRING varnel_value(const PARSE_RESULT *result, int field);
+
+/**
+ * Hands out a record as twelve values under fixed keys, in this order: firstName, lastName, middleName,
+ * licenseNumber, birthDate, expirationDate, gender, countryCode, jurisdictionCode, nationality, documentType,
+ * issueDate.
+ *
+ * Values are as varnel_value() gives them, passed through as stored. The jurisdiction code is the first of
+ * the slots 34, 4, 71, 72 and 70 that is not empty, descriptions of endorsements, restrictions and vehicle
+ * class after the two codes. A machine-readable zone has neither issue date nor jurisdiction code: both are
+ * empty.
+ *
+ * @param result     the record, set up by result_init(); null is a bad argument.
+ * @param[out] pairs the twelve pairs, room for VARNEL_VALUE_COUNT; null is a bad argument. Keys are constants
+ *                   of the library; values are views into the record's buffer, valid as long as that.
+ * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing was written.
+ *
+ * Threads may read one record together as long as none writes to it.
+ */
 VARNEL_API int varnel_export(const PARSE_RESULT *result, VARNEL_PAIR pairs[VARNEL_VALUE_COUNT]);
+
+/** @} */
 
 VARNEL_END_DECLS
 
@@ -66,6 +208,10 @@ VARNEL_END_DECLS
 
 #ifdef __OBJC__
 #import <Foundation/Foundation.h>
+
+/* To the pedantic, nullability is an extension, and so is a class without instance variables. */
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wpedantic"
 
 /* Nullability, generics and Swift names, for the compilers that know them. */
 #ifdef __clang__
@@ -138,6 +284,7 @@ VARNEL_CLASS
 
 @end
 
+#pragma GCC diagnostic pop
 #ifdef __clang__
 #pragma clang diagnostic pop
 #endif
