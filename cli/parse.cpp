@@ -1,0 +1,183 @@
+// varnel parse: documents in, twelve values out.
+#include "commands.hpp"
+#include "document_writer.hpp"
+#include "progress.hpp"
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace varnel::cli {
+
+namespace {
+
+constexpr int ZONE_LENGTHS[] = {72, 88, 90};
+
+// A file of the command line, or standard input for "-". Closed when it goes, standard input excepted.
+class input {
+public:
+  explicit input(const std::string &operand)
+      : name_(operand == "-" ? "standard input" : operand), own_(operand != "-"),
+        descriptor_(own_ ? open(operand.c_str(), O_RDONLY | O_CLOEXEC) : STDIN_FILENO),
+        error_(descriptor_ < 0 ? errno : 0) {}
+  ~input() {
+    if (own_ && descriptor_ >= 0) {
+      close(descriptor_);
+    }
+  }
+  input(const input &) = delete;
+  input &operator=(const input &) = delete;
+
+  const std::string &name() const { return name_; }
+  int error() const { return error_; }
+  bool is_terminal() const { return isatty(descriptor_) == 1; }
+
+  std::ptrdiff_t read_to(char *into, std::size_t room) {
+    if (error_ != 0) {
+      return -1;
+    }
+    ssize_t count;
+    do {
+      count = read(descriptor_, into, room);
+    } while (count < 0 && errno == EINTR);
+    error_ = count < 0 ? errno : 0;
+    return count;
+  }
+
+private:
+  std::string name_;
+  bool own_;
+  int descriptor_;
+  int error_;
+};
+
+// Bytes of all files together; 0 when one of them is no regular file.
+std::uint64_t total_size(const std::vector<std::string> &operands) {
+  std::uint64_t total = 0;
+  for (const std::string &operand : operands) {
+    struct stat status;
+    const int result = operand == "-" ? fstat(STDIN_FILENO, &status) : stat(operand.c_str(), &status);
+    if (result != 0 || !S_ISREG(status.st_mode)) {
+      return 0;
+    }
+    total += static_cast<std::uint64_t>(status.st_size);
+  }
+  return total;
+}
+
+// Why a text was refused, in a sentence that holds nothing of the text but its length.
+std::string refusal(std::string_view text) {
+  char zone[VARNEL_EXAMINED_MAX + 1];
+  int length = 0;
+  normalize_mrz(text.data(), varnel_utf16_length(text.data(), text.size()), zone, sizeof zone, &length);
+  std::string sentence = "not a machine-readable zone: " + std::to_string(length) +
+                         (length == 1 ? " character" : " characters") + " after clean-up, ";
+  for (const int zone_length : ZONE_LENGTHS) {
+    if (length == zone_length) {
+      return sentence + "a length that fits, but the document code or another field is none that is known";
+    }
+  }
+  sentence += "expected 72 (TD2 card, short visa), 88 (passport, long visa) or 90 (TD1 card)";
+  if (length > ZONE_LENGTHS[2]) {
+    sentence += "; many documents in one file are read with --each line or --each block";
+  }
+  return sentence;
+}
+
+class parse_run {
+public:
+  parse_run(const options &asked, output &out)
+      : operands_(asked.operands.empty() ? std::vector<std::string>{"-"} : asked.operands),
+        batch_(asked.each != split::whole), split_(asked.each), out_(out), reader_(asked.each),
+        writer_(out, asked.how.value_or(isatty(STDOUT_FILENO) == 1 ? format::table : format::json),
+                asked.slots, wants_colour(STDOUT_FILENO)),
+        progress_(batch_ ? total_size(operands_) : 0) {}
+
+  int run() {
+    writer_.begin();
+    for (const std::string &operand : operands_) {
+      input from(operand);
+      read_all_of(from);
+    }
+    if (batch_ && out_.error() == 0) {
+      progress_.erase();
+      out_.flush();
+      progress_.summarise(counts_);
+    }
+    return trouble_ ? EXIT_TROUBLE : counts_.refused > 0 ? EXIT_SOME_REFUSED : EXIT_ALL_READ;
+  }
+
+private:
+  void read_all_of(input &from) {
+    // What is known is shown before more is waited for.
+    reader_.open([&](char *into, std::size_t room) {
+      progress_.erase();
+      out_.flush();
+      if (batch_ && !from.is_terminal()) {
+        progress_.draw(counts_);
+      }
+      const std::ptrdiff_t count = from.read_to(into, room);
+      progress_.advance(count > 0 ? static_cast<std::uint64_t>(count) : 0);
+      return count;
+    });
+    document_text document;
+    while (out_.error() == 0 && reader_.next(document)) {
+      read(document, from.name());
+    }
+    if (from.error() != 0) {
+      tell(from.name() + ": " + std::strerror(from.error()));
+      trouble_ = true;
+    }
+  }
+
+  void read(const document_text &document, const std::string &file) {
+    const std::uint64_t number = ++counts_.documents;
+    const std::string title = batch_                 ? "document " + std::to_string(number)
+                              : operands_.size() > 1 ? file
+                                                     : "";
+    const int length = varnel_utf16_length(document.text.data(), document.text.size());
+    if (varnel_parse_mrz(document.text.data(), length, &result_, buffer_, sizeof buffer_) == ERR_OK) {
+      writer_.accepted(number, result_, title);
+      return;
+    }
+    ++counts_.refused;
+    writer_.refused(number, title);
+    if (document.over_long) {
+      tell(file + ": " + (split_ == split::line ? "line " : "block at line ") +
+           std::to_string(document.line) + ": longer than 1 MiB, refused");
+    } else if (!batch_) {
+      out_.flush();
+      tell(file + ": " + refusal(document.text));
+    }
+  }
+
+  void tell(const std::string &message) {
+    progress_.erase();
+    complain(message);
+  }
+
+  std::vector<std::string> operands_;
+  bool batch_;
+  split split_;
+  output &out_;
+  document_reader reader_;
+  document_writer writer_;
+  progress progress_;
+  tally counts_;
+  bool trouble_ = false;
+  PARSE_RESULT result_;
+  char buffer_[VARNEL_BUFFER_SIZE];
+};
+
+} // namespace
+
+int run_parse(const options &asked, output &out) {
+  const auto run = std::make_unique<parse_run>(asked, out);
+  return run->run();
+}
+
+} // namespace varnel::cli

@@ -1,0 +1,62 @@
+#include "progress.hpp"
+
+#include "output.hpp"
+
+#include <algorithm>
+
+#include <unistd.h>
+
+namespace varnel::cli {
+
+namespace {
+
+constexpr std::chrono::milliseconds PAUSE{100};
+constexpr std::uint64_t BAR_WIDTH = 24;
+
+void show(std::string_view text) { write_all(STDERR_FILENO, text); }
+
+std::string sentence(const tally &counts) {
+  return "varnel: " + std::to_string(counts.documents) +
+         (counts.documents == 1 ? " document, " : " documents, ") + std::to_string(counts.refused) +
+         " refused";
+}
+
+} // namespace
+
+progress::progress(std::uint64_t total)
+    : shown_(isatty(STDERR_FILENO) == 1), total_(total), next_(std::chrono::steady_clock::now()) {}
+
+void progress::draw(const tally &counts) {
+  if (!shown_ || std::chrono::steady_clock::now() < next_) {
+    return;
+  }
+  show("\r" + sentence(counts) + bar() + "\033[K");
+  drawn_ = true;
+  next_ = std::chrono::steady_clock::now() + PAUSE;
+}
+
+std::string progress::bar() const {
+  if (total_ == 0) {
+    return "";
+  }
+  const std::uint64_t done = std::min(done_, total_); // a file may grow while it is read
+  const std::size_t filled = static_cast<std::size_t>(done * BAR_WIDTH / total_);
+  return "  [" + std::string(filled, '#') + std::string(BAR_WIDTH - filled, '.') + "] " +
+         std::to_string(done * 100 / total_) + "%";
+}
+
+void progress::erase() {
+  if (drawn_) {
+    show("\r\033[K");
+    drawn_ = false;
+  }
+}
+
+void progress::summarise(const tally &counts) {
+  if (shown_) {
+    erase();
+    show(sentence(counts) + "\n");
+  }
+}
+
+} // namespace varnel::cli
