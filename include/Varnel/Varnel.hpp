@@ -15,6 +15,7 @@
 #include <string_view>
 #include <utility>
 
+/** The C++ face of Varnel. */
 namespace varnel {
 
 /** One exported value under its key; unpacks into `auto [key, value]`. */
@@ -28,26 +29,33 @@ using entry = std::pair<std::string_view, std::string_view>;
  */
 class document {
 public:
+  /** Walks the twelve values in export order. Valid as long as its document stays where it is. */
   class iterator {
   public:
-    using iterator_category = std::input_iterator_tag;
-    using value_type = entry;
-    using difference_type = std::ptrdiff_t;
-    using pointer = const entry *;
-    using reference = entry;
+    using iterator_category = std::input_iterator_tag; /**< values come by value: no more than input */
+    using value_type = entry;                          /**< a value with its key */
+    using difference_type = std::ptrdiff_t;            /**< of positions */
+    using pointer = const entry *;                     /**< not used: there is no operator-> */
+    using reference = entry;                           /**< a value with its key, not a reference */
 
+    /** @param owner the document to walk; not null. @param index the position, 0 to 12. */
     iterator(const document *owner, std::size_t index) : owner_(owner), index_(index) {}
+    /** @return the value here with its key; there is none at the end. */
     entry operator*() const { return (*owner_)[index_]; }
+    /** Moves on. @return this iterator */
     iterator &operator++() {
       ++index_;
       return *this;
     }
+    /** Moves on. @return where it was before */
     iterator operator++(int) {
       iterator before = *this;
       ++*this;
       return before;
     }
+    /** @param other an iterator of the same document. @return whether both stand at one position. */
     bool operator==(const iterator &other) const { return index_ == other.index_; }
+    /** @param other an iterator of the same document. @return whether they stand apart. */
     bool operator!=(const iterator &other) const { return index_ != other.index_; }
 
   private:
@@ -55,15 +63,25 @@ public:
     std::size_t index_;
   };
 
-  /** The number of values: always twelve, those that the document does not carry being empty. */
+  /** @return the number of values: always twelve, those that the document does not carry being empty. */
   static constexpr std::size_t size() { return VARNEL_VALUE_COUNT; }
 
-  /** The value at a position, 0 to 11, with its key. */
+  /**
+   * The value at a position, with its key.
+   *
+   * @param index the position in export order, 0 to 11; not checked.
+   * @return key and value; the value views this document's text.
+   */
   entry operator[](std::size_t index) const {
     return {keys_[index], std::string_view(text_.data() + values_[index].at, values_[index].length)};
   }
 
-  /** The value of a key such as "firstName"; nothing for a key that is not one of the twelve. */
+  /**
+   * The value of a key.
+   *
+   * @param key one of the twelve, such as "firstName".
+   * @return the value, empty where the document has none; nothing for a key that is not one of the twelve.
+   */
   std::optional<std::string_view> get(std::string_view key) const {
     for (const auto [known, value] : *this) {
       if (known == key) {
@@ -73,7 +91,9 @@ public:
     return std::nullopt;
   }
 
+  /** @return where the first value stands. */
   iterator begin() const { return {this, 0}; }
+  /** @return behind the last value. */
   iterator end() const { return {this, size()}; }
 
   friend std::optional<document> parse_mrz(std::string_view text);

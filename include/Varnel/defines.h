@@ -11,6 +11,14 @@
 #include <stddef.h>
 #include <stdint.h>
 
+/**
+ * @defgroup varnel_types Types, slots and return codes
+ * @brief What all modules share: plain records and integers, no ownership, no state.
+ *
+ * The layout of every record is part of the binary interface and stays as it is within a major version.
+ * @{
+ */
+
 /** Marks a symbol that the library exports; every other symbol stays hidden. */
 #if defined(__GNUC__) || defined(__clang__)
 #define VARNEL_API __attribute__((visibility("default")))
@@ -19,7 +27,9 @@
 #endif
 
 #ifdef __cplusplus
+/** Opens declarations with C linkage. */
 #define VARNEL_BEGIN_DECLS extern "C" {
+/** Closes declarations with C linkage. */
 #define VARNEL_END_DECLS }
 #else
 #define VARNEL_BEGIN_DECLS
@@ -283,5 +293,7 @@ typedef int (*_t_predicate_func)(int c);
  * returns how many it wrote; 0 or less means nothing. `data` is passed through untouched.
  */
 typedef int (*_t_writer_func)(void *data, char *out, int o_len);
+
+/** @} */
 
 #endif

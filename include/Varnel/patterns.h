@@ -188,8 +188,8 @@ VARNEL_API int pattern_not_valid_symbols(int c);
 VARNEL_API int patter_trim_space(int c);
 
 /**
- * What to trim off an address: everything but letters, digits and `.`; NUL and bytes above 0x7F are
- * trimmed. The name has no `n` at the end of `patter`.
+ * What to trim off an address: everything but letters, digits and the full stop; NUL and bytes above
+ * 0x7F are trimmed. The name has no `n` at the end of `patter`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
  * @return 1 when it is in the class, else 0. Thread-safe.
