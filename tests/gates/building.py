@@ -1,0 +1,145 @@
+"""What the gates share: where things are, and quick builds of chosen sources with chosen flags."""
+
+import argparse
+import concurrent.futures
+import hashlib
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+JOBS = 2
+LANGUAGE = ["-std=c++17", "-fno-exceptions", "-fno-rtti"]
+INCLUDES = [f"-I{ROOT / 'include'}"]
+TEST_INCLUDES = INCLUDES + [f"-I{ROOT / 'tests' / folder}" for folder in ("unit", "reference")]
+TEST_DEFINES = [f'-DVARNEL_VECTORS_DIR="{ROOT / "tests" / "vectors"}"']
+
+
+def fail(text):
+    """Ends the gate with the reason it is shut for."""
+    sys.stdout.flush()
+    sys.exit(f"GATE: {text}")
+
+
+def arguments(description, *more):
+    parser = argparse.ArgumentParser(description=description)
+    parser.add_argument("--work", type=pathlib.Path, required=True, help="the gates' build folder")
+    for names, options in more:
+        parser.add_argument(*names, **options)
+    return parser.parse_args()
+
+
+def tool(*names):
+    """The first of the programs that is installed."""
+    for name in names:
+        if shutil.which(name):
+            return name
+    fail(f"{' or '.join(names)} is not installed")
+
+
+def run(command, **options):
+    """Runs a command that has to succeed; returns what it printed."""
+    done = subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          text=True, errors="replace", **options)
+    if done.returncode != 0:
+        print(done.stdout)
+        fail(f"`{' '.join(str(part) for part in command)}` ended with {done.returncode}")
+    return done.stdout
+
+
+def lines_of(path):
+    """The entries of a manifest: one per line, comments and blank lines left out. Never empty."""
+    entries = [line.strip() for line in path.read_text().splitlines()]
+    entries = [line for line in entries if line and not line.startswith("#")]
+    if not entries:
+        fail(f"{path.relative_to(ROOT)} lists nothing")
+    return entries
+
+
+def compare(expected, found, manifest, what):
+    """Fails unless two sets of names are equal, naming each that is missing or new."""
+    missing, new = sorted(set(expected) - set(found)), sorted(set(found) - set(expected))
+    for name in missing:
+        print(f"  missing: {name}")
+    for name in new:
+        print(f"  new:     {name}")
+    if missing or new:
+        fail(f"{what} differ from {manifest}: {len(missing)} missing, {len(new)} new")
+
+
+def core_sources():
+    return sorted((ROOT / "src").rglob("*.cpp"))
+
+
+def unit_test_sources():
+    sources = sorted((ROOT / "tests" / "unit").glob("*_test.cpp"))
+    if not sources:
+        fail("there are no unit tests in tests/unit")
+    return sources
+
+
+def reference_sources():
+    return sorted((ROOT / "tests" / "reference").glob("*.cpp"))
+
+
+def _is_current(result, depfile, stamp, command):
+    if not (result.exists() and depfile.exists() and stamp.exists() and stamp.read_text() == command):
+        return False
+    made = result.stat().st_mtime_ns
+    needed = re.sub(r"\\\n", " ", depfile.read_text()).split(":", 1)[1].split()
+    return all(os.path.exists(path) and os.stat(path).st_mtime_ns <= made for path in needed)
+
+
+def compile_one(source, folder, command):
+    """Compiles one source unless its object is newer than all that it was made of."""
+    name = hashlib.sha1(str(source).encode()).hexdigest()[:8]
+    folder.mkdir(parents=True, exist_ok=True)
+    result = folder / f"{source.stem}-{name}.o"
+    depfile, stamp = result.with_suffix(".d"), result.with_suffix(".cmd")
+    full = [str(part) for part in command] + ["-MMD", "-MF", str(depfile), "-c", str(source), "-o", str(result)]
+    if not _is_current(result, depfile, stamp, " ".join(full)):
+        result.unlink(missing_ok=True)
+        run(full)
+        stamp.write_text(" ".join(full))
+    return result
+
+
+def compile_all(sources, folder, command):
+    with concurrent.futures.ThreadPoolExecutor(JOBS) as pool:
+        return list(pool.map(lambda source: compile_one(source, folder, command), sources))
+
+
+def release(work):
+    """The folder of the release build that the gate `gate.build` makes."""
+    folder = work / "shared"
+    if not (folder / "src" / "libvarnel.so").exists():
+        fail("the release build is missing: the test gate.build makes it")
+    return folder
+
+
+def shared_library(work):
+    return release(work) / "src" / "libvarnel.so"
+
+
+def static_library(work):
+    return work / "static" / "src" / "libvarnel.a"
+
+
+def core_objects(work):
+    """The objects of the core as the release build of the shared library has them."""
+    objects = sorted((release(work) / "src").rglob("*.o"))
+    if len(objects) < len(core_sources()):
+        fail(f"{len(objects)} objects for {len(core_sources())} sources of the core")
+    return objects
+
+
+def symbols(path, *options):
+    """(name, type letter) of each symbol that nm lists; versions are cut off."""
+    listing = run(["nm", *options, path])
+    found = re.findall(r"^[0-9a-fA-F]*\s+([A-Za-z])\s+([^\s@]+)(?:@\S+)?$", listing, re.MULTILINE)
+    if not found:
+        fail(f"nm lists no symbol of {path.name}")
+    return [(name, kind) for kind, name in found]
