@@ -43,7 +43,7 @@ enable_language(OBJC)
 
 # ---- Foundation -------------------------------------------------------------------------------------
 
-set(foundation_options -std=gnu99) # gcc's Objective-C is C90 unless told
+set(foundation_options "")
 set(foundation_libraries "")
 if(APPLE)
   set(foundation_libraries "-framework Foundation")
@@ -72,6 +72,7 @@ else()
     endif()
   endif()
 endif()
+list(APPEND foundation_options -std=gnu99) # gcc's Objective-C is C90 unless told
 if(CMAKE_OBJC_COMPILER_ID MATCHES "Clang")
   list(APPEND foundation_options -fno-objc-arc)
 endif()
