@@ -4,11 +4,15 @@
 
 #include <stddef.h>
 
+#include "character_set.hpp"
+
 namespace utf8 {
 
 constexpr bool in_range(char c, int low, int high) {
   return static_cast<unsigned char>(c) >= low && static_cast<unsigned char>(c) <= high;
 }
+
+using ascii_characters = character_set<range<0, 0x7F>>;
 
 constexpr bool is_tail(char c) { return in_range(c, 0x80, 0xBF); }
 

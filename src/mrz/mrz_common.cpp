@@ -3,9 +3,9 @@
 #include <Varnel/utils.h>
 
 #include "../ascii.hpp"
-#include "../utils/trim_checks.hpp"
 #include "../view.hpp"
-#include "filler.hpp"
+#include "character_sets.hpp"
+#include "fillers.hpp"
 
 const int MRZ_WEIGHTS[3] = {7, 3, 1};
 
@@ -24,16 +24,20 @@ constexpr int check_value(int c) {
   return c == FILLER ? 0 : NO_VALUE;
 }
 
-// The text up to and without the first filler; `rest` is left behind that one filler. The rest of a
-// text without a filler is empty. Leading fillers are skipped.
+// Takes the text up to the first filler, and that one filler, off the start of `rest`, which does not
+// begin with a filler. The rest of a text without a filler is empty.
 STRING take_word(STRING &rest) {
-  STRING word;
-  utils_strtok(&rest, &word, &rest, FILLER_SET, 1);
+  STRING word = {rest.str, 0};
+  while (word.len < rest.len && !is_filler(word.str[word.len])) {
+    ++word.len;
+  }
+  const int taken = word.len < rest.len ? word.len + 1 : word.len;
+  rest = STRING{rest.str + taken, rest.len - taken};
   return word;
 }
 
 // Where the "<<" between primary and secondary identifier ends its first filler, or the view's length.
-int find_separator(const STRING &name) {
+int find_separator(STRING name) {
   int i = 1;
   while (i < name.len && !(name.str[i] == FILLER && name.str[i - 1] == FILLER)) {
     ++i;
@@ -43,13 +47,13 @@ int find_separator(const STRING &name) {
 
 } // namespace
 
-int MRZ_common_pattern_valid_mrz(int c) { return ascii::is_upper(c) || ascii::is_digit(c) || c == FILLER; }
+int MRZ_common_pattern_valid_mrz(int c) { return mrz_characters::contains(c); }
 
-int MRZ_common_pattern_valid_mrz_date(int c) { return ascii::is_digit(c); }
+int MRZ_common_pattern_valid_mrz_date(int c) { return mrz_date_characters::contains(c); }
 
-int MRZ_common_pattern_valid_mrz_name(int c) { return ascii::is_upper(c) || c == FILLER; }
+int MRZ_common_pattern_valid_mrz_name(int c) { return mrz_name_characters::contains(c); }
 
-int MRZ_common_pattern_valid_mrz_cc(int c) { return ascii::is_upper(c) || c == FILLER; }
+int MRZ_common_pattern_valid_mrz_cc(int c) { return mrz_code_characters::contains(c); }
 
 int MRZ_common_calc_control_sum(const char *str, int len, int *pos) {
   if (str == nullptr) {
@@ -80,14 +84,12 @@ int MRZ_common_extract_cc(const STRING *in, char out[4]) {
   if (in == nullptr || in->str == nullptr || in->len < 3 || out == nullptr) {
     return ERR_INVALID_ARGS;
   }
-  if (first_refused(*in, MRZ_common_pattern_valid_mrz_cc) != 0) {
+  if (!mrz_code_characters::covers(*in)) {
     return ERR_INVALID_FORMAT;
   }
-  // The first filler ends the code. out[3] is the caller's terminator.
-  bool ended = false;
-  for (int i = 0; i < 3; ++i) {
-    ended = ended || in->str[i] == FILLER;
-    out[i] = ended ? '\0' : in->str[i];
+  const STRING letters = code_letters(*in);
+  for (int i = 0; i < 3; ++i) { // out[3] is the caller's terminator
+    out[i] = i < letters.len ? letters.str[i] : '\0';
   }
   return ERR_OK;
 }
@@ -96,7 +98,7 @@ int MRZ_common_extract_date(const STRING *in, DATETIME *date) {
   if (in == nullptr || in->str == nullptr || in->len != 6 || date == nullptr) {
     return ERR_INVALID_ARGS;
   }
-  if (first_refused(*in, MRZ_common_pattern_valid_mrz_date) != 0) {
+  if (!mrz_date_characters::covers(*in)) {
     return ERR_INVALID_FORMAT;
   }
   const auto two_digits = [in](int at) { return (in->str[at] - '0') * 10 + (in->str[at + 1] - '0'); };
@@ -112,10 +114,10 @@ int MRZ_common_extract_name(const STRING *s, STRING *full_name, STRING *last_nam
   }
   STRING name = *s;
   *full_name = *last_name = *first_name = *middle_name = STRING{nullptr, 0};
-  if (first_refused(name, MRZ_common_pattern_valid_mrz_name) != 0) {
+  if (!mrz_name_characters::covers(name)) {
     return ERR_INVALID_FORMAT;
   }
-  trim(name, is_filler);
+  name = without_outer_fillers(name);
   if (is_empty(name)) {
     return ERR_INVALID_FORMAT;
   }
@@ -124,10 +126,8 @@ int MRZ_common_extract_name(const STRING *s, STRING *full_name, STRING *last_nam
   const int separator = find_separator(name);
   STRING given_names;
   if (separator < name.len) {
-    *last_name = STRING{name.str, separator};
-    trim(*last_name, is_filler);
-    given_names = STRING{name.str + separator, name.len - separator};
-    trim(given_names, is_filler);
+    *last_name = STRING{name.str, separator - 1};
+    given_names = without_outer_fillers(STRING{name.str + separator, name.len - separator});
   } else {
     // One run of words: the first is the primary identifier.
     given_names = name;

@@ -1,6 +1,7 @@
 #include <Varnel/mrz/mrz_normalize.h>
 
 #include "../ascii.hpp"
+#include "character_sets.hpp"
 
 namespace {
 
@@ -10,14 +11,44 @@ struct mrz_alphabet {
 
   constexpr mrz_alphabet() {
     for (int c = 0; c < 128; ++c) {
-      if (ascii::is_alnum(c) || c == '<') {
-        read_as[c] = static_cast<char>(ascii::to_upper(c));
+      const int capital = ascii::to_upper(c);
+      if (mrz_characters::contains(capital)) {
+        read_as[c] = static_cast<char>(capital);
       }
     }
   }
 };
 
 constexpr mrz_alphabet ALPHABET;
+
+// Appends what `len` characters are read as and returns the end. A dropped character leaves its place
+// to the next one.
+char *append(char *out, const char *text, int len) {
+  for (int i = 0; i < len; ++i) {
+    *out = ALPHABET.read_as[static_cast<unsigned char>(text[i])];
+    out += *out != '\0' ? 1 : 0;
+  }
+  return out;
+}
+
+// The same for a block, at once when there is nothing to change in it.
+char *append_half_block(char *out, const char *text) {
+  const auto half = blocks::load<blocks::half_block>(text);
+  if (!mrz_characters::contains_all(half)) {
+    return append(out, text, sizeof half);
+  }
+  blocks::store(out, half);
+  return out + sizeof half;
+}
+
+char *append_block(char *out, const char *text) {
+  const auto block = blocks::load<blocks::block>(text);
+  if (!mrz_characters::contains_all(block)) {
+    return append_half_block(append_half_block(out, text), text + sizeof block / 2);
+  }
+  blocks::store(out, block);
+  return out + sizeof block;
+}
 
 } // namespace
 
@@ -27,12 +58,18 @@ int normalize_mrz(const char *input, int i_len, char *output, int o_len, int *re
   }
   // The limit is on the input: text beyond it is not examined, whatever is dropped before.
   const int size = i_len < o_len ? i_len : o_len - 1;
-  int written = 0;
-  for (int i = 0; i < size; ++i) {
-    output[written] = ALPHABET.read_as[static_cast<unsigned char>(input[i])];
-    written += output[written] != '\0' ? 1 : 0;
+  constexpr int BLOCK = sizeof(blocks::block);
+  constexpr int HALF_BLOCK = sizeof(blocks::half_block);
+  char *out = output;
+  int i = 0;
+  for (; i + BLOCK <= size; i += BLOCK) {
+    out = append_block(out, input + i);
   }
-  output[written] = '\0';
-  *result_len = written;
+  for (; i + HALF_BLOCK <= size; i += HALF_BLOCK) {
+    out = append_half_block(out, input + i);
+  }
+  out = append(out, input + i, size - i);
+  *out = '\0';
+  *result_len = static_cast<int>(out - output);
   return ERR_OK;
 }

@@ -3,9 +3,6 @@
 #include "zone_fields.hpp"
 
 static int _parse_track1(const STRING *track, PARSE_RESULT *result) {
-  if (track->str[0] != 'P') {
-    return ERR_INVALID_FORMAT;
-  }
   return write_issuer_and_names(result, *track);
 }
 
@@ -34,7 +31,9 @@ int MRZ_passport_parse(const char *input, int i_len, PARSE_RESULT *result, const
   if (input == nullptr || result == nullptr || context == nullptr || i_len < 0) {
     return ERR_INVALID_ARGS;
   }
-  if (i_len != 2 * line_length || !is_zone(input, i_len)) {
+  const bool is_passport =
+      i_len == 2 * line_length && input[0] == 'P' && mrz_characters::covers(STRING{input, i_len});
+  if (!is_passport) {
     return ERR_INVALID_FORMAT;
   }
   const STRING track1 = {input, line_length};
@@ -44,7 +43,7 @@ int MRZ_passport_parse(const char *input, int i_len, PARSE_RESULT *result, const
     status = _parse_track2(&track2, result, context);
   }
   if (status == ERR_OK) {
-    write_document_type(result, "PASSPORT");
+    write_document_type(result, STRING{"PASSPORT", 8});
   }
   return status;
 }

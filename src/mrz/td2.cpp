@@ -3,9 +3,6 @@
 #include "zone_fields.hpp"
 
 static int _parse_track1(const STRING *track, PARSE_RESULT *result) {
-  if (!has_card_code(*track)) {
-    return ERR_INVALID_FORMAT;
-  }
   return write_issuer_and_names(result, *track);
 }
 
@@ -18,7 +15,9 @@ int MRZ_td2_parse(const char *input, int i_len, PARSE_RESULT *result, const CONT
   if (input == nullptr || result == nullptr || context == nullptr || i_len < 0) {
     return ERR_INVALID_ARGS;
   }
-  if (i_len != 2 * line_length || !is_zone(input, i_len)) {
+  const bool is_td2 =
+      i_len == 2 * line_length && has_card_code(input) && mrz_characters::covers(STRING{input, i_len});
+  if (!is_td2) {
     return ERR_INVALID_FORMAT;
   }
   const STRING track1 = {input, line_length};
@@ -28,7 +27,7 @@ int MRZ_td2_parse(const char *input, int i_len, PARSE_RESULT *result, const CONT
     status = _parse_track2(&track2, result, context);
   }
   if (status == ERR_OK) {
-    write_document_type(result, "TD");
+    write_document_type(result, STRING{"TD", 2});
   }
   return status;
 }

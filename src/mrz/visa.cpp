@@ -3,9 +3,6 @@
 #include "zone_fields.hpp"
 
 static int _parse_track1(const STRING *track, PARSE_RESULT *result) {
-  if (track->str[0] != 'V') {
-    return ERR_INVALID_FORMAT;
-  }
   return write_issuer_and_names(result, *track);
 }
 
@@ -19,7 +16,8 @@ int MRZ_visa_parse(const char *input, int i_len, PARSE_RESULT *result, const CON
   }
   const int line_length = i_len / 2;
   const bool fits = i_len == 2 * visa::SHORT_LINE_LENGTH || i_len == 2 * visa::LONG_LINE_LENGTH;
-  if (!fits || !is_zone(input, i_len)) {
+  const bool is_visa = fits && input[0] == 'V' && mrz_characters::covers(STRING{input, i_len});
+  if (!is_visa) {
     return ERR_INVALID_FORMAT;
   }
   const STRING track1 = {input, line_length};
@@ -29,7 +27,7 @@ int MRZ_visa_parse(const char *input, int i_len, PARSE_RESULT *result, const CON
     status = _parse_track2(&track2, result, context);
   }
   if (status == ERR_OK) {
-    write_document_type(result, "TD"); // a visa is typed like a card
+    write_document_type(result, STRING{"TD", 2}); // a visa is typed like a card
   }
   return status;
 }

@@ -4,37 +4,66 @@
 #include <Varnel/utils.h>
 
 #include "../utils/field_writers.hpp"
-#include "../utils/trim_checks.hpp"
-#include "filler.hpp"
+#include "fillers.hpp"
 
 namespace {
 
-// Every filler becomes a blank, and runs of blanks collapse to one.
-void write_text(PARSE_RESULT *result, int field, const STRING &text) {
-  utils_write_field(result, field, &text, FILLER_SET, " ", ' ');
+// The tests that the copying loop is asked with, as types of their own so that they are inlined.
+constexpr auto is_nothing = [](char) { return false; };
+
+// Copies a text of the zone with every run of fillers as one blank.
+int copy_words(char *out, int o_len, STRING text) {
+  int written = 0;
+  int i = 0;
+  while (true) {
+    const int end = i + smaller(text.len - i, o_len - written);
+    while (i < end && !is_filler(text.str[i])) {
+      out[written++] = text.str[i++];
+    }
+    if (i >= end) {
+      return written;
+    }
+    out[written++] = ' ';
+    while (i < text.len && is_filler(text.str[i])) {
+      ++i;
+    }
+  }
+}
+
+// As utils_write_field() with fillers to be replaced by blanks and runs of blanks to be collapsed.
+void write_text(PARSE_RESULT *result, int field, STRING text) {
+  fill_slot(result, field, copy_words(free_space(result), free_size(result), text));
+}
+
+// As utils_write_field() with every character kept.
+void write_plain(PARSE_RESULT *result, int field, STRING text) {
+  fill_slot(result, field,
+            copy_filtered(free_space(result), free_size(result), &text, is_nothing, is_nothing, '\0'));
+}
+
+// As utils_write_field_date() of a date whose last six digits stand in the zone.
+void write_date(PARSE_RESULT *result, int field, int year, STRING digits) {
+  constexpr int length = 8;
+  if (free_size(result) < length) {
+    return;
+  }
+  char *out = free_space(result);
+  memcpy(out, year < 2000 ? "19" : "20", 2);
+  memcpy(out + 2, digits.str, 6);
+  fill_slot(result, field, length);
 }
 
 } // namespace
 
-bool is_zone(const char *input, int i_len) {
-  return first_refused(STRING{input, i_len}, MRZ_common_pattern_valid_mrz) == 0;
-}
-
-bool has_card_code(const STRING &line) {
-  const char first = line.str[0];
-  return (first == 'I' || first == 'A' || first == 'C') && line.str[1] != 'V';
-}
-
-int write_country_code(PARSE_RESULT *result, int field, const STRING &code) {
-  char letters[4] = {};
-  const int status = MRZ_common_extract_cc(&code, letters);
-  if (status == ERR_OK) {
-    utils_write_field_s(result, field, letters);
+int write_country_code(PARSE_RESULT *result, int field, STRING code) {
+  if (!mrz_code_characters::covers(code)) {
+    return ERR_INVALID_FORMAT;
   }
-  return status;
+  write_plain(result, field, code_letters(code));
+  return ERR_OK;
 }
 
-int write_names(PARSE_RESULT *result, const STRING &name) {
+int write_names(PARSE_RESULT *result, STRING name) {
   STRING full_name;
   STRING last_name;
   STRING first_name;
@@ -50,26 +79,22 @@ int write_names(PARSE_RESULT *result, const STRING &name) {
 
 void write_sex(PARSE_RESULT *result, char sex) {
   if (sex == 'M' || sex == 'F') {
-    const char text[2] = {sex, '\0'};
-    utils_write_field_s(result, FIELD_SEX, text);
+    write_plain(result, FIELD_SEX, STRING{&sex, 1});
   }
 }
 
-void write_document_number(PARSE_RESULT *result, const STRING &number) {
-  STRING trimmed = number;
-  trim(trimmed, is_filler);
-  write_text(result, FIELD_DOCUMENT_NUMBER, trimmed);
+void write_document_number(PARSE_RESULT *result, STRING number) {
+  write_text(result, FIELD_DOCUMENT_NUMBER, without_outer_fillers(number));
 }
 
-void write_personal_number(PARSE_RESULT *result, const STRING &number) {
-  STRING trimmed = number;
-  trim(trimmed, is_filler);
+void write_personal_number(PARSE_RESULT *result, STRING number) {
+  const STRING trimmed = without_outer_fillers(number);
   if (!is_empty(trimmed)) {
     write_text(result, FIELD_PERSONAL_NUMBER, trimmed);
   }
 }
 
-int write_birth_date(PARSE_RESULT *result, const STRING &date, const CONTEXT *context, int *birth_year) {
+int write_birth_date(PARSE_RESULT *result, STRING date, const CONTEXT *context, int *birth_year) {
   DATETIME birth;
   const int status = MRZ_common_extract_date(&date, &birth);
   if (status != ERR_OK) {
@@ -79,11 +104,11 @@ int write_birth_date(PARSE_RESULT *result, const STRING &date, const CONTEXT *co
     birth.year += 100;
   }
   *birth_year = birth.year;
-  utils_write_field_date(result, FIELD_BIRTH_DATE, &birth);
+  write_date(result, FIELD_BIRTH_DATE, birth.year, date);
   return ERR_OK;
 }
 
-int write_expiration_date(PARSE_RESULT *result, const STRING &date, int birth_year) {
+int write_expiration_date(PARSE_RESULT *result, STRING date, int birth_year) {
   DATETIME expiration;
   const int status = MRZ_common_extract_date(&date, &expiration);
   if (status != ERR_OK) {
@@ -92,15 +117,15 @@ int write_expiration_date(PARSE_RESULT *result, const STRING &date, int birth_ye
   if (expiration.year < birth_year) {
     expiration.year += 100;
   }
-  utils_write_field_date(result, FIELD_EXPIRATION_DATE, &expiration);
+  write_date(result, FIELD_EXPIRATION_DATE, expiration.year, date);
   return ERR_OK;
 }
 
-void write_document_type(PARSE_RESULT *result, const char *type) {
-  utils_write_field_s(result, FIELD_DOCUMENT_TYPE, type);
+void write_document_type(PARSE_RESULT *result, STRING type) {
+  write_plain(result, FIELD_DOCUMENT_TYPE, type);
 }
 
-int write_issuer_and_names(PARSE_RESULT *result, const STRING &line) {
+int write_issuer_and_names(PARSE_RESULT *result, STRING line) {
   const int status = write_country_code(result, FIELD_COUNTRY_CODE, cut(line, zone::ISSUING_STATE));
   if (status != ERR_OK) {
     return status;
@@ -108,7 +133,7 @@ int write_issuer_and_names(PARSE_RESULT *result, const STRING &line) {
   return write_names(result, cut_from(line, two_line::NAME_START));
 }
 
-int write_holder(PARSE_RESULT *result, const STRING &line, const CONTEXT *context) {
+int write_holder(PARSE_RESULT *result, STRING line, const CONTEXT *context) {
   write_document_number(result, cut(line, two_line::DOCUMENT_NUMBER));
   int status = write_country_code(result, FIELD_NATIONALITY, cut(line, two_line::NATIONALITY));
   if (status != ERR_OK) {

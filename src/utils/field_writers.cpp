@@ -16,11 +16,6 @@ int terminated(char *out, int copied) {
 // The room for text when one byte is kept for the terminator.
 int room_for_text(int o_len) { return o_len > 0 ? o_len - 1 : 0; }
 
-// Copies of one write into a slot: the text and its length are the same number of bytes.
-FIELD *fill_slot(PARSE_RESULT *result, int field, int copied) {
-  return fill_slot(result, field, copied, copied);
-}
-
 uint64_t magnitude(int64_t num) {
   const uint64_t bits = static_cast<uint64_t>(num);
   return num < 0 ? 0 - bits : bits;

@@ -15,19 +15,21 @@ int copy_filtered(char *out, int o_len, const STRING *src, Removed is_removed, D
   if (out == nullptr || o_len < 1 || src == nullptr || is_empty(*src)) {
     return 0;
   }
+  const STRING text = *src; // read once: the compiler cannot know that `out` lies elsewhere
   int written = 0;
-  for (int i = 0; i < src->len && written < o_len; ++i) {
-    char c = src->str[i];
+  char last = '\0';
+  for (int i = 0; i < text.len && written < o_len; ++i) {
+    char c = text.str[i];
     if (is_removed(c)) {
       if (rep == '\0') {
         continue;
       }
       c = rep;
     }
-    if (written > 0 && c == out[written - 1] && is_duplicate(c)) {
+    if (c == last && written > 0 && is_duplicate(c)) {
       continue;
     }
-    out[written++] = c;
+    out[written++] = last = c;
   }
   return written;
 }
@@ -63,6 +65,11 @@ inline FIELD *fill_slot(PARSE_RESULT *result, int field, int length, int used) {
   result->data_size += used;
   terminate(result);
   return slot;
+}
+
+// The same for a plain copy, whose text is all that it used.
+inline FIELD *fill_slot(PARSE_RESULT *result, int field, int length) {
+  return fill_slot(result, field, length, length);
 }
 
 #endif

@@ -29,7 +29,7 @@ template <class Drop> void trim(STRING &view, Drop drops) {
 }
 
 // The 1-based position of the first character that fails the test, 0 when all pass.
-template <class Test> int first_refused(const STRING &view, Test passes) {
+template <class Test> int first_refused(STRING view, Test passes) {
   for (int i = 0; i < view.len; ++i) {
     if (!passes(char_value(view.str[i]))) {
       return i + 1;
