@@ -1,8 +1,7 @@
 # The Objective-C face: src/Varnel.m over the portable entry and export.
 #
-#   varnel_facade      its object file
-#   varnel_foundation  where Foundation is GNUstep: a shared library of the core and the face
-#   varnel_framework   on Apple's systems: Varnel.framework
+#   varnel_framework   for iOS: Varnel.framework, see apple/CMakeLists.txt
+#   varnel_foundation  elsewhere: a shared library of the core and the face
 #
 # Where Foundation is not to be had the face is left out; ON makes that an error.
 set(facade_default AUTO)
@@ -72,9 +71,10 @@ else()
     endif()
   endif()
 endif()
-list(APPEND foundation_options -std=gnu99) # gcc's Objective-C is C90 unless told
 if(CMAKE_OBJC_COMPILER_ID MATCHES "Clang")
   list(APPEND foundation_options -fno-objc-arc)
+else()
+  list(APPEND foundation_options -std=gnu99) # else it is C90
 endif()
 
 include(CheckOBJCSourceCompiles)
@@ -93,23 +93,25 @@ endif()
 
 # ---- the face ---------------------------------------------------------------------------------------
 
-# What Objective-C code over Foundation is compiled with; shared with the tests.
+# What Objective-C code over Foundation is compiled and linked with; shared with the tests.
 add_library(varnel_foundation_options INTERFACE)
 target_compile_options(varnel_foundation_options INTERFACE $<$<COMPILE_LANGUAGE:OBJC>:${foundation_options}>)
 target_link_libraries(varnel_foundation_options INTERFACE ${foundation_libraries})
 
-add_library(varnel_facade OBJECT "${PROJECT_SOURCE_DIR}/src/Varnel.m")
-target_link_libraries(varnel_facade PRIVATE varnel_foundation_options varnel)
-set_target_properties(varnel_facade PROPERTIES POSITION_INDEPENDENT_CODE ON)
-varnel_warnings(varnel_facade)
+# Adds the face to a target.
+function(varnel_add_facade target)
+  target_sources(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src/Varnel.m")
+  target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/include")
+  target_link_libraries(${target} PUBLIC varnel_foundation_options)
+  varnel_warnings(${target})
+endfunction()
 
-if(APPLE)
-  include(VarnelFramework)
+if(CMAKE_SYSTEM_NAME STREQUAL "iOS")
+  add_subdirectory(apple)
 else()
   # Symbols are visible here: gcc has no attribute that would make a class visible by itself.
-  add_library(varnel_foundation SHARED $<TARGET_OBJECTS:varnel_facade> $<TARGET_OBJECTS:varnel>)
-  target_link_libraries(varnel_foundation PUBLIC varnel_foundation_options)
-  target_include_directories(varnel_foundation PUBLIC "${PROJECT_SOURCE_DIR}/include")
+  add_library(varnel_foundation SHARED $<TARGET_OBJECTS:varnel>)
+  varnel_add_facade(varnel_foundation)
   set_target_properties(varnel_foundation PROPERTIES
     OUTPUT_NAME VarnelFoundation
     LINKER_LANGUAGE CXX # the Objective-C linker leaves the run path of the build tree out
