@@ -1,0 +1,269 @@
+// Calendar dates, Soundex, the character classes and the element tables: a sequence of questions decoded
+// from the input, each answered by the library and by the plain transcription.
+#include "harness.hpp"
+
+#include <reference.hpp>
+
+namespace {
+
+using fuzz::equal;
+using fuzz::holds;
+using fuzz::memory;
+
+fuzz::behaviour year_first("a date is read year first");
+fuzz::behaviour month_first("a date is read month first");
+fuzz::behaviour date_refused("a text of eight characters is no date");
+fuzz::behaviour date_valid("a date is valid");
+fuzz::behaviour date_invalid("a date is not valid");
+fuzz::behaviour day_clamped("a day is clamped to its month");
+fuzz::behaviour leap_day("the last day of a February has the number 29");
+fuzz::behaviour day_zero("a day count of 0 gives the eve of the year 1000");
+fuzz::behaviour month_thirteen("a day count falls into month 13");
+fuzz::behaviour beyond_calendar("a day count lies beyond the years of four digits");
+fuzz::behaviour encoded("a name of three digits is encoded");
+fuzz::behaviour encoded_short("a short name is filled up with zeros");
+fuzz::behaviour not_encoded("a name is refused behind its first letter");
+fuzz::behaviour element_found("an element is found");
+fuzz::behaviour element_found_again("an element is found a second time, in another slot");
+fuzz::behaviour element_missing("an element is in no row");
+
+constexpr DATETIME UNTOUCHED = {-1, -2, -3, -4, -5, -6};
+
+// ---- dates ----
+
+void parse_date(fuzz::input &in) {
+  const memory text(in.text(12));
+  STRING view = {text.data(), text.size()};
+  if (in.number(0, 31) == 0) {
+    view.str = nullptr;
+  }
+  DATETIME ours = UNTOUCHED;
+  DATETIME expected = UNTOUCHED;
+  const int code = utils_parse_date(&view, &ours);
+  equal("utils_parse_date", code, reference::utils_parse_date(&view, &expected));
+  equal("the date read", ours, expected);
+  equal("no text", utils_parse_date(nullptr, &ours), -1);
+  holds(code != 0 || utils_validate_date(&ours) == 0, "a date that was read is valid");
+  const bool is_year_first = code == 0 && text.text().substr(4, 2) == text.text().substr(0, 2)
+                                 ? false
+                                 : code == 0 && ours.year / 1000 == text.data()[0] - '0';
+  year_first.seen(is_year_first);
+  month_first.seen(code == 0 && !is_year_first);
+  date_refused.seen(code == -1 && view.str != nullptr && view.len >= 8);
+}
+
+void validate_date(fuzz::input &in) {
+  DATETIME date = {in.number(990, 2100), in.number(0, 13),  in.number(0, 32),
+                   in.number(-1, 24),    in.number(-1, 60), in.number(-1, 60)};
+  int *const members[] = {&date.year, &date.month, &date.day, &date.hr, &date.min, &date.sec};
+  if (in.flag()) {
+    *members[in.number(0, 5)] = in.any_int();
+  }
+  const int code = utils_validate_date(&date);
+  equal("utils_validate_date", code, reference::utils_validate_date(&date));
+  date_valid.seen(code == 0);
+  date_invalid.seen(code == -1);
+}
+
+void clamp_day(fuzz::input &in) {
+  const int year = in.flag() ? in.number(1890, 2110) : in.any_int();
+  const int month = in.number(0, 15) == 0 ? in.any_int() : in.number(0, 13);
+  const int day = in.number(0, 3) == 0 ? in.any_int() : in.number(0, 40);
+  const int clamped = utils_validate_days_in_month(year, month, day);
+  equal("utils_validate_days_in_month", clamped, reference::utils_validate_days_in_month(year, month, day));
+  holds(month < 1 || month > 12 || (clamped >= 1 && clamped <= 31), "a clamped day is a day of a month");
+  day_clamped.seen(clamped < day);
+  leap_day.seen(month == 2 && clamped == 29);
+}
+
+void count_days(fuzz::input &in) {
+  const uint64_t days =
+      in.flag() ? static_cast<uint64_t>(in.number(0, 32767)) * 100 + in.byte() : in.any_uint64();
+  DATETIME ours = UNTOUCHED;
+  DATETIME expected = UNTOUCHED;
+  equal("utils_days2date", utils_days2date(days, &ours), reference::utils_days2date(days, &expected));
+  equal("the date counted", ours, expected);
+  equal("no date", utils_days2date(days, nullptr), ERR_INVALID_ARGS);
+  // Up to three million days the answer is a day of the calendar, or the first day of a leap year that
+  // comes out as month 13 of the year before: those years leave 104 to 132 or 304 to 332 modulo 400.
+  const int late = (ours.year + 1) % 400;
+  const bool thirteen = ours.month == 13 && ours.day == 1 && late % 4 == 0;
+  holds(days == 0 || days > 3000000 || utils_validate_date(&ours) == 0 ||
+            (thirteen && late >= 104 && late <= 332),
+        "a day count gives a day of the calendar or a known month 13");
+  day_zero.seen(days == 0 && ours.year == 999);
+  month_thirteen.seen(ours.month == 13);
+  beyond_calendar.seen(days > 3300000);
+}
+
+// ---- Soundex ----
+
+void check_code(const char *name, const memory &ours, const memory &expected, int code, int plain_code) {
+  equal(name, code, plain_code);
+  equal("the Soundex code", std::string(ours.text()), std::string(expected.text()));
+  holds(ours.intact(), "nothing is written outside the Soundex code");
+}
+
+SOUNDEX_CODE *as_code(memory &block) { return reinterpret_cast<SOUNDEX_CODE *>(block.data()); }
+
+void soundex(fuzz::input &in) {
+  const memory text(in.text(24));
+  STRING view = {text.data(), text.size()};
+  if (in.number(0, 31) == 0) {
+    view.str = nullptr;
+  }
+  memory ours(sizeof(SOUNDEX_CODE));
+  memory expected(sizeof(SOUNDEX_CODE));
+  const int code = utils_soundex_encode(&view, as_code(ours));
+  check_code("utils_soundex_encode", ours, expected, code,
+             reference::utils_soundex_encode(&view, as_code(expected)));
+  encoded.seen(code == ERR_OK && ours.data()[3] != '0');
+  encoded_short.seen(code == ERR_OK && ours.data()[3] == '0');
+  not_encoded.seen(code != ERR_OK && ours.data()[1] != static_cast<char>(memory::JUNK) &&
+                   ours.data()[1] != '0');
+
+  const memory terminated(std::string(text.text()) + '\0');
+  memory our_str(sizeof(SOUNDEX_CODE));
+  memory expected_str(sizeof(SOUNDEX_CODE));
+  check_code("utils_soundex_encode_str", our_str, expected_str,
+             utils_soundex_encode_str(terminated.data(), as_code(our_str)),
+             reference::utils_soundex_encode_str(terminated.data(), as_code(expected_str)));
+  equal("no name", utils_soundex_encode(nullptr, as_code(our_str)), ERR_INVALID_ARGS);
+  equal("no code", utils_soundex_encode(&view, nullptr), ERR_INVALID_ARGS);
+  equal("no text", utils_soundex_encode_str(nullptr, as_code(our_str)), ERR_INVALID_ARGS);
+}
+
+// ---- character classes ----
+
+struct character_class {
+  const char *name;
+  _t_predicate_func library;
+  _t_predicate_func plain;
+};
+
+#define CLASS(name)                                                                                          \
+  { #name, name, reference::name }
+constexpr character_class CLASSES[] = {
+    CLASS(pattern_is_atoi_valid),
+    CLASS(pattern_isNotDigit),
+    CLASS(pattern_isCityChar),
+    CLASS(pattern_isClearCityChar),
+    CLASS(pattern_isNotClearCityChar),
+    CLASS(pattern_isNameChar),
+    CLASS(pattern_isAddressChar),
+    CLASS(pattern_isAddressChar2),
+    CLASS(pattern_isClearAddressChar),
+    CLASS(pattern_isClearAddressChar2),
+    CLASS(pattern_isNotClearAddressChar),
+    CLASS(pattern_isNotClearAddressChar2),
+    CLASS(pattern_isClearPostalCode),
+    CLASS(pattern_isLicenseNumber),
+    CLASS(pattern_is_w),
+    CLASS(pattern_is_not_w),
+    CLASS(pattern_is_ws),
+    CLASS(pattern_valid_symbols),
+    CLASS(pattern_not_valid_symbols),
+    CLASS(patter_trim_space),
+    CLASS(patter_trim_address),
+    CLASS(MRZ_common_pattern_valid_mrz),
+    CLASS(MRZ_common_pattern_valid_mrz_date),
+    CLASS(MRZ_common_pattern_valid_mrz_name),
+    CLASS(MRZ_common_pattern_valid_mrz_cc),
+};
+#undef CLASS
+
+// Also of values that are no characters: they belong to no class.
+void classify(fuzz::input &in) {
+  const int c = in.flag() ? in.number(-128, 127) : in.any_int();
+  for (const character_class &tested : CLASSES) {
+    const int answer = tested.library(c);
+    equal(tested.name, answer, tested.plain(c));
+    holds(answer == 0 || answer == 1, "a character class answers 0 or 1");
+  }
+}
+
+// ---- element tables ----
+
+struct table {
+  const char *name;
+  const MAPPING *rows;
+  int size;
+};
+
+const table TABLES[] = {
+    {"MAP_AAMVA_2D01", MAP_AAMVA_2D01, MAP_AAMVA_2D01_SIZE},
+    {"MAP_AAMVA_2D03", MAP_AAMVA_2D03, MAP_AAMVA_2D03_SIZE},
+    {"MAP_AAMVA_2D04_HAWAII", MAP_AAMVA_2D04_HAWAII, MAP_AAMVA_2D04_HAWAII_SIZE},
+    {"MAP_AAMVA_2D06", MAP_AAMVA_2D06, MAP_AAMVA_2D06_SIZE},
+    {"MAP_AAMVA_2D08", MAP_AAMVA_2D08, MAP_AAMVA_2D08_SIZE},
+};
+
+// Three characters packed as an element's key.
+int any_key(fuzz::input &in) {
+  const std::string id = in.text(3) + "???";
+  int key = 0;
+  for (size_t i = 0; i < 3; ++i) {
+    key = key << 8 | static_cast<unsigned char>(id[i]);
+  }
+  return key;
+}
+
+void look_up(fuzz::input &in) {
+  const table &searched = TABLES[in.number(0, std::size(TABLES) - 1)];
+  const int key = in.flag() ? any_key(in) : searched.rows[in.number(0, searched.size - 1)].key;
+  const int start = in.number(0, 3) == 0 ? in.number(0, 100) : 0;
+  // A table of exactly the size that is told, so that a row too many is seen to be read.
+  const int size = in.number(0, 7) == 0 ? in.number(0, searched.size) : searched.size;
+  const std::unique_ptr<MAPPING[]> rows(new MAPPING[static_cast<size_t>(size)]);
+  std::copy(searched.rows, searched.rows + size, rows.get());
+
+  int ours = start;
+  int expected = start;
+  const int slot = utils_barcode2fieldtype(key, rows.get(), size, &ours);
+  equal(searched.name, slot, reference::utils_barcode2fieldtype(key, rows.get(), size, &expected));
+  equal("the row", ours, expected);
+  equal("without a place for the row", utils_barcode2fieldtype(key, rows.get(), size, nullptr),
+        reference::utils_barcode2fieldtype(key, rows.get(), size, nullptr));
+  holds(slot >= -1 && slot < FIELD_COUNT, "a slot or none");
+  holds(slot == -1 || rows[static_cast<size_t>(ours)].key == key, "the row is the element's");
+  element_found.seen(slot > 0);
+  element_missing.seen(slot == -1);
+  if (slot != -1) {
+    int next = ours + 1;
+    int plain_next = next;
+    const int second = utils_barcode2fieldtype(key, rows.get(), size, &next);
+    equal("a second row", second, reference::utils_barcode2fieldtype(key, rows.get(), size, &plain_next));
+    equal("the second row's number", next, plain_next);
+    element_found_again.seen(second > 0 && second != slot);
+  }
+}
+
+struct question {
+  const char *name;
+  void (*ask)(fuzz::input &);
+};
+
+constexpr question QUESTIONS[] = {
+    {"utils_parse_date", parse_date},
+    {"utils_validate_date", validate_date},
+    {"utils_validate_days_in_month", clamp_day},
+    {"utils_days2date", count_days},
+    {"Soundex", soundex},
+    {"character classes", classify},
+    {"utils_barcode2fieldtype", look_up},
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  fuzz::input in(data, size);
+  while (!in.empty()) {
+    const question &asked = QUESTIONS[in.number(0, std::size(QUESTIONS) - 1)];
+    try {
+      asked.ask(in);
+    } catch (const fuzz::difference &found) {
+      throw fuzz::difference(std::string(asked.name) + ": " + found.what());
+    }
+  }
+  return 0;
+}
