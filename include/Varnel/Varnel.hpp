@@ -28,6 +28,11 @@ using entry = std::pair<std::string_view, std::string_view>;
  * allocation. The views it hands out live as long as it does.
  */
 class document {
+  class unread {
+    friend std::optional<document> parse_mrz(std::string_view text);
+    constexpr unread() {}
+  };
+
 public:
   /** Walks the twelve values in export order. Valid as long as its document stays where it is. */
   class iterator {
@@ -98,13 +103,14 @@ public:
 
   friend std::optional<document> parse_mrz(std::string_view text);
 
+  /** Only parse_mrz() makes documents. The members are left unset, because it fills them at once. */
+  explicit document(unread /*tag*/) {}
+
 private:
   struct place {
     std::uint16_t at;
     std::uint16_t length;
   };
-
-  document() = default;
 
   bool read(std::string_view text) {
     PARSE_RESULT result;
@@ -138,11 +144,11 @@ private:
  * Safe to call from any number of threads; throws nothing and allocates nothing.
  */
 inline std::optional<document> parse_mrz(std::string_view text) {
-  std::optional<document> read{document()};
-  if (!read->read(text)) {
-    read.reset();
+  std::optional<document> result(std::in_place, document::unread());
+  if (!result->read(text)) {
+    result.reset();
   }
-  return read;
+  return result;
 }
 
 } // namespace varnel
