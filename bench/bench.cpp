@@ -1,0 +1,224 @@
+// The costs of reading a document, each beside the floor and the plain baseline of the same run.
+//
+// Names are STEP/TEXT: a step of the chain, and the text it is given. bench/run turns them into ratios.
+#include <Varnel/Varnel.hpp>
+
+#include <benchmark/benchmark.h>
+#include <reference.hpp>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <vector>
+
+#ifdef VARNEL_BENCH_FACADE
+#include "facade.h"
+#endif
+
+namespace {
+
+constexpr CONTEXT REFERENCE = {{2018, 2, 15, 0, 0, 0}};
+
+struct sample {
+  std::string name;
+  std::string text;
+};
+
+std::string read_vector(const std::string &name) {
+  const std::string path = VARNEL_VECTORS_DIR "/" + name + ".mrz";
+  std::ifstream file(path, std::ios::binary);
+  if (!file) {
+    std::fprintf(stderr, "bench: cannot read %s\n", path.c_str());
+    std::exit(2);
+  }
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// As a hasty reader gives it: small letters, blanks between the characters here and there, CR LF.
+std::string with_noise(const std::string &text) {
+  std::string noisy;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    noisy += c >= 'A' && c <= 'Z' && i % 3 == 0 ? static_cast<char>(c - 'A' + 'a') : c;
+    if (c == '\n') {
+      noisy.insert(noisy.size() - 1, "\r");
+    } else if (i % 7 == 0) {
+      noisy += ' ';
+    }
+  }
+  return noisy;
+}
+
+std::vector<sample> layouts() {
+  return {{"TD1", read_vector("td1/specimen")},
+          {"TD2", read_vector("td2/specimen")},
+          {"TD3", read_vector("td3/specimen")},
+          {"MRV-A", read_vector("mrv-a/specimen")},
+          {"MRV-B", read_vector("mrv-b/specimen")}};
+}
+
+// A record, its buffer and the values, as a caller keeps them.
+struct workspace {
+  PARSE_RESULT record;
+  char buffer[VARNEL_BUFFER_SIZE];
+  char zone[VARNEL_EXAMINED_MAX + 1];
+  int zone_length = 0;
+  VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
+
+  int read(const std::string &text) {
+    const int length = varnel_utf16_length(text.data(), text.size());
+    return varnel_parse_mrz(text.data(), length, &record, buffer, sizeof buffer);
+  }
+};
+
+// Runs `step` on a workspace that has read the text.
+template <class Step> void add(const std::string &name, const std::string &text, Step step) {
+  benchmark::RegisterBenchmark(name.c_str(), [text, step](benchmark::State &state) {
+    const auto space = std::make_unique<workspace>();
+    space->read(text);
+    normalize_mrz(text.data(), static_cast<int>(text.size()), space->zone, sizeof space->zone,
+                  &space->zone_length);
+    for (auto _ : state) {
+      step(*space, text);
+      benchmark::ClobberMemory();
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+  });
+}
+
+// The least that can be done: the record's slots and buffer zeroed, the text copied once.
+void floor_of_work(workspace &space, const std::string &text) {
+  std::memset(space.record.fields, 0, sizeof space.record.fields);
+  benchmark::ClobberMemory();
+  std::memset(space.buffer, 0, sizeof space.buffer);
+  std::memcpy(space.zone, text.data(), text.size());
+  benchmark::DoNotOptimize(space);
+}
+
+void chain(workspace &space, const std::string &text) {
+  benchmark::DoNotOptimize(space.read(text));
+  varnel_export(&space.record, space.pairs);
+  benchmark::DoNotOptimize(space.pairs);
+}
+
+void chain_cpp(workspace &, const std::string &text) {
+  std::size_t length = 0;
+  if (const auto document = varnel::parse_mrz(text)) {
+    for (const auto [key, value] : *document) {
+      length += value.size();
+    }
+  }
+  benchmark::DoNotOptimize(length);
+}
+
+void baseline(workspace &space, const std::string &text) {
+  const int length = reference::varnel_utf16_length(text.data(), text.size());
+  benchmark::DoNotOptimize(
+      reference::parse_mrz(text.data(), length, &space.record, space.buffer, sizeof space.buffer));
+  benchmark::DoNotOptimize(reference::export_values(&space.record));
+}
+
+void normalise(workspace &space, const std::string &text) {
+  normalize_mrz(text.data(), static_cast<int>(text.size()), space.zone, sizeof space.zone,
+                &space.zone_length);
+}
+
+void export_values(workspace &space, const std::string &) {
+  varnel_export(&space.record, space.pairs);
+  benchmark::DoNotOptimize(space.pairs);
+}
+
+using parser = int (*)(const char *, int, PARSE_RESULT *, const CONTEXT *);
+
+void add_parser(const std::string &layout, const std::string &text, parser parse) {
+  add("layout parser/" + layout, text, [parse](workspace &space, const std::string &) {
+    space.record.data_size = 0; // written over and over, at the same place
+    benchmark::DoNotOptimize(parse(space.zone, space.zone_length, &space.record, &REFERENCE));
+  });
+}
+
+void add_utilities() {
+  const std::string field = "ERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<";
+  const auto view = [](const std::string &text) {
+    return STRING{text.data(), static_cast<int>(text.size())};
+  };
+  add("utils_strcheck_f", field, [view](workspace &, const std::string &text) {
+    const STRING source = view(text);
+    benchmark::DoNotOptimize(utils_strcheck_f(&source, MRZ_common_pattern_valid_mrz_name));
+  });
+  add("utils_strtrim", field, [view](workspace &, const std::string &text) {
+    STRING source = view(text);
+    utils_strtrim(&source, "<");
+    benchmark::DoNotOptimize(source);
+  });
+  add("utils_write_field", field, [view](workspace &space, const std::string &text) {
+    const STRING source = view(text);
+    space.record.data_size = 0;
+    benchmark::DoNotOptimize(utils_write_field(&space.record, FIELD_FULL_NAME, &source, "<", " ", ' '));
+  });
+  add("MRZ_common_extract_name", field, [view](workspace &, const std::string &text) {
+    const STRING source = view(text);
+    STRING full_name;
+    STRING last_name;
+    STRING first_name;
+    STRING middle_name;
+    MRZ_common_extract_name(&source, &full_name, &last_name, &first_name, &middle_name);
+    benchmark::DoNotOptimize(middle_name);
+  });
+  add("MRZ_common_calc_control_sum", field, [](workspace &, const std::string &text) {
+    benchmark::DoNotOptimize(
+        MRZ_common_calc_control_sum(text.data(), static_cast<int>(text.size()), nullptr));
+  });
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  for (const sample &each : layouts()) {
+    add("floor/" + each.name, each.text, floor_of_work);
+    add("chain, C/" + each.name, each.text, chain);
+    add("chain, C++/" + each.name, each.text, chain_cpp);
+#ifdef VARNEL_BENCH_FACADE
+    add("chain, Objective-C/" + each.name, each.text, [](workspace &, const std::string &text) {
+      benchmark::DoNotOptimize(facade_values(text.data(), text.size()));
+    });
+#endif
+    add("baseline/" + each.name, each.text, baseline);
+    add("chain, C, noisy text/" + each.name, with_noise(each.text), chain);
+    add("normalise/" + each.name, each.text, normalise);
+    add("normalise, noisy text/" + each.name, with_noise(each.text), normalise);
+    add("export/" + each.name, each.text, export_values);
+  }
+  const std::vector<sample> texts = layouts();
+  add_parser("TD1", texts[0].text, MRZ_td1_parse);
+  add_parser("TD2", texts[1].text, MRZ_td2_parse);
+  add_parser("TD3", texts[2].text, MRZ_passport_parse);
+  add_parser("MRV-A", texts[3].text, MRZ_visa_parse);
+  add_parser("MRV-B", texts[4].text, MRZ_visa_parse);
+
+  // Refused by all four, as late as can be: the layout fits and the last field that is read is wrong.
+  add("floor/refused, TD3", texts[2].text, floor_of_work);
+  std::string refused = texts[2].text;
+  refused[0] = 'X';
+  add("chain, C/refused, code", refused, chain);
+  refused = texts[2].text;
+  refused[45 + 12] = '1'; // the nationality
+  add("chain, C/refused, field", refused, chain);
+
+  // Text of growing length, refused by its length: the cost of looking at it.
+  for (const int length : {32, 64, 128, 256, 384, 512, 640, 768, 896, 1023, 2048, 4096}) {
+    add("length/" + std::to_string(length), std::string(static_cast<std::size_t>(length), '<'), chain);
+  }
+  add_utilities();
+
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    return 2;
+  }
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
