@@ -1,0 +1,456 @@
+// Calendar dates: reading, checking, moving into the month, counting from 1 January 1000.
+#include "support.hpp"
+
+#include <climits>
+#include <cstdint>
+#include <ostream>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+#include <Varnel/utils.h>
+
+using namespace std::string_view_literals;
+using support::Exact;
+using support::shown;
+
+namespace {
+
+struct Day {
+  int year;
+  int month;
+  int day;
+};
+
+bool operator==(const Day &a, const Day &b) {
+  return a.year == b.year && a.month == b.month && a.day == b.day;
+}
+
+std::ostream &operator<<(std::ostream &out, const Day &d) {
+  return out << d.year << '-' << d.month << '-' << d.day;
+}
+
+Day day_of(const DATETIME &date) { return {date.year, date.month, date.day}; }
+
+// What no function would write: an untouched date still holds it.
+constexpr DATETIME UNTOUCHED = {-1, -2, -3, -4, -5, -6};
+
+void expect_untouched(const DATETIME &date) {
+  EXPECT_EQ(day_of(date), (Day{-1, -2, -3}));
+  EXPECT_TRUE(date.hr == -4 && date.min == -5 && date.sec == -6);
+}
+
+void expect_midnight(const DATETIME &date) { EXPECT_TRUE(date.hr == 0 && date.min == 0 && date.sec == 0); }
+
+// ---- reading ---------------------------------------------------------------------------------------
+
+struct Text {
+  std::string_view text;
+  Day expected;
+};
+
+constexpr Text READABLE[] = {
+    // Year, month, day.
+    {"20180215", {2018, 2, 15}},
+    {"18000101", {1800, 1, 1}},
+    {"99991231", {9999, 12, 31}},
+    {"20001031", {2000, 10, 31}},
+    // Month, day, year, where the text begins with no year from 1800 on.
+    {"02152018", {2018, 2, 15}},
+    {"12312018", {2018, 12, 31}},
+    {"01011800", {1800, 1, 1}},
+    {"12319999", {9999, 12, 31}},
+    {"10101810", {1810, 10, 10}},
+    // The day is compared with 31 and not with its month.
+    {"20180231", {2018, 2, 31}},
+    {"20180431", {2018, 4, 31}},
+    {"02312018", {2018, 2, 31}},
+    // Eight characters are read, whatever follows.
+    {"2018021599", {2018, 2, 15}},
+    {"20180215T1200", {2018, 2, 15}},
+    {"021520189", {2018, 2, 15}},
+    // White space in front of a number is skipped, each kind of it.
+    {"2018 2 5", {2018, 2, 5}},
+    {"2018\t2\n5", {2018, 2, 5}},
+    {"2018\v2\f5", {2018, 2, 5}},
+    {"2018\r2 5", {2018, 2, 5}},
+    {" 1 22018", {2018, 1, 2}},
+    // A sign may follow.
+    {"2018+2+5", {2018, 2, 5}},
+    {"+1+22018", {2018, 1, 2}},
+    // The number ends at the first character that is no digit.
+    {"20182 5 ", {2018, 2, 5}},
+    {"20182-5/", {2018, 2, 5}},
+    {"20181x5y", {2018, 1, 5}},
+    {"1-2-2018", {2018, 1, 2}},
+    {"2018"
+     "2\0"
+     "05"sv,
+     {2018, 2, 5}},
+    {"2018"
+     "2\xA0"
+     "05"sv,
+     {2018, 2, 5}},
+};
+
+constexpr std::string_view UNREADABLE[] = {
+    // No year from 1800 to 9999 in either place.
+    "17991231",
+    "12311799",
+    "00000101",
+    "01010000",
+    "0101 999",
+    "0101+999",
+    "0101-201",
+    // No month from 1 to 12.
+    "20180015",
+    "20181315",
+    "18121812",
+    "13012018",
+    "00012018",
+    "2018-2 5",
+    "2018x205",
+    "2018 x05",
+    // No day from 1 to 31.
+    "20180200",
+    "20180232",
+    "02002018",
+    "02322018",
+    "201802-5",
+    "201802xx",
+    // A number after white space and a sign is none when there is white space again, or another sign.
+    "2018+ 05",
+    "2018--05",
+    "2018+-05",
+    // What other character sets call white space is none.
+    "2018\xA0"
+    "205",
+    "2018\x85"
+    "205",
+    // Nothing of a date.
+    "ABCDEFGH",
+    "        ",
+    "\0\0\0\0\0\0\0\0"sv,
+    "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF",
+    // Fewer than eight characters.
+    "2018021",
+    "2",
+    "",
+};
+
+TEST(ParseDate, ReadsYearFirstOrMonthFirst) {
+  for (const Text &row : READABLE) {
+    SCOPED_TRACE(shown(std::string(row.text)));
+    const Exact text(row.text);
+    const STRING view = text.view();
+    DATETIME date = UNTOUCHED;
+    EXPECT_EQ(utils_parse_date(&view, &date), 0);
+    EXPECT_EQ(day_of(date), row.expected);
+    expect_midnight(date);
+  }
+}
+
+TEST(ParseDate, RefusesAndLeavesTheDateAlone) {
+  for (const std::string_view refused : UNREADABLE) {
+    SCOPED_TRACE(shown(std::string(refused)));
+    const Exact text(refused);
+    const STRING view = text.view();
+    DATETIME date = UNTOUCHED;
+    EXPECT_EQ(utils_parse_date(&view, &date), -1);
+    expect_untouched(date);
+  }
+}
+
+TEST(ParseDate, RefusesNull) {
+  const STRING no_text = {nullptr, 8};
+  const STRING negative = {"20180215", -8};
+  const STRING text = {"20180215", 8};
+  DATETIME date = UNTOUCHED;
+  EXPECT_EQ(utils_parse_date(nullptr, &date), -1);
+  EXPECT_EQ(utils_parse_date(&no_text, &date), -1);
+  EXPECT_EQ(utils_parse_date(&negative, &date), -1);
+  expect_untouched(date);
+  EXPECT_EQ(utils_parse_date(&text, nullptr), -1);
+}
+
+// ---- checking --------------------------------------------------------------------------------------
+
+struct Checked {
+  DATETIME date;
+  int expected;
+};
+
+constexpr Checked CHECKED[] = {
+    {{2018, 2, 15, 12, 30, 30}, 0},
+    {{1000, 1, 1, 0, 0, 0}, 0},
+    {{9999, 12, 31, 23, 59, 59}, 0},
+    {{2018, 2, 31, 0, 0, 0}, 0}, // the day is compared with 31 and not with its month
+    {{999, 1, 1, 0, 0, 0}, -1},
+    {{10000, 1, 1, 0, 0, 0}, -1},
+    {{0, 1, 1, 0, 0, 0}, -1},
+    {{-2018, 1, 1, 0, 0, 0}, -1},
+    {{2018, 0, 1, 0, 0, 0}, -1},
+    {{2018, 13, 1, 0, 0, 0}, -1},
+    {{2018, -1, 1, 0, 0, 0}, -1},
+    {{2018, 1, 0, 0, 0, 0}, -1},
+    {{2018, 1, 32, 0, 0, 0}, -1},
+    {{2018, 1, -1, 0, 0, 0}, -1},
+    {{2018, 1, 1, 24, 0, 0}, -1},
+    {{2018, 1, 1, -1, 0, 0}, -1},
+    {{2018, 1, 1, 0, 60, 0}, -1},
+    {{2018, 1, 1, 0, -1, 0}, -1},
+    {{2018, 1, 1, 0, 0, 60}, -1},
+    {{2018, 1, 1, 0, 0, -1}, -1},
+    {{INT_MAX, INT_MAX, INT_MAX, INT_MAX, INT_MAX, INT_MAX}, -1},
+    {{INT_MIN, INT_MIN, INT_MIN, INT_MIN, INT_MIN, INT_MIN}, -1},
+};
+
+TEST(ValidateDate, ChecksEveryPartForItsRange) {
+  for (const auto &[date, expected] : CHECKED) {
+    EXPECT_EQ(utils_validate_date(&date), expected)
+        << day_of(date) << ' ' << date.hr << ':' << date.min << ':' << date.sec;
+  }
+  EXPECT_EQ(utils_validate_date(nullptr), -1);
+}
+
+// The two lower bounds differ on purpose.
+TEST(ValidateDate, TakesYearsThatReadingRefuses) {
+  const STRING text = {"17991231", 8};
+  const DATETIME date = {1799, 12, 31, 0, 0, 0};
+  DATETIME read = UNTOUCHED;
+  EXPECT_EQ(utils_parse_date(&text, &read), -1);
+  EXPECT_EQ(utils_validate_date(&date), 0);
+}
+
+// ---- moving into the month -------------------------------------------------------------------------
+
+struct Moved {
+  int year;
+  int month;
+  int day;
+  int expected;
+};
+
+constexpr Moved MOVED[] = {
+    {2019, 2, 30, 28},
+    {2000, 2, 30, 29},
+    {1900, 2, 29, 28},
+    {2019, 13, 40, 40},
+    {2019, 4, 0, 1},
+    // The last day of every month.
+    {2019, 1, 99, 31},
+    {2019, 2, 99, 28},
+    {2019, 3, 99, 31},
+    {2019, 4, 99, 30},
+    {2019, 5, 99, 31},
+    {2019, 6, 99, 30},
+    {2019, 7, 99, 31},
+    {2019, 8, 99, 31},
+    {2019, 9, 99, 30},
+    {2019, 10, 99, 31},
+    {2019, 11, 99, 30},
+    {2019, 12, 99, 31},
+    // February by the Gregorian rule.
+    {2020, 2, 99, 29},
+    {2100, 2, 99, 28},
+    {2400, 2, 99, 29},
+    {0, 2, 99, 29},
+    {1, 2, 99, 28},
+    {-4, 2, 99, 29},
+    {-100, 2, 99, 28},
+    {-400, 2, 99, 29},
+    // Days that are in their month already.
+    {2019, 1, 1, 1},
+    {2019, 1, 31, 31},
+    {2020, 2, 29, 29},
+    // Days below 1, and the ends of int.
+    {2019, 1, -5, 1},
+    {2019, 1, INT_MIN, 1},
+    {2019, 1, INT_MAX, 31},
+    {INT_MIN, 2, 30, 29},
+    {INT_MAX, 2, 30, 28},
+    // Without a month, the day is left alone.
+    {2019, 0, 40, 40},
+    {2019, 0, -40, -40},
+    {2019, 13, 0, 0},
+    {2019, -1, 5, 5},
+    {2019, INT_MAX, INT_MIN, INT_MIN},
+    {2019, INT_MIN, INT_MAX, INT_MAX},
+};
+
+TEST(ValidateDaysInMonth, MovesTheDayIntoItsMonth) {
+  for (const auto &[year, month, day, expected] : MOVED) {
+    EXPECT_EQ(utils_validate_days_in_month(year, month, day), expected) << (Day{year, month, day});
+  }
+}
+
+// ---- counting --------------------------------------------------------------------------------------
+
+struct Counted {
+  uint64_t days;
+  Day expected;
+};
+
+constexpr Counted COUNTED[] = {
+    {0, {999, 12, 31}},        {1, {1000, 1, 1}},        {31, {1000, 1, 31}},    {32, {1000, 2, 1}},
+    {365, {1000, 12, 31}},     {366, {1001, 1, 1}},      {365243, {2000, 1, 1}}, {371863, {2018, 2, 15}},
+    {330178, {1903, 12, 31}},  {330179, {1903, 13, 1}},  {330180, {1904, 1, 2}}, {3000000, {9213, 9, 20}},
+    {3287182, {9999, 12, 31}}, {3287183, {10000, 1, 1}},
+};
+
+TEST(DaysToDate, CountsFromTheFirstOfJanuary1000) {
+  for (const auto &[days, expected] : COUNTED) {
+    DATETIME date = UNTOUCHED;
+    EXPECT_EQ(utils_days2date(days, &date), ERR_OK) << days;
+    EXPECT_EQ(day_of(date), expected) << days;
+    expect_midnight(date);
+  }
+  EXPECT_EQ(utils_days2date(1, nullptr), ERR_INVALID_ARGS);
+}
+
+// Every count gives some date. Years that do not fit an int wrap, and where the estimate of the year is far
+// off, so does the day; the estimate is made with a double, so counts beyond 2^53 share theirs.
+constexpr Counted HUGE_COUNTS[] = {
+    {10000000, {28379, 1, 26}},
+    {1000000000, {2738907, 1, 3}},
+    {4294967295, {11760221, 1, 19}},
+    {4294967296, {11760221, 1, 20}},
+    {1000000000000, {-1557059290, 12, 27}},
+    {9007199254740991, {-828259735, 1, 8}},
+    {9007199254740992, {-828259735, 1, 9}},
+    {9007199254740993, {-828259735, 1, 10}},
+    {9223372036854775807, {-2030434300, 13, -888}},
+    {9223372036854775808U, {-2030434300, 13, -887}},
+    {18446744073709550591U, {234097688, 13, 488}},
+    {18446744073709551614U, {234097696, 13, -1411}},
+    {UINT64_MAX, {234097696, 13, -1410}},
+};
+
+TEST(DaysToDate, GivesSomeDateForEveryCount) {
+  for (const auto &[days, expected] : HUGE_COUNTS) {
+    DATETIME date = UNTOUCHED;
+    EXPECT_EQ(utils_days2date(days, &date), ERR_OK) << days;
+    EXPECT_EQ(day_of(date), expected) << days;
+    expect_midnight(date);
+  }
+  for (uint64_t days = UINT64_MAX; days != 0; days /= 3) {
+    DATETIME date = UNTOUCHED;
+    EXPECT_EQ(utils_days2date(days, &date), ERR_OK) << days;
+    expect_midnight(date);
+  }
+}
+
+// A calendar that is turned one day at a time.
+class Calendar {
+public:
+  Day today() const { return day_; }
+
+  void next() {
+    ++day_.day;
+    if (day_.day > last_of_month()) {
+      day_.day = 1;
+      ++day_.month;
+    }
+    if (day_.month > 12) {
+      day_.month = 1;
+      ++day_.year;
+    }
+  }
+
+private:
+  int last_of_month() const {
+    switch (day_.month) {
+    case 4:
+    case 6:
+    case 9:
+    case 11:
+      return 30;
+    case 2:
+      if (day_.year % 400 == 0)
+        return 29;
+      if (day_.year % 100 == 0)
+        return 28;
+      return day_.year % 4 == 0 ? 29 : 28;
+    default:
+      return 31;
+    }
+  }
+
+  Day day_ = {999, 12, 31};
+};
+
+// The counts up to 3,000,000 that come out as month 13: 1 January of the year that heads the row and of
+// the seven leap years after it.
+struct MonthThirteen {
+  int first_year;
+  int counts[8];
+};
+
+constexpr MonthThirteen MONTH_THIRTEEN[] = {
+    {1104, {37985, 39446, 40907, 42368, 43829, 45290, 46751, 48212}},
+    {1504, {184082, 185543, 187004, 188465, 189926, 191387, 192848, 194309}},
+    {1904, {330179, 331640, 333101, 334562, 336023, 337484, 338945, 340406}},
+    {2304, {476276, 477737, 479198, 480659, 482120, 483581, 485042, 486503}},
+    {2704, {622373, 623834, 625295, 626756, 628217, 629678, 631139, 632600}},
+    {3104, {768470, 769931, 771392, 772853, 774314, 775775, 777236, 778697}},
+    {3504, {914567, 916028, 917489, 918950, 920411, 921872, 923333, 924794}},
+    {3904, {1060664, 1062125, 1063586, 1065047, 1066508, 1067969, 1069430, 1070891}},
+    {4304, {1206761, 1208222, 1209683, 1211144, 1212605, 1214066, 1215527, 1216988}},
+    {4704, {1352858, 1354319, 1355780, 1357241, 1358702, 1360163, 1361624, 1363085}},
+    {5104, {1498955, 1500416, 1501877, 1503338, 1504799, 1506260, 1507721, 1509182}},
+    {5504, {1645052, 1646513, 1647974, 1649435, 1650896, 1652357, 1653818, 1655279}},
+    {5904, {1791149, 1792610, 1794071, 1795532, 1796993, 1798454, 1799915, 1801376}},
+    {6304, {1937246, 1938707, 1940168, 1941629, 1943090, 1944551, 1946012, 1947473}},
+    {6704, {2083343, 2084804, 2086265, 2087726, 2089187, 2090648, 2092109, 2093570}},
+    {7104, {2229440, 2230901, 2232362, 2233823, 2235284, 2236745, 2238206, 2239667}},
+    {7504, {2375537, 2376998, 2378459, 2379920, 2381381, 2382842, 2384303, 2385764}},
+    {7904, {2521634, 2523095, 2524556, 2526017, 2527478, 2528939, 2530400, 2531861}},
+    {8304, {2667731, 2669192, 2670653, 2672114, 2673575, 2675036, 2676497, 2677958}},
+    {8704, {2813828, 2815289, 2816750, 2818211, 2819672, 2821133, 2822594, 2824055}},
+    {9104, {2959925, 2961386, 2962847, 2964308, 2965769, 2967230, 2968691, 2970152}},
+};
+
+// 0 for a count that is in no row.
+int year_of_month_thirteen(int days) {
+  for (const MonthThirteen &row : MONTH_THIRTEEN) {
+    for (int i = 0; i < 8; ++i) {
+      if (row.counts[i] == days) {
+        return row.first_year + 4 * i;
+      }
+    }
+  }
+  return 0;
+}
+
+TEST(DaysToDate, IsTheGregorianCalendarButForMonthThirteen) {
+  Calendar calendar;
+  int exceptions = 0;
+  for (int days = 0; days <= 3000000; ++days, calendar.next()) {
+    DATETIME date;
+    ASSERT_EQ(utils_days2date(static_cast<uint64_t>(days), &date), ERR_OK);
+    if (date.month <= 12) {
+      ASSERT_EQ(day_of(date), calendar.today()) << days;
+      continue;
+    }
+    ++exceptions;
+    const int year = year_of_month_thirteen(days);
+    ASSERT_EQ(calendar.today(), (Day{year, 1, 1})) << days;
+    ASSERT_EQ(day_of(date), (Day{year - 1, 13, 1})) << days;
+  }
+  EXPECT_EQ(exceptions, 168);
+}
+
+// Varnel's own oddity: the years leave 304 to 332 when divided by 400.
+TEST(DaysToDate, ComesOutAsMonthThirteenInEveryYearListed) {
+  for (const MonthThirteen &row : MONTH_THIRTEEN) {
+    EXPECT_EQ(row.first_year % 400, 304);
+    for (int i = 0; i < 8; ++i) {
+      DATETIME date = UNTOUCHED;
+      EXPECT_EQ(utils_days2date(static_cast<uint64_t>(row.counts[i]), &date), ERR_OK);
+      EXPECT_EQ(day_of(date), (Day{row.first_year + 4 * i - 1, 13, 1})) << row.counts[i];
+      expect_midnight(date);
+    }
+  }
+}
+
+} // namespace
