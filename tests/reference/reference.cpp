@@ -86,9 +86,11 @@ int utils_get_valid_field(const PARSE_RESULT *pResult, const int *fields, int co
 // ---- entry and export -------------------------------------------------------------------------------
 
 // The length of a text in UTF-16 units: one for each character, two for those above U+FFFF, and one for
-// each byte that belongs to no well-formed UTF-8 character.
+// each byte that belongs to no well-formed UTF-8 character. Counts beyond 1023 are all the same.
 int varnel_utf16_length(const char *text, std::size_t size) {
-  long long units = 0;
+  if (text == nullptr)
+    return 0;
+  std::size_t units = 0;
   std::size_t at = 0;
   while (at < size) {
     const auto byte = [&](std::size_t offset) {
@@ -97,7 +99,7 @@ int varnel_utf16_length(const char *text, std::size_t size) {
     const auto continues = [&](std::size_t offset) { return (byte(offset) & 0xC0U) == 0x80U; };
     const unsigned lead = byte(0);
     std::size_t bytes = 1; // also for what cannot be decoded
-    int units_here = 1;
+    std::size_t units_here = 1;
     if (lead >= 0xC2 && lead <= 0xDF && continues(1)) {
       bytes = 2;
     } else if (lead >= 0xE0 && lead <= 0xEF && continues(1) && continues(2)) {
@@ -116,7 +118,7 @@ int varnel_utf16_length(const char *text, std::size_t size) {
     at += bytes;
     units += units_here;
   }
-  return static_cast<int>(units);
+  return units < 1023 ? static_cast<int>(units) : 1023;
 }
 
 int parse_mrz(const char *text, int utf16_length, PARSE_RESULT *result, char *buffer, int buffer_size) {
