@@ -1,0 +1,211 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include <Varnel/Varnel.hpp>
+
+#include "vectors.hpp"
+
+namespace {
+
+using pairs = std::vector<std::pair<std::string, std::string>>;
+
+const std::string PASSPORT = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n"
+                             "L898902C36UTO7408122F1204159ZE184226B<<<<<10\n";
+const std::string CARD = "I<UTOD231458907<<<<<<<<<<<<<<<\n"
+                         "8001011M2804151UTO<<<<<<<<<<<6\n"
+                         "SVENSSON<<TOVE<<<<<<<<<<<<<<<<\n";
+
+const pairs PASSPORT_VALUES = {{"firstName", "ANNA"},
+                               {"lastName", "ERIKSSON"},
+                               {"middleName", "MARIA"},
+                               {"licenseNumber", "L898902C3"},
+                               {"birthDate", "19740812"},
+                               {"expirationDate", "20120415"},
+                               {"gender", "F"},
+                               {"countryCode", "UTO"},
+                               {"jurisdictionCode", ""},
+                               {"nationality", "UTO"},
+                               {"documentType", "PASSPORT"},
+                               {"issueDate", ""}};
+
+const pairs CARD_VALUES = {{"firstName", "TOVE"},     {"lastName", "SVENSSON"},
+                           {"middleName", ""},        {"licenseNumber", "D23145890"},
+                           {"birthDate", "19800101"}, {"expirationDate", "20280415"},
+                           {"gender", "M"},           {"countryCode", "UTO"},
+                           {"jurisdictionCode", ""},  {"nationality", "UTO"},
+                           {"documentType", "TD"},    {"issueDate", ""}};
+
+pairs values_of(const varnel::document &document) {
+  pairs values;
+  for (const auto [key, value] : document) {
+    values.emplace_back(key, value);
+  }
+  return values;
+}
+
+TEST(CppFace, ReadsADocument) {
+  const std::optional<varnel::document> document = varnel::parse_mrz(PASSPORT);
+  ASSERT_TRUE(document.has_value());
+  EXPECT_EQ(values_of(*document), PASSPORT_VALUES);
+}
+
+TEST(CppFace, GivesNothingForARefusedText) {
+  EXPECT_FALSE(varnel::parse_mrz("").has_value());
+  EXPECT_FALSE(varnel::parse_mrz(std::string_view()).has_value());
+  EXPECT_FALSE(varnel::parse_mrz({}).has_value());
+  EXPECT_FALSE(varnel::parse_mrz(" \n").has_value());
+  EXPECT_FALSE(varnel::parse_mrz("P<UTO").has_value());
+  EXPECT_FALSE(varnel::parse_mrz(std::string(88, '<')).has_value());
+}
+
+// The text is a view with a length of its own: NUL bytes in it are noise, and none need end it.
+TEST(CppFace, TakesTheTextAsAView) {
+  const std::string with_nul = std::string(1, '\0') + PASSPORT + std::string(3, '\0');
+  ASSERT_TRUE(varnel::parse_mrz(with_nul).has_value());
+  const std::string longer = PASSPORT + "NOT<OF<THE<VIEW";
+  ASSERT_TRUE(varnel::parse_mrz(std::string_view(longer).substr(0, PASSPORT.size())).has_value());
+  EXPECT_FALSE(varnel::parse_mrz(longer).has_value());
+  const std::unique_ptr<char[]> exact(new char[PASSPORT.size()]);
+  PASSPORT.copy(exact.get(), PASSPORT.size());
+  EXPECT_TRUE(varnel::parse_mrz({exact.get(), PASSPORT.size()}).has_value());
+}
+
+TEST(CppFace, FindsAValueByItsKey) {
+  const auto document = varnel::parse_mrz(PASSPORT);
+  ASSERT_TRUE(document.has_value());
+  for (const auto &[key, value] : PASSPORT_VALUES) {
+    const std::optional<std::string_view> found = document->get(key);
+    ASSERT_TRUE(found.has_value()) << key;
+    EXPECT_EQ(*found, value) << key;
+    EXPECT_NE(found->data(), nullptr) << key;
+  }
+}
+
+TEST(CppFace, KnowsNoOtherKey) {
+  const auto document = varnel::parse_mrz(PASSPORT);
+  ASSERT_TRUE(document.has_value());
+  for (const std::string_view unknown :
+       {std::string_view(), std::string_view(""), std::string_view("firstname"),
+        std::string_view("firstName "), std::string_view("first"), std::string_view("firstNames"),
+        std::string_view("ANNA"), std::string_view("personalNumber"), std::string_view("firstName\0", 10)}) {
+    EXPECT_FALSE(document->get(unknown).has_value()) << unknown;
+  }
+}
+
+TEST(CppFace, GoesThroughThePairsInOrder) {
+  static_assert(varnel::document::size() == 12, "known when compiled");
+  const auto document = varnel::parse_mrz(PASSPORT);
+  ASSERT_TRUE(document.has_value());
+
+  std::size_t index = 0;
+  for (const auto [key, value] : *document) {
+    ASSERT_LT(index, PASSPORT_VALUES.size());
+    EXPECT_EQ(key, PASSPORT_VALUES[index].first);
+    EXPECT_EQ(value, PASSPORT_VALUES[index].second);
+    const auto [same_key, same_value] = (*document)[index];
+    EXPECT_EQ(same_key, key);
+    EXPECT_EQ(same_value, value);
+    ++index;
+  }
+  EXPECT_EQ(index, 12u);
+}
+
+TEST(CppFace, IteratesAsAnyContainerDoes) {
+  const auto document = varnel::parse_mrz(PASSPORT);
+  ASSERT_TRUE(document.has_value());
+  EXPECT_EQ(std::distance(document->begin(), document->end()), 12);
+  const auto empty = std::count_if(document->begin(), document->end(),
+                                   [](const varnel::entry &e) { return e.second.empty(); });
+  EXPECT_EQ(empty, 2);
+  const std::map<std::string, std::string> by_key(document->begin(), document->end());
+  EXPECT_EQ(by_key.size(), 12u);
+  EXPECT_EQ(by_key.at("lastName"), "ERIKSSON");
+
+  auto at = document->begin();
+  EXPECT_TRUE(at == document->begin());
+  EXPECT_FALSE(at != document->begin());
+  EXPECT_EQ((*at++).first, "firstName");
+  EXPECT_EQ((*at).first, "lastName");
+  EXPECT_EQ((*++at).first, "middleName");
+  EXPECT_TRUE(at != document->begin());
+}
+
+// A document is a plain value: a copy reads its own memory, not the original's.
+TEST(CppFace, CopiesOutliveTheOriginal) {
+  static_assert(std::is_trivially_copyable_v<varnel::document>, "no ownership to hand over");
+  static_assert(!std::is_default_constructible_v<varnel::document>, "only a parse makes one");
+
+  auto original = std::make_unique<std::optional<varnel::document>>(varnel::parse_mrz(PASSPORT));
+  ASSERT_TRUE(original->has_value());
+  const varnel::document copy = **original;
+  const varnel::document moved = std::move(**original);
+  EXPECT_NE(copy.get("firstName")->data(), (**original).get("firstName")->data());
+  original.reset(); // the address sanitizer sees any view into it from here on
+  EXPECT_EQ(values_of(copy), PASSPORT_VALUES);
+  EXPECT_EQ(values_of(moved), PASSPORT_VALUES);
+}
+
+TEST(CppFace, AssignsAndKeepsManyDocuments) {
+  auto document = varnel::parse_mrz(PASSPORT);
+  const auto card = varnel::parse_mrz(CARD);
+  ASSERT_TRUE(document.has_value());
+  ASSERT_TRUE(card.has_value());
+  std::vector<varnel::document> kept;
+  for (int i = 0; i < 20; ++i) {
+    kept.push_back(i % 2 == 0 ? *document : *card); // moves its documents as it grows
+  }
+  *document = *card;
+  EXPECT_EQ(values_of(*document), CARD_VALUES);
+  document.reset();
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    EXPECT_EQ(values_of(kept[i]), i % 2 == 0 ? PASSPORT_VALUES : CARD_VALUES);
+  }
+}
+
+// Keys are constants of the library and outlive every document.
+TEST(CppFace, KeysOutliveTheDocument) {
+  std::vector<std::string_view> keys;
+  {
+    const auto document = std::make_unique<std::optional<varnel::document>>(varnel::parse_mrz(PASSPORT));
+    ASSERT_TRUE(document->has_value());
+    for (const varnel::entry &pair : **document) {
+      keys.push_back(pair.first);
+    }
+  }
+  ASSERT_EQ(keys.size(), 12u);
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    EXPECT_EQ(keys[i], PASSPORT_VALUES[i].first);
+  }
+}
+
+TEST(CppFace, ReadsEveryVectorAsItSays) {
+  for (const vectors::vector &vector : vectors::load()) {
+    SCOPED_TRACE(vector.name);
+    std::string answer = "null\n";
+    // A copy of exactly the text's size: the address sanitizer sees every read past it.
+    const std::unique_ptr<char[]> exact(new char[vector.text.size()]);
+    vector.text.copy(exact.get(), vector.text.size());
+    if (const auto document = varnel::parse_mrz({exact.get(), vector.text.size()})) {
+      nlohmann::ordered_json values = nlohmann::ordered_json::object();
+      for (const auto [key, value] : *document) {
+        values[std::string(key)] = value;
+      }
+      answer = values.dump() + "\n";
+    }
+    EXPECT_EQ(answer, vector.answer);
+  }
+}
+
+} // namespace
