@@ -42,7 +42,9 @@ public:
   Random() : engine_(seed_of_this_run()) {}
 
   // A number from low to high, both included.
-  int number(int low, int high) { return low + static_cast<int>(engine_() % (high - low + 1ULL)); }
+  int number(int low, int high) {
+    return low + static_cast<int>(engine_() % (static_cast<std::uint64_t>(high - low) + 1));
+  }
   bool one_in(int n) { return number(1, n) == 1; }
   // A number of any size: as many bits as drawn first.
   std::uint64_t bits() {
