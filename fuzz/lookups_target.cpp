@@ -76,9 +76,16 @@ void clamp_day(fuzz::input &in) {
   leap_day.seen(month == 2 && clamped == 29);
 }
 
+uint64_t any_day_count(fuzz::input &in) {
+  if (in.flag()) {
+    const uint64_t hundreds = static_cast<uint64_t>(in.number(0, 32767));
+    return hundreds * 100 + in.byte();
+  }
+  return in.any_uint64();
+}
+
 void count_days(fuzz::input &in) {
-  const uint64_t days =
-      in.flag() ? static_cast<uint64_t>(in.number(0, 32767)) * 100 + in.byte() : in.any_uint64();
+  const uint64_t days = any_day_count(in);
   DATETIME ours = UNTOUCHED;
   DATETIME expected = UNTOUCHED;
   equal("utils_days2date", utils_days2date(days, &ours), reference::utils_days2date(days, &expected));

@@ -150,8 +150,9 @@ void check_characters(fuzz::input &in) {
   equal("utils_strcheck_f", answer, reference::utils_strcheck_f(&from.view, f));
   check_notes(asked);
   const memory terminated(std::string(from.text.text()) + '\0');
-  equal("utils_cstrcheck_f", utils_cstrcheck_f(terminated.data(), f),
-        (asked = fuzz::take_notes(), reference::utils_cstrcheck_f(terminated.data(), f)));
+  const int c_answer = utils_cstrcheck_f(terminated.data(), f);
+  asked = fuzz::take_notes();
+  equal("utils_cstrcheck_f", c_answer, reference::utils_cstrcheck_f(terminated.data(), f));
   check_notes(asked);
   equal("no view", utils_strcheck_f(nullptr, f), -1);
   equal("no text", utils_cstrcheck_f(nullptr, f), -1);

@@ -104,7 +104,11 @@ int any_field(fuzz::input &in) {
   if (kind < 8) {
     return FIELD_FAMILY_NAME + kind; // a few slots again and again
   }
-  return kind < 15 ? in.number(0, FIELD_COUNT - 1) : (in.flag() ? FIELD_COUNT : -1) + in.number(-3, 3);
+  if (kind < 15) {
+    return in.number(0, FIELD_COUNT - 1);
+  }
+  const int edge = in.flag() ? FIELD_COUNT : -1;
+  return edge + in.number(-3, 3);
 }
 
 DATETIME any_date(fuzz::input &in) {
