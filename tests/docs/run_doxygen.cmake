@@ -39,6 +39,7 @@ foreach(expected IN ITEMS
     "group__varnel__mrz.html;MRZ_passport_parse"
     "group__varnel__document.html;varnel_parse_mrz"
     "group__varnel__types.html;nationality (MRZ)"
+    "interfaceVarnel.html;parseMRZStringForDictionary"
     "utilities.html;Calendar dates")
   list(GET expected 0 page)
   list(GET expected 1 words)
