@@ -2,6 +2,7 @@
 
 #include "slots.hpp"
 
+#include <algorithm>
 #include <charconv>
 
 namespace varnel::cli {
@@ -70,9 +71,11 @@ void put_json_text(output &out, std::string_view text) {
   }
 }
 
+constexpr bool needs_quotes(char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; }
+
 // A CSV cell as RFC 4180 has it.
 void put_csv_cell(output &out, std::string_view text) {
-  if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+  if (std::none_of(text.begin(), text.end(), needs_quotes)) {
     out.put(text);
     return;
   }

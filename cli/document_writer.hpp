@@ -21,6 +21,9 @@ public:
   /** What stands before the first document: the header row of CSV. */
   void begin();
 
+  /** Whether titles are shown at all: only tables have any. */
+  bool shows_titles() const { return format_ == format::table; }
+
   /**
    * One document that was read.
    *

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <memory>
 
 #include <unistd.h>
 
@@ -40,7 +41,8 @@ int main(int argc, char **argv) {
   using namespace varnel::cli;
   std::signal(SIGPIPE, SIG_IGN); // a write to a closed pipe fails instead, whoever started this program
 
-  static output out(STDOUT_FILENO);
+  const auto standard_output = std::make_unique<output>(STDOUT_FILENO);
+  output &out = *standard_output;
   const command_line line = read_command_line(argc, argv);
   if (!line.complaint.empty()) {
     complain(line.complaint);

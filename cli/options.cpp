@@ -7,7 +7,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <map>
+#include <string_view>
+
+#include <unistd.h>
 
 namespace varnel::cli {
 
@@ -62,6 +66,9 @@ std::string unknown_option(const std::string &word, const CLI::App &app) {
 }
 
 std::string unknown_command(const std::string &word) {
+  if (access(word.c_str(), F_OK) == 0) {
+    return "unknown command '" + word + "'; to read a file, type: varnel parse " + word;
+  }
   return "unknown command '" + word + "'" + did_you_mean(word, {"parse", "element", "soundex"});
 }
 
@@ -102,7 +109,7 @@ command_line read_command_line(int argc, const char *const *argv) {
       ->add_option("--each", each,
                    "Read many documents from each file: one per 'line', or one per 'block' of\n"
                    "lines between blank lines")
-      ->option_text("line|block")
+      ->type_name("line|block")
       ->take_last();
   parse->add_flag("--slots", asked.slots, "Show every filled slot of the record too, by its constant's name");
 
@@ -117,14 +124,17 @@ command_line read_command_line(int argc, const char *const *argv) {
         ->add_option("--format", how,
                      "How to print: json, table or csv (default: a table on a terminal, JSON\n"
                      "otherwise)")
-        ->option_text("json|table|csv")
+        ->type_name("json|table|csv")
         ->take_last();
     command->allow_extras();
     command->footer(EXIT_CODES);
   }
 
+  // Whatever stands behind "--" is an operand, however it looks.
+  const char *const *const end = argv + argc;
+  const char *const *const dashes = std::find(argv, end, std::string_view("--"));
   try {
-    app.parse(argc, argv);
+    app.parse(static_cast<int>(dashes - argv), argv);
   } catch (const CLI::CallForHelp &) {
     return {std::nullopt, app.help(), "", EXIT_ALL_READ};
   } catch (const CLI::CallForVersion &) {
@@ -139,6 +149,12 @@ command_line read_command_line(int argc, const char *const *argv) {
     for (const std::string &word : place->remaining()) {
       return misused(word[0] == '-' ? unknown_option(word, used) : unknown_command(word));
     }
+  }
+  for (const char *const *word = dashes; end - word > 1; ++word) {
+    asked.operands.emplace_back(word[1]);
+  }
+  if (commands.empty() && !asked.operands.empty()) {
+    return misused(unknown_command(asked.operands.front()));
   }
   if (commands.empty()) {
     return {std::nullopt, app.help(), "", EXIT_TROUBLE};

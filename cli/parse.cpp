@@ -15,7 +15,14 @@ namespace varnel::cli {
 
 namespace {
 
-constexpr int ZONE_LENGTHS[] = {72, 88, 90};
+// The lengths of a zone after clean-up, by ICAO Doc 9303.
+struct zone_kind {
+  int length;
+  const char *documents;
+};
+constexpr zone_kind ZONE_KINDS[] = {
+    {72, "TD2 card, short visa"}, {88, "passport, long visa"}, {90, "TD1 card"}};
+constexpr int LONGEST_ZONE = 90;
 
 // A file of the command line, or standard input for "-". Closed when it goes, standard input excepted.
 class input {
@@ -74,18 +81,18 @@ std::string refusal(std::string_view text) {
   char zone[VARNEL_EXAMINED_MAX + 1];
   int length = 0;
   normalize_mrz(text.data(), varnel_utf16_length(text.data(), text.size()), zone, sizeof zone, &length);
-  std::string sentence = "not a machine-readable zone: " + std::to_string(length) +
-                         (length == 1 ? " character" : " characters") + " after clean-up, ";
-  for (const int zone_length : ZONE_LENGTHS) {
-    if (length == zone_length) {
-      return sentence + "a length that fits, but the document code or another field is none that is known";
+  const std::string found = "not a machine-readable zone: " + std::to_string(length) +
+                            (length == 1 ? " character" : " characters") + " after clean-up, ";
+  std::string expected;
+  for (const zone_kind &kind : ZONE_KINDS) {
+    if (length == kind.length) {
+      return found + "as expected (" + kind.documents + "), but the content was refused";
     }
+    expected += expected.empty() ? "expected " : kind.length == LONGEST_ZONE ? " or " : ", ";
+    expected += std::to_string(kind.length) + " (" + kind.documents + ")";
   }
-  sentence += "expected 72 (TD2 card, short visa), 88 (passport, long visa) or 90 (TD1 card)";
-  if (length > ZONE_LENGTHS[2]) {
-    sentence += "; many documents in one file are read with --each line or --each block";
-  }
-  return sentence;
+  const bool many = length > LONGEST_ZONE;
+  return found + expected + (many ? "; several documents are read with --each line or --each block" : "");
 }
 
 class parse_run {
@@ -136,9 +143,7 @@ private:
 
   void read(const document_text &document, const std::string &file) {
     const std::uint64_t number = ++counts_.documents;
-    const std::string title = batch_                 ? "document " + std::to_string(number)
-                              : operands_.size() > 1 ? file
-                                                     : "";
+    const std::string title = writer_.shows_titles() ? title_of(number, file) : "";
     const int length = varnel_utf16_length(document.text.data(), document.text.size());
     if (varnel_parse_mrz(document.text.data(), length, &result_, buffer_, sizeof buffer_) == ERR_OK) {
       writer_.accepted(number, result_, title);
@@ -153,6 +158,13 @@ private:
       out_.flush();
       tell(file + ": " + refusal(document.text));
     }
+  }
+
+  std::string title_of(std::uint64_t number, const std::string &file) const {
+    if (batch_) {
+      return "document " + std::to_string(number);
+    }
+    return operands_.size() > 1 ? file : "";
   }
 
   void tell(const std::string &message) {

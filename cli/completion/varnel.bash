@@ -1,0 +1,41 @@
+# bash completion of varnel
+_varnel() {
+  local word="${COMP_WORDS[COMP_CWORD]}" before="${COMP_WORDS[COMP_CWORD - 1]}" command="" i
+  COMPREPLY=()
+  for ((i = 1; i < COMP_CWORD; i++)); do
+    case "${COMP_WORDS[i]}" in
+      parse | element | soundex)
+        command="${COMP_WORDS[i]}"
+        break
+        ;;
+    esac
+  done
+  case "$before" in
+    --format)
+      COMPREPLY=($(compgen -W "json table csv" -- "$word"))
+      return
+      ;;
+    --each)
+      COMPREPLY=($(compgen -W "line block" -- "$word"))
+      return
+      ;;
+  esac
+  case "$command" in
+    parse)
+      if [[ "$word" == -* ]]; then
+        COMPREPLY=($(compgen -W "--each --format --help --slots" -- "$word"))
+      else
+        compopt -o filenames 2>/dev/null
+        local IFS=$'\n'
+        COMPREPLY=($(compgen -f -- "$word"))
+      fi
+      ;;
+    element | soundex)
+      COMPREPLY=($(compgen -W "--format --help" -- "$word"))
+      ;;
+    *)
+      COMPREPLY=($(compgen -W "parse element soundex --help --version" -- "$word"))
+      ;;
+  esac
+}
+complete -F _varnel varnel

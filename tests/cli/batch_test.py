@@ -1,0 +1,141 @@
+"""varnel parse --each: many documents from a stream."""
+
+import pathlib
+import tempfile
+import unittest
+
+from support import (CARD, CSV_HEADER, PASSPORT, PASSPORT_JSON, PASSPORT_LINE, PASSPORT_ROW, VECTORS, varnel)
+
+MIB = 1 << 20
+
+
+def each(how, text, *arguments):
+    return varnel("parse", "--each", how, *arguments, text=text)
+
+
+class Lines(unittest.TestCase):
+    def test_one_answer_per_line_in_input_order(self):
+        card = each("line", CARD.replace(b"\n", b""))[1]
+        self.assertTrue(card.startswith(b'{"firstName":"ANNA"'))
+        self.assertEqual(each("line", PASSPORT_LINE + CARD.replace(b"\n", b"") + b"\n" + PASSPORT_LINE),
+                         (0, PASSPORT_JSON + card + PASSPORT_JSON, b""))
+
+    def test_empty_lines_are_refused_documents(self):
+        self.assertEqual(each("line", b"\n" + PASSPORT_LINE + b"\n\n"),
+                         (1, b"null\n" + PASSPORT_JSON + b"null\nnull\n", b""))
+
+    def test_refused_lines_are_not_reported_one_by_one(self):
+        self.assertEqual(each("line", b"nothing\n" * 3), (1, b"null\n" * 3, b""))
+
+    def test_no_lines_give_nothing(self):
+        self.assertEqual(each("line", b""), (0, b"", b""))
+
+    def test_the_last_line_needs_no_line_feed(self):
+        self.assertEqual(each("line", PASSPORT_LINE + PASSPORT_LINE[:-1]), (0, PASSPORT_JSON * 2, b""))
+
+    def test_carriage_returns_do_no_harm(self):
+        self.assertEqual(each("line", PASSPORT_LINE[:-1] + b"\r\n"), (0, PASSPORT_JSON, b""))
+
+    def test_csv_numbers_every_line(self):
+        self.assertEqual(each("line", b"\n" + PASSPORT_LINE + b"x\n", "--format", "csv"),
+                         (1, CSV_HEADER + b"1,,,,,,,,,,,,\n2," + PASSPORT_ROW + b"3,,,,,,,,,,,,\n", b""))
+
+    def test_tables_are_headed_by_numbers(self):
+        code, out, err = each("line", b"\n" + PASSPORT_LINE, "--format", "table")
+        self.assertEqual((code, err), (1, b""))
+        self.assertTrue(out.startswith(b"document 1\nrefused\n\ndocument 2\nfirstName         ANNA\n"))
+
+    def test_slots(self):
+        _, out, _ = each("line", PASSPORT_LINE * 2, "--slots")
+        self.assertEqual(out, varnel("parse", "--slots", text=PASSPORT)[1] * 2)
+
+    def test_a_line_of_1_mib_is_read_and_a_longer_one_an_error_for_itself(self):
+        line = PASSPORT_LINE[:-1]
+        longest = line + b" " * (MIB - len(line)) + b"\n"
+        self.assertEqual(each("line", longest + PASSPORT_LINE), (0, PASSPORT_JSON * 2, b""))
+        code, out, err = each("line", PASSPORT_LINE + b" " + longest + PASSPORT_LINE)
+        self.assertEqual((code, out), (1, PASSPORT_JSON + b"null\n" + PASSPORT_JSON))
+        self.assertEqual(err, b"varnel: standard input: line 2: longer than 1 MiB, refused\n")
+
+    def test_a_long_line_without_an_end(self):
+        code, out, err = each("line", b"P" * (3 * MIB), "--format", "csv")
+        self.assertEqual((code, out), (1, CSV_HEADER + b"1,,,,,,,,,,,,\n"))
+        self.assertEqual(err, b"varnel: standard input: line 1: longer than 1 MiB, refused\n")
+
+    def test_any_bytes(self):
+        text = bytes(range(256)) * 40
+        lines = text.count(b"\n") + 1
+        self.assertEqual(each("line", text), (1, b"null\n" * lines, b""))
+
+    def test_files_follow_each_other_and_numbers_go_on(self):
+        with tempfile.TemporaryDirectory() as place:
+            one, two = pathlib.Path(place) / "one", pathlib.Path(place) / "two"
+            one.write_bytes(PASSPORT_LINE[:-1])  # no line feed: its last line ends with the file all the same
+            two.write_bytes(b"x" * (MIB + 1) + b"\n" + PASSPORT_LINE)
+            code, out, err = varnel("parse", "--each=line", "--format=csv", one, "/nonexistent", "-", two,
+                                    text=PASSPORT_LINE)
+        self.assertEqual(code, 2)
+        self.assertEqual(out, CSV_HEADER + b"1," + PASSPORT_ROW + b"2," + PASSPORT_ROW + b"3,,,,,,,,,,,,\n4," +
+                         PASSPORT_ROW)
+        self.assertEqual(err.decode(), "varnel: /nonexistent: No such file or directory\n"
+                         f"varnel: {two}: line 1: longer than 1 MiB, refused\n")
+
+    def test_100000_lines(self):
+        documents = PASSPORT_LINE * 99 + b"\n"
+        answers = PASSPORT_JSON * 99 + b"null\n"
+        self.assertEqual(each("line", documents * 1000), (1, answers * 1000, b""))
+
+
+class Blocks(unittest.TestCase):
+    def test_blank_lines_part_documents(self):
+        self.assertEqual(each("block", PASSPORT + b"\n" + PASSPORT), (0, PASSPORT_JSON * 2, b""))
+
+    def test_any_number_of_blank_lines(self):
+        blank = b"\n \t\n\r\n\n"
+        self.assertEqual(each("block", PASSPORT + blank + PASSPORT), (0, PASSPORT_JSON * 2, b""))
+
+    def test_blank_lines_before_and_behind_are_no_documents(self):
+        self.assertEqual(each("block", b"\n  \n\r\n" + PASSPORT + b"\n\n\t\n  "), (0, PASSPORT_JSON, b""))
+
+    def test_nothing_but_blank_lines(self):
+        self.assertEqual(each("block", b"\n \n\t\r\n"), (0, b"", b""))
+        self.assertEqual(each("block", b""), (0, b"", b""))
+
+    def test_the_last_block_needs_no_line_feed(self):
+        self.assertEqual(each("block", PASSPORT + b"\n" + PASSPORT[:-1]), (0, PASSPORT_JSON * 2, b""))
+
+    def test_a_refused_block_keeps_its_place(self):
+        self.assertEqual(each("block", PASSPORT + b"\nnot a zone\nat all\n\n" + PASSPORT, "--format", "csv"),
+                         (1, CSV_HEADER + b"1," + PASSPORT_ROW + b"2,,,,,,,,,,,,\n3," + PASSPORT_ROW, b""))
+
+    def test_a_nul_byte_makes_no_line_blank(self):
+        self.assertEqual(each("block", b"\0\n\n" + PASSPORT), (1, b"null\n" + PASSPORT_JSON, b""))
+
+    def test_a_block_over_1_mib_is_an_error_for_itself(self):
+        long_block = (b"x" * 1023 + b"\n") * 1024 + b"y\n"
+        code, out, err = each("block", b"\n" + PASSPORT + b"\n" + long_block + b"\n" + PASSPORT)
+        self.assertEqual((code, out), (1, PASSPORT_JSON + b"null\n" + PASSPORT_JSON))
+        self.assertEqual(err, b"varnel: standard input: block at line 5: longer than 1 MiB, refused\n")
+
+    def test_blank_lines_may_be_of_any_length(self):
+        self.assertEqual(each("block", b" " * (2 * MIB) + b"\n" + PASSPORT + b"\t" * (2 * MIB) + b"\n" + PASSPORT),
+                         (0, PASSPORT_JSON * 2, b""))
+
+    def test_all_vectors_one_after_the_other(self):
+        documents, answers = [], []
+        for path in sorted(VECTORS.glob("*/*.mrz")):
+            text = path.read_bytes()
+            lines = text.removesuffix(b"\n").split(b"\n")
+            # A blank line inside would part the text, and a text that is not ASCII is shorter in units than
+            # in bytes, so that the line feed behind it counts, which a block does not have.
+            if text.isascii() and all(line.strip(b" \t\r") for line in lines):
+                documents.append(text.removesuffix(b"\n") + b"\n")
+                answers.append(path.with_suffix(".json").read_bytes())
+        self.assertGreaterEqual(len(documents), 40)
+        code, out, err = each("block", b"\n".join(documents))
+        self.assertEqual(out.splitlines(), b"".join(answers).splitlines())
+        self.assertEqual((code, err), (1, b""))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,248 @@
+// Documents come out the same however small the pieces are in which the input comes in.
+#include "document_reader.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <vector>
+
+using varnel::cli::document_reader;
+using varnel::cli::document_text;
+using varnel::cli::split;
+
+namespace {
+
+struct found {
+  std::string text;
+  std::uint64_t line;
+  bool over_long;
+
+  bool operator==(const found &other) const {
+    return text == other.text && line == other.line && over_long == other.over_long;
+  }
+};
+
+std::ostream &operator<<(std::ostream &out, const found &document) {
+  return out << "line " << document.line << (document.over_long ? " over-long " : " ") << document.text.size()
+             << ":" << testing::PrintToString(document.text.substr(0, 40));
+}
+
+// Hands the input out in pieces, and then fails or ends.
+document_reader::read_function in_pieces(std::string_view input, std::size_t piece, bool fails = false) {
+  return [input, piece, fails](char *into, std::size_t room) mutable -> std::ptrdiff_t {
+    const std::size_t count = std::min({input.size(), piece, room});
+    std::memcpy(into, input.data(), count);
+    input.remove_prefix(count);
+    return count == 0 && fails ? -1 : static_cast<std::ptrdiff_t>(count);
+  };
+}
+
+std::vector<found> rest_of(document_reader &reader) {
+  std::vector<found> documents;
+  document_text document;
+  while (reader.next(document)) {
+    documents.push_back({std::string(document.text), document.line, document.over_long});
+  }
+  EXPECT_FALSE(reader.next(document)) << "the end is the end";
+  return documents;
+}
+
+constexpr std::size_t PIECES[] = {1, 2, 3, 7, 64, 4096, document_reader::READ_SIZE, std::size_t{1} << 30};
+
+void expect_documents(split how, const std::string &input, const std::vector<found> &expected) {
+  document_reader reader(how);
+  for (const std::size_t piece : PIECES) {
+    if (input.size() / piece > 100'000) {
+      continue;
+    }
+    reader.open(in_pieces(input, piece));
+    EXPECT_EQ(rest_of(reader), expected) << "in pieces of " << piece;
+    EXPECT_FALSE(reader.failed());
+  }
+}
+
+std::string times(std::size_t count, const std::string &text) {
+  std::string repeated;
+  for (std::size_t i = 0; i < count; ++i) {
+    repeated += text;
+  }
+  return repeated;
+}
+
+const std::size_t COUNTED = document_reader::COUNTED;
+const std::size_t LONGEST = static_cast<std::size_t>(document_reader::LONGEST);
+
+} // namespace
+
+TEST(Limits, AreTheseBytes) {
+  EXPECT_EQ(COUNTED, 3069u);
+  EXPECT_EQ(LONGEST, 1048576u);
+}
+
+TEST(Whole, IsOneDocument) {
+  expect_documents(split::whole, "", {{"", 1, false}});
+  expect_documents(split::whole, "a\nb\n\nc\n", {{"a\nb\n\nc\n", 1, false}});
+  expect_documents(split::whole, std::string("\0\xff\r\n", 4), {{std::string("\0\xff\r\n", 4), 1, false}});
+}
+
+TEST(Whole, IsCutToWhatCounts) {
+  expect_documents(split::whole, times(COUNTED, "x"), {{times(COUNTED, "x"), 1, false}});
+  expect_documents(split::whole, times(COUNTED, "x") + "y", {{times(COUNTED, "x"), 1, false}});
+  expect_documents(split::whole, times(LONGEST + 1, "x"), {{times(COUNTED, "x"), 1, false}});
+}
+
+TEST(Whole, ReadsNoFurtherThanItMust) {
+  int reads = 0;
+  document_reader reader(split::whole);
+  reader.open([&](char *into, std::size_t) -> std::ptrdiff_t {
+    ++reads;
+    std::memset(into, 'x', 1000);
+    return 1000;
+  });
+  EXPECT_EQ(rest_of(reader), (std::vector<found>{{times(COUNTED, "x"), 1, false}}));
+  EXPECT_EQ(reads, 4);
+}
+
+TEST(Line, EveryLineIsADocument) {
+  expect_documents(split::line, "", {});
+  expect_documents(split::line, "\n", {{"", 1, false}});
+  expect_documents(split::line, "a", {{"a", 1, false}});
+  expect_documents(split::line, "a\n", {{"a", 1, false}});
+  expect_documents(split::line, "a\n\n b \r\n\nc",
+                   {{"a", 1, false}, {"", 2, false}, {" b \r", 3, false}, {"", 4, false}, {"c", 5, false}});
+  expect_documents(split::line, std::string("\0\n\xff", 3),
+                   {{std::string(1, '\0'), 1, false}, {"\xff", 2, false}});
+}
+
+TEST(Line, IsCutToWhatCounts) {
+  const std::string long_line = times(COUNTED, "x") + "y";
+  expect_documents(split::line, long_line + "\nz\n", {{times(COUNTED, "x"), 1, false}, {"z", 2, false}});
+}
+
+TEST(Line, OfMoreThanTheLongestIsNoDocument) {
+  expect_documents(split::line, times(LONGEST, "x") + "\nz",
+                   {{times(COUNTED, "x"), 1, false}, {"z", 2, false}});
+  expect_documents(split::line, "a\n" + times(LONGEST + 1, "x") + "\nz",
+                   {{"a", 1, false}, {"", 2, true}, {"z", 3, false}});
+  expect_documents(split::line, times(LONGEST + 1, "x"), {{"", 1, true}});
+}
+
+TEST(Block, EndsAtABlankLine) {
+  expect_documents(split::block, "", {});
+  expect_documents(split::block, "\n \n\t\r\n", {});
+  expect_documents(split::block, " ", {});
+  expect_documents(split::block, "a", {{"a", 1, false}});
+  expect_documents(split::block, "a\n", {{"a", 1, false}});
+  expect_documents(split::block, "a\nb\n", {{"a\nb", 1, false}});
+  expect_documents(split::block, "a\n b\n\nc", {{"a\n b", 1, false}, {"c", 4, false}});
+  expect_documents(split::block, "\n\na\r\nb\r\n\r\n \t \n\nc\n\n\n",
+                   {{"a\r\nb\r", 3, false}, {"c", 8, false}});
+  expect_documents(split::block, std::string("\0\n\n\v\n", 5),
+                   {{std::string(1, '\0'), 1, false}, {"\v", 3, false}});
+}
+
+TEST(Block, KeepsTheBlanksOfItsLines) {
+  expect_documents(split::block, "  a\t\n b ", {{"  a\t\n b ", 1, false}});
+}
+
+TEST(Block, IsCutToWhatCounts) {
+  const std::string head = times(COUNTED - 1, "x") + "\n";
+  expect_documents(split::block, head + "y\n\nz", {{head, 1, false}, {"z", 4, false}});
+  expect_documents(split::block, head + "\nz", {{head.substr(0, COUNTED - 1), 1, false}, {"z", 3, false}});
+}
+
+TEST(Block, OfMoreThanTheLongestIsNoDocument) {
+  const std::string lines = times(1024, times(1023, "x") + "\n"); // 1 MiB, its last line feed included
+  const std::string counted = lines.substr(0, COUNTED);
+  expect_documents(split::block, lines + "\nz", {{counted, 1, false}, {"z", 1026, false}});
+  expect_documents(split::block, lines + "y\n\nz", {{"", 1, true}, {"z", 1027, false}});
+  expect_documents(split::block, "a\n\n" + lines + "y", {{"a", 1, false}, {"", 3, true}});
+}
+
+TEST(Block, BlankLinesOfAnyLengthAreNoPartOfIt) {
+  const std::string blanks = times(LONGEST + 1, " ") + "\n";
+  expect_documents(split::block, blanks + "a\n" + blanks + "b", {{"a", 2, false}, {"b", 4, false}});
+  expect_documents(split::block, times(LONGEST, " ") + "a", {{"", 1, true}});
+}
+
+TEST(Failure, TakesTheDocumentItBrokeOff) {
+  const std::vector<std::pair<split, std::vector<found>>> expected = {
+      {split::whole, {}},
+      {split::line, {{"a", 1, false}, {"", 2, false}, {"b", 3, false}}},
+      {split::block, {{"a", 1, false}}},
+  };
+  for (const auto &[how, documents] : expected) {
+    document_reader reader(how);
+    for (const std::size_t piece : {std::size_t{1}, std::size_t{100}}) {
+      reader.open(in_pieces("a\n\nb\nc", piece, true));
+      EXPECT_EQ(rest_of(reader), documents);
+      EXPECT_TRUE(reader.failed());
+    }
+    reader.open(in_pieces("new\n", 100));
+    EXPECT_EQ(rest_of(reader).size(), 1u);
+    EXPECT_FALSE(reader.failed());
+  }
+}
+
+TEST(Reader, ForgetsTheInputBefore) {
+  document_reader reader(split::line);
+  document_text document;
+  EXPECT_FALSE(reader.next(document)) << "nothing is open";
+  reader.open(in_pieces("a\nb\nc\n", 100));
+  ASSERT_TRUE(reader.next(document));
+  reader.open(in_pieces("d", 100));
+  EXPECT_EQ(rest_of(reader), (std::vector<found>{{"d", 1, false}}));
+}
+
+// The plain way to the same blocks and lines: all of the input at once, line by line.
+namespace {
+
+std::vector<found> plainly(split how, const std::string &input) {
+  std::vector<found> documents;
+  std::string block;
+  std::uint64_t number = 0;
+  std::uint64_t first = 0;
+  const auto finish = [&] {
+    if (!block.empty()) {
+      documents.push_back({block.substr(0, block.size() - 1), first, false});
+    }
+    block.clear();
+  };
+  for (std::size_t at = 0; at < input.size();) {
+    const std::size_t end = std::min(input.find('\n', at), input.size());
+    const std::string line = input.substr(at, end - at);
+    ++number;
+    if (how == split::line) {
+      documents.push_back({line, number, false});
+    } else if (line.find_first_not_of(" \t\r") == std::string::npos) {
+      finish();
+    } else {
+      first = block.empty() ? number : first;
+      block += line + "\n";
+    }
+    at = end + 1;
+  }
+  finish();
+  return documents;
+}
+
+} // namespace
+
+TEST(Reader, AgreesWithThePlainWayOnShortInputsOfEveryShape) {
+  constexpr char BYTES[] = {'\n', ' ', 'a'};
+  for (int code = 0; code < 3 * 3 * 3 * 3 * 3 * 3 * 3; ++code) {
+    std::string input;
+    for (int rest = code; rest > 0; rest /= 3) {
+      input += BYTES[rest % 3];
+    }
+    for (const split how : {split::line, split::block}) {
+      for (const std::size_t piece : {std::size_t{1}, std::size_t{2}, std::size_t{100}}) {
+        document_reader reader(how);
+        reader.open(in_pieces(input, piece));
+        ASSERT_EQ(rest_of(reader), plainly(how, input)) << testing::PrintToString(input) << " by " << piece;
+      }
+    }
+  }
+}

@@ -1,0 +1,226 @@
+"""varnel parse, one document per file."""
+
+import json
+import os
+import pathlib
+import random
+import tempfile
+import unittest
+
+from support import (CARD, CSV_HEADER, KEYS, PASSPORT, PASSPORT_JSON, PASSPORT_ROW, PASSPORT_SLOTS,
+                     PASSPORT_VALUES, VECTORS, varnel)
+
+LENGTHS = "expected 72 (TD2 card, short visa), 88 (passport, long visa) or 90 (TD1 card)"
+
+
+class Folder(unittest.TestCase):
+    def setUp(self):
+        self.place = tempfile.TemporaryDirectory()
+        self.addCleanup(self.place.cleanup)
+
+    def file(self, name, text):
+        path = pathlib.Path(self.place.name) / name
+        path.write_bytes(text)
+        return path
+
+
+class Inputs(Folder):
+    def test_standard_input_is_read_when_no_file_is_named(self):
+        self.assertEqual(varnel("parse", text=PASSPORT), (0, PASSPORT_JSON, b""))
+
+    def test_a_hyphen_is_standard_input(self):
+        self.assertEqual(varnel("parse", "-", text=PASSPORT), (0, PASSPORT_JSON, b""))
+
+    def test_a_file(self):
+        self.assertEqual(varnel("parse", self.file("p", PASSPORT)), (0, PASSPORT_JSON, b""))
+
+    def test_files_and_standard_input_in_the_order_named(self):
+        card = self.file("card", CARD)
+        code, out, err = varnel("parse", card, "-", card, text=PASSPORT)
+        lines = out.splitlines(keepends=True)
+        self.assertEqual((code, len(lines), lines[1], err), (0, 3, PASSPORT_JSON, b""))
+        self.assertEqual(json.loads(lines[0])["documentType"], "TD")
+        self.assertEqual(lines[0], lines[2])
+
+    def test_a_file_may_be_named_like_a_command_or_an_option(self):
+        self.file("element", PASSPORT)
+        self.file("--slots", PASSPORT)
+        self.file("--", PASSPORT)
+        self.assertEqual(varnel("parse", "element", "--", "--slots", "--", "element", cwd=self.place.name),
+                         (0, PASSPORT_JSON * 4, b""))
+
+    def test_options_may_stand_behind_files(self):
+        code, out, _ = varnel("parse", self.file("p", PASSPORT), "--format", "csv")
+        self.assertEqual((code, out), (0, CSV_HEADER + b"1," + PASSPORT_ROW))
+
+    def test_a_file_that_is_missing_is_named_and_the_others_done(self):
+        good = self.file("p", PASSPORT)
+        missing = pathlib.Path(self.place.name) / "missing"
+        code, out, err = varnel("parse", good, missing, good)
+        self.assertEqual((code, out), (2, PASSPORT_JSON * 2))
+        self.assertEqual(err.decode(), f"varnel: {missing}: No such file or directory\n")
+
+    def test_a_folder_is_no_file(self):
+        code, out, err = varnel("parse", self.place.name)
+        self.assertEqual((code, out), (2, b""))
+        self.assertEqual(err.decode(), f"varnel: {self.place.name}: Is a directory\n")
+
+    @unittest.skipIf(os.geteuid() == 0, "everything is readable to root")
+    def test_a_file_that_may_not_be_read(self):
+        closed = self.file("p", PASSPORT)
+        closed.chmod(0)
+        code, out, err = varnel("parse", closed)
+        self.assertEqual((code, out, err.decode()), (2, b"", f"varnel: {closed}: Permission denied\n"))
+
+    def test_trouble_outweighs_refusal(self):
+        code, out, _ = varnel("parse", self.file("empty", b""), "/nonexistent")
+        self.assertEqual((code, out), (2, b"null\n"))
+
+    def test_control_characters_of_a_file_name_are_made_visible(self):
+        _, _, err = varnel("parse", "no\033[31m\nsuch")
+        self.assertEqual(err, b"varnel: no?[31m?such: No such file or directory\n")
+
+
+class Refusals(Folder):
+    def refusal(self, text):
+        code, out, err = varnel("parse", text=text)
+        self.assertEqual((code, out), (1, b"null\n"))
+        return err.decode()
+
+    def test_the_sentence_names_the_file_and_the_length_found(self):
+        path = self.file("note", b"A" * 75)
+        code, out, err = varnel("parse", path)
+        self.assertEqual((code, out), (1, b"null\n"))
+        self.assertEqual(err.decode(), f"varnel: {path}: not a machine-readable zone: "
+                         f"75 characters after clean-up, {LENGTHS}\n")
+
+    def test_no_text_at_all(self):
+        self.assertEqual(self.refusal(b""), "varnel: standard input: not a machine-readable zone: "
+                         f"0 characters after clean-up, {LENGTHS}\n")
+
+    def test_one_character(self):
+        self.assertIn(": 1 character after", self.refusal(b"A"))
+
+    def test_the_length_is_that_after_clean_up(self):
+        self.assertIn(": 4 characters after", self.refusal(b"  a<\r\n\0\xff B.1 "))
+
+    def test_a_length_that_fits(self):
+        for length, kinds in ((72, "TD2 card, short visa"), (88, "passport, long visa"), (90, "TD1 card")):
+            with self.subTest(length=length):
+                self.assertEqual(self.refusal(b"Q" * length),
+                                 f"varnel: standard input: not a machine-readable zone: {length} characters "
+                                 f"after clean-up, as expected ({kinds}), but the content was refused\n")
+
+    def test_more_than_one_document_is_pointed_to_each(self):
+        self.assertEqual(self.refusal(PASSPORT * 2), "varnel: standard input: not a machine-readable zone: "
+                         f"176 characters after clean-up, {LENGTHS}; several documents are read with "
+                         "--each line or --each block\n")
+
+    def test_nothing_of_the_text_is_repeated(self):
+        for text in (PASSPORT + b"X", PASSPORT.replace(b"P<", b"Q<"), PASSPORT[:80]):
+            with self.subTest(text=text):
+                err = self.refusal(text)
+                for secret in ("ERIKSSON", "ANNA", "L898902C3", "740812", "ZE184226B"):
+                    self.assertNotIn(secret, err)
+
+    def test_refused_and_read_files_line_up(self):
+        good, bad = self.file("good", PASSPORT), self.file("bad", b"no zone")
+        code, out, _ = varnel("parse", bad, good, bad)
+        self.assertEqual((code, out), (1, b"null\n" + PASSPORT_JSON + b"null\n"))
+
+
+class Formats(Folder):
+    def test_json(self):
+        self.assertEqual(varnel("parse", "--format", "json", text=PASSPORT), (0, PASSPORT_JSON, b""))
+
+    def test_json_with_slots(self):
+        code, out, err = varnel("parse", "--slots", text=PASSPORT)
+        slots = ",".join(f'"{name}":"{value}"' for name, value in PASSPORT_SLOTS)
+        self.assertEqual((code, err), (0, b""))
+        self.assertEqual(out, PASSPORT_JSON[:-2] + b',"slots":{' + slots.encode() + b"}}\n")
+
+    def test_csv(self):
+        bad = self.file("bad", b"")
+        code, out, _ = varnel("parse", "--format", "csv", "-", bad, text=PASSPORT)
+        self.assertEqual((code, out), (1, CSV_HEADER + b"1," + PASSPORT_ROW + b"2,,,,,,,,,,,,\n"))
+
+    def test_csv_with_slots(self):
+        bad = self.file("bad", b"")
+        code, out, _ = varnel("parse", "--slots", "--format", "csv", "-", bad, text=PASSPORT)
+        slots = ";".join(f"{name}={value}" for name, value in PASSPORT_SLOTS).encode()
+        self.assertEqual((code, out), (1, CSV_HEADER[:-1] + b",slots\n1," + PASSPORT_ROW[:-1] + b"," + slots +
+                                       b"\n2,,,,,,,,,,,,,\n"))
+
+    def test_table(self):
+        code, out, err = varnel("parse", "--format", "table", text=PASSPORT)
+        rows = [f"{key:<16}  {value}" if value else key for key, value in zip(KEYS, PASSPORT_VALUES)]
+        self.assertEqual((code, out.decode(), err), (0, "\n".join(rows) + "\n", b""))
+
+    def test_table_with_slots(self):
+        code, out, _ = varnel("parse", "--slots", "--format", "table", text=PASSPORT)
+        pairs = [*zip(KEYS, PASSPORT_VALUES), *PASSPORT_SLOTS]
+        self.assertEqual(code, 0)
+        self.assertEqual([tuple(line.split()) for line in out.decode().splitlines()],
+                         [pair if pair[1] else pair[:1] for pair in pairs])
+        self.assertEqual(len({line.rindex(" ") for line in out.decode().splitlines() if " " in line}), 1)
+
+    def test_tables_of_several_files_are_headed_by_the_file_names(self):
+        good, bad = self.file("good", PASSPORT), self.file("bad", b"")
+        _, table, _ = varnel("parse", "--format", "table", good)
+        code, out, _ = varnel("parse", "--format", "table", good, bad, "-", text=PASSPORT)
+        self.assertEqual((code, out), (1, str(good).encode() + b"\n" + table + b"\n" + str(bad).encode() +
+                                       b"\nrefused\n\nstandard input\n" + table))
+
+    def test_the_last_of_several_formats_counts(self):
+        self.assertEqual(varnel("parse", "--format", "csv", "--format=json", text=PASSPORT)[1], PASSPORT_JSON)
+
+
+class Texts(Folder):
+    def test_every_vector_gives_its_answer(self):
+        vectors = sorted(VECTORS.glob("*/*.mrz"))
+        self.assertGreaterEqual(len(vectors), 40)
+        for path in vectors:
+            with self.subTest(vector=f"{path.parent.name}/{path.stem}"):
+                expected = path.with_suffix(".json").read_bytes()
+                code, out, err = varnel("parse", path)
+                self.assertEqual(out, expected)
+                self.assertEqual((code, err == b""), (1, False) if expected == b"null\n" else (0, True))
+
+    def test_every_vector_gives_its_slots(self):
+        vectors = sorted(VECTORS.glob("*/*.slots.json"))
+        self.assertGreaterEqual(len(vectors), 5)
+        for path in vectors:
+            with self.subTest(vector=f"{path.parent.name}/{path.name}"):
+                expected = json.loads(path.read_bytes())
+                _, out, _ = varnel("parse", "--slots", path.with_name(path.name.replace(".slots.json", ".mrz")))
+                slots = json.loads(out)["slots"]
+                self.assertEqual(list(slots.items()), list(expected.items()))
+
+    def test_any_bytes(self):
+        seed = random.randrange(2**32)
+        chance = random.Random(seed)
+        for _ in range(40):
+            text = chance.randbytes(chance.randrange(5000))
+            with self.subTest(seed=seed, text=text):
+                code, out, err = varnel("parse", text=text)
+                self.assertEqual((code, out), (1, b"null\n"))
+                self.assertRegex(err, rb"\Avarnel: standard input: not a machine-readable zone: .*\n\Z")
+
+    def test_noise_is_dropped_and_small_letters_raised(self):
+        noisy = PASSPORT.lower().replace(b"\n", b"\r\n").replace(b"eriksson", b" e.r\0i-k\tsson ")
+        self.assertEqual(varnel("parse", text=noisy), (0, PASSPORT_JSON, b""))
+
+    def test_what_follows_the_first_1023_units_is_not_examined(self):
+        padded = PASSPORT + b" " * (1023 - len(PASSPORT)) + b"X" * (3 << 20)
+        self.assertEqual(varnel("parse", self.file("p", padded)), (0, PASSPORT_JSON, b""))
+        self.assertEqual(varnel("parse", self.file("q", b" " + padded[:1022] + b"X"))[:2], (0, PASSPORT_JSON))
+        self.assertEqual(varnel("parse", self.file("r", padded[:1022] + b"X"))[:2], (1, b"null\n"))
+
+    def test_a_text_that_never_ends(self):
+        code, out, err = varnel("parse", "/dev/zero")
+        self.assertEqual((code, out), (1, b"null\n"))
+        self.assertIn(b": 0 characters after clean-up", err)
+
+
+if __name__ == "__main__":
+    unittest.main()

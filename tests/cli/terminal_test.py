@@ -1,0 +1,86 @@
+"""What a person at a terminal sees, and nobody else."""
+
+import re
+import unittest
+
+from support import PASSPORT, PASSPORT_JSON, PASSPORT_LINE, varnel, varnel_on_terminal
+
+COLOUR = re.compile(rb"\033\[[0-9;]*m")
+
+
+class Tables(unittest.TestCase):
+    def test_a_terminal_gets_a_table_in_colour(self):
+        code, out, err = varnel_on_terminal("parse", text=PASSPORT, streams=["stdout"])
+        self.assertEqual((code, err), (0, b""))
+        self.assertTrue(out.startswith(b"\033[36mfirstName\033[0m         ANNA\n"))
+        self.assertEqual(COLOUR.sub(b"", out), varnel("parse", "--format", "table", text=PASSPORT)[1])
+
+    def test_a_pipe_gets_json(self):
+        self.assertEqual(varnel("parse", text=PASSPORT)[1], PASSPORT_JSON)
+
+    def test_the_terminal_of_standard_error_makes_no_table(self):
+        self.assertEqual(varnel_on_terminal("parse", text=PASSPORT, streams=["stderr"]), (0, PASSPORT_JSON, b""))
+
+    def test_format_decides_otherwise(self):
+        self.assertEqual(varnel_on_terminal("parse", "--format", "json", text=PASSPORT, streams=["stdout"])[1],
+                         PASSPORT_JSON)
+        self.assertNotIn(b"\033", varnel("parse", "--format", "table", text=PASSPORT)[1])
+
+    def test_no_color_is_honoured(self):
+        plain = varnel("parse", "--format", "table", text=PASSPORT)[1]
+        for env in ({"NO_COLOR": "1"}, {"TERM": "dumb"}):
+            with self.subTest(env=env):
+                self.assertEqual(varnel_on_terminal("parse", text=PASSPORT, streams=["stdout"], env=env)[1], plain)
+
+    def test_an_empty_no_color_is_none(self):
+        out = varnel_on_terminal("parse", text=PASSPORT, streams=["stdout"], env={"NO_COLOR": ""})[1]
+        self.assertIn(b"\033[36m", out)
+
+    def test_refusal(self):
+        code, out, err = varnel_on_terminal("parse", text=b"A", streams=["stdout"])
+        self.assertEqual((code, out), (1, b"\033[31mrefused\033[0m\n"))
+        self.assertIn(b"1 character after clean-up, expected 72", err)
+
+    def test_elements_and_names(self):
+        out = varnel_on_terminal("soundex", "Lee", streams=["stdout"])[1]
+        self.assertEqual(out, b"\033[1mNAME  CODE\033[0m\nLee   L000\n")
+        out = varnel_on_terminal("element", "DAA", streams=["stdout"], env={"NO_COLOR": "1"})[1]
+        self.assertTrue(out.startswith(b"ELEMENT  TABLE                  SLOT  CONSTANT\n"))
+
+
+class Progress(unittest.TestCase):
+    def test_a_terminal_sees_progress_and_a_summary(self):
+        code, out, err = varnel_on_terminal("parse", "--each", "line", text=PASSPORT_LINE * 2 + b"\n",
+                                            streams=["stderr"])
+        self.assertEqual((code, out), (1, PASSPORT_JSON * 2 + b"null\n"))
+        self.assertTrue(err.startswith(b"\rvarnel: 0 documents, 0 refused\033[K"), err)
+        self.assertTrue(err.endswith(b"\r\033[Kvarnel: 3 documents, 1 refused\n"), err)
+
+    def test_one_document(self):
+        _, _, err = varnel_on_terminal("parse", "--each", "block", text=PASSPORT, streams=["stderr"])
+        self.assertTrue(err.endswith(b"varnel: 1 document, 0 refused\n"), err)
+
+    def test_a_bar_where_the_size_is_known(self):
+        _, _, err = varnel_on_terminal("parse", "--each", "line", __file__, streams=["stderr"])
+        self.assertIn(b"  [" + b"." * 24 + b"] 0%\033[K", err)
+
+    def test_progress_and_tables_on_one_terminal_do_not_mix(self):
+        code, out, err = varnel_on_terminal("parse", "--each", "line", text=PASSPORT_LINE, env={"NO_COLOR": "1"})
+        self.assertEqual(code, 0)
+        self.assertTrue(err.startswith(b"\rvarnel: 0 documents, 0 refused\033[K\r\033[K"), err)
+        self.assertTrue(out.startswith(b"document 1\nfirstName         ANNA\n"), out)
+
+    def test_no_terminal_sees_none(self):
+        self.assertEqual(varnel("parse", "--each", "line", text=PASSPORT_LINE)[2], b"")
+        self.assertEqual(varnel_on_terminal("parse", "--each", "line", text=PASSPORT_LINE, streams=["stdout"])[2], b"")
+
+    def test_there_is_none_for_single_documents(self):
+        self.assertEqual(varnel_on_terminal("parse", text=PASSPORT, streams=["stderr"])[2], b"")
+
+    def test_nothing_of_a_text_is_shown(self):
+        _, _, err = varnel_on_terminal("parse", "--each", "line", text=PASSPORT_LINE * 3000, streams=["stderr"])
+        self.assertNotIn(b"ERIKSSON", err)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,99 @@
+"""The command line itself: help, version, and what is said of mistakes."""
+
+import unittest
+
+from support import PASSPORT, SOURCES, varnel
+
+HELP_HINT = " (varnel --help tells more)\n"
+
+
+class Help(unittest.TestCase):
+    def test_alone_it_explains_itself(self):
+        code, out, err = varnel()
+        self.assertEqual((code, err), (2, b""))
+        self.assertEqual(out, varnel("--help")[1])
+
+    def test_help_states_commands_examples_and_exit_codes(self):
+        for arguments in (["--help"], ["-h"]):
+            code, out, err = varnel(*arguments)
+            self.assertEqual((code, err), (0, b""))
+            for part in ("parse", "element", "soundex", "--version", "Examples:", "Exit codes:\n  0  ", "\n  1  ",
+                         "\n  2  "):
+                self.assertIn(part, out.decode())
+
+    def test_every_command_has_its_own_help_with_the_exit_codes(self):
+        for command, options in (("parse", ["--each", "--slots", "--format", "FILE"]),
+                                 ("element", ["--format", "ID"]), ("soundex", ["--format", "NAME"])):
+            code, out, err = varnel(command, "--help")
+            self.assertEqual((code, err), (0, b""))
+            for part in [f"varnel {command} ", *options, "Exit codes:\n  0  ", "\n  1  ", "\n  2  "]:
+                self.assertIn(part, out.decode())
+
+    def test_version_is_that_of_the_library(self):
+        header = (SOURCES / "include" / "Varnel" / "Varnel.h").read_text(encoding="utf-8")
+        version = header.split('#define VARNEL_VERSION "')[1].split('"')[0]
+        self.assertEqual(varnel("--version"), (0, f"varnel {version}\n".encode(), b""))
+
+
+class Mistakes(unittest.TestCase):
+    def complaint(self, *arguments):
+        code, out, err = varnel(*arguments, text=PASSPORT)
+        self.assertEqual((code, out), (2, b""))
+        self.assertTrue(err.startswith(b"varnel: ") and err.endswith(HELP_HINT.encode()), err)
+        return err.decode()[len("varnel: "):-len(HELP_HINT)]
+
+    def test_misspelt_commands(self):
+        for word, meant in (("prase", "parse"), ("pars", "parse"), ("Parse", "parse"), ("elements", "element"),
+                            ("sondex", "soundex")):
+            self.assertEqual(self.complaint(word), f"unknown command '{word}'; did you mean '{meant}'?")
+
+    def test_a_command_like_no_other(self):
+        self.assertEqual(self.complaint("xyzzy"), "unknown command 'xyzzy'")
+
+    def test_dashes_in_the_place_of_the_command(self):
+        self.assertEqual(self.complaint("--", "prase"), "unknown command 'prase'; did you mean 'parse'?")
+        self.assertEqual(varnel("--"), (2, varnel("--help")[1], b""))
+
+    def test_a_file_in_the_place_of_the_command(self):
+        path = str(SOURCES / "LICENSE")
+        self.assertEqual(self.complaint(path), f"unknown command '{path}'; to read a file, type: varnel parse {path}")
+
+    def test_misspelt_options(self):
+        for arguments, word, meant in (
+                (["parse", "--fromat", "json"], "--fromat", "--format"),
+                (["parse", "--fromat=json"], "--fromat", "--format"),
+                (["parse", "--slot"], "--slot", "--slots"),
+                (["parse", "-format", "json"], "-format", "--format"),
+                (["parse", "--eahc", "line"], "--eahc", "--each"),
+                (["element", "--formt"], "--formt", "--format"),
+                (["soundex", "--FORMAT"], "--FORMAT", "--format"),
+                (["--verison"], "--verison", "--version"),
+                (["--hlep"], "--hlep", "--help")):
+            self.assertEqual(self.complaint(*arguments), f"unknown option '{word}'; did you mean '{meant}'?")
+
+    def test_an_option_like_no_other(self):
+        self.assertEqual(self.complaint("parse", "--colour"), "unknown option '--colour'")
+
+    def test_options_of_another_command(self):
+        self.assertEqual(self.complaint("soundex", "--each", "line", "Lee"), "unknown option '--each'")
+
+    def test_misspelt_values(self):
+        self.assertEqual(self.complaint("parse", "--format", "jsn"),
+                         "--format 'jsn' is not one of json, table, csv; did you mean 'json'?")
+        self.assertEqual(self.complaint("soundex", "--format", "xml", "Lee"),
+                         "--format 'xml' is not one of json, table, csv")
+        self.assertEqual(self.complaint("parse", "--each", "lines"),
+                         "--each 'lines' is not one of line, block; did you mean 'line'?")
+        self.assertEqual(self.complaint("parse", "--each", ""), "--each '' is not one of line, block")
+
+    def test_missing_values(self):
+        self.assertIn("--format", self.complaint("parse", "--format"))
+        self.assertIn("--each", self.complaint("parse", "--each"))
+
+    def test_missing_operands(self):
+        self.assertEqual(self.complaint("element"), "element needs at least one ID")
+        self.assertEqual(self.complaint("soundex", "--format", "json"), "soundex needs at least one NAME")
+
+
+if __name__ == "__main__":
+    unittest.main()
