@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <nlohmann/json.hpp>
@@ -348,6 +349,24 @@ TEST(Utf16Length, OfNullIsNothing) {
   EXPECT_EQ(varnel_utf16_length("ABC", 2), 2);
 }
 
+TEST(Utf16Length, CountsUnitsAtEveryPlace) {
+  for (std::size_t size = 0; size <= 40; ++size) {
+    for (std::size_t at = 0; at <= size; ++at) {
+      const int ascii = static_cast<int>(size);
+      for (const auto &[character, units] : {std::pair<const char *, int>{"\xC3\xA9", 1},
+                                             {"\xE2\x82\xAC", 1},
+                                             {"\xF0\x9F\x98\x80", 2},
+                                             {"\x80", 1},
+                                             {"\xFF", 1},
+                                             {"\xE2\x82", 2}}) {
+        const support::Exact text(std::string(size, 'A').insert(at, character));
+        EXPECT_EQ(varnel_utf16_length(text.data(), static_cast<std::size_t>(text.size())), ascii + units)
+            << size << ", " << at;
+      }
+    }
+  }
+}
+
 // More than is ever examined is not counted, however long the text is.
 TEST(Utf16Length, IsAtMost1023) {
   const std::string emoji = "\xF0\x9F\x98\x80";
@@ -357,6 +376,10 @@ TEST(Utf16Length, IsAtMost1023) {
   EXPECT_EQ(varnel_utf16_length(std::string(100000, 'A').data(), 100000), 1023);
   const std::string pair_at_the_end = std::string(1022, 'A') + emoji;
   EXPECT_EQ(varnel_utf16_length(pair_at_the_end.data(), pair_at_the_end.size()), 1023);
+  EXPECT_EQ(varnel_utf16_length((std::string(1023, 'A') + emoji).data(), 1027), 1023);
+  EXPECT_EQ(varnel_utf16_length((std::string(1022, 'A') + "\xC3\xA9").data(), 1024), 1023);
+  EXPECT_EQ(varnel_utf16_length((std::string(1022, 'A') + "\xC3").data(), 1023), 1023);
+  EXPECT_EQ(varnel_utf16_length((emoji + std::string(1020, 'A')).data(), 1024), 1022);
   const std::string pair_before_it = std::string(1021, 'A') + emoji;
   EXPECT_EQ(varnel_utf16_length(pair_before_it.data(), pair_before_it.size()), 1023);
 }

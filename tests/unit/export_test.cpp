@@ -255,6 +255,25 @@ TEST(Value, OfABufferWithoutAnyNulEndsWithIt) {
   }
 }
 
+// Whatever the text is made of, wherever it starts in the buffer, whatever follows its NUL.
+TEST(Value, EndsAtTheFirstNulAtEveryPlace) {
+  for (const char fill : {'A', '\x01', '\x7F', '\x80', '\xFF'}) {
+    for (int start = 0; start < 9; ++start) {
+      for (int length = 0; start + length <= 40; ++length) {
+        std::vector<char> buffer(40);
+        PARSE_RESULT record;
+        ASSERT_EQ(result_init(&record, buffer.data(), 40), ERR_OK);
+        buffer.assign(40, fill);
+        if (start + length < 40) {
+          buffer[static_cast<std::size_t>(start + length)] = '\0';
+        }
+        record.fields[FIELD_SEX].value = STRING{buffer.data() + start, 1};
+        EXPECT_EQ(varnel_value(&record, FIELD_SEX).len, length) << int{fill} << " from " << start;
+      }
+    }
+  }
+}
+
 TEST(Value, OfARewrittenSlotIsTheNewText) {
   support::Record record;
   utils_write_field_s(record.get(), FIELD_SEX, "M");

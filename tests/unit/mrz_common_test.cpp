@@ -188,10 +188,21 @@ TEST(ControlSum, IsComparedModuloTen) {
     const char *validated; // all characters that are the check digit
   };
   const row rows[] = {
-      {316, "6"},    {122, "2"}, {0, "0<"},   {10, "0<"},     {7, "7"},
-      {9, "9"},      {11, "1"},  {2135, "5"}, {INT_MAX, "7"}, {-1, ""}, // a failed sum has no check digit
-      {-9, ""},      {-11, ""},  {-10, "0<"}, {-20, "0<"}, // the remainder of the negative multiples of ten
-                                                           // is 0 like any other 0
+      {316, "6"},
+      {122, "2"},
+      {0, "0<"},
+      {10, "0<"},
+      {7, "7"},
+      {9, "9"},
+      {11, "1"},
+      {2135, "5"},
+      {INT_MAX, "7"},
+      {-1, ""}, // a failed sum has no check digit
+      {-9, ""},
+      {-11, ""},
+      {-10, "0<"},
+      {-20, "0<"}, // the remainder of the negative multiples of ten
+                   // is 0 like any other 0
       {INT_MIN, ""},
   };
   for (const row &row : rows) {
@@ -258,6 +269,20 @@ TEST(ExtractCountryCode, RefusesOtherCharactersInTheWholeView) {
   char out[4] = {'!', '!', '!', '!'};
   EXPECT_EQ(MRZ_common_extract_cc(&with_nul, out), ERR_INVALID_FORMAT);
   EXPECT_EQ(std::string(out, 4), "!!!!");
+}
+
+TEST(ExtractCountryCode, RefusesOtherCharactersAtEveryPlace) {
+  for (std::size_t size = 3; size <= 40; ++size) {
+    for (std::size_t at = 0; at < size; ++at) {
+      std::string text(size, 'C');
+      text[at] = '0';
+      const support::Exact exact(text);
+      const STRING field = exact.view();
+      char out[4] = {'!', '!', '!', '!'};
+      EXPECT_EQ(MRZ_common_extract_cc(&field, out), ERR_INVALID_FORMAT) << size << ", " << at;
+      EXPECT_EQ(std::string(out, 4), "!!!!");
+    }
+  }
 }
 
 TEST(ExtractCountryCode, NamesBadArguments) {
@@ -457,6 +482,40 @@ TEST(ExtractName, RefusesOtherCharacters) {
   names out;
   EXPECT_EQ(extract(STRING{"A\0B", 3}, out), ERR_INVALID_FORMAT);
   expect_cleared(out);
+}
+
+// At every place of fields of every length, whatever is read of them at once.
+TEST(ExtractName, RefusesOtherCharactersAtEveryPlace) {
+  for (std::size_t size = 1; size <= 70; ++size) {
+    const std::string good(size, 'N');
+    names out;
+    ASSERT_EQ(extract(support::Exact(good).view(), out), ERR_OK);
+    for (std::size_t at = 0; at < size; ++at) {
+      for (const char refused : {'0', '9', ';', '=', '@', '[', 'a', '\0', ' ', '\xBC', '\xC1'}) {
+        std::string spoiled = good;
+        spoiled[at] = refused;
+        const support::Exact field(spoiled);
+        EXPECT_EQ(extract(field.view(), out), ERR_INVALID_FORMAT) << size << ", " << at << ", " << refused;
+      }
+    }
+  }
+}
+
+// Outer fillers of every number, before and behind.
+TEST(ExtractName, DropsOuterFillers) {
+  for (std::size_t before = 0; before <= 40; ++before) {
+    for (std::size_t behind = 0; behind <= 40; ++behind) {
+      const std::string text = std::string(before, '<') + "A<B<<C<D" + std::string(behind, '<');
+      const support::Exact field(text);
+      names out;
+      ASSERT_EQ(extract(field.view(), out), ERR_OK);
+      EXPECT_EQ(out.full.str, field.data() + before);
+      EXPECT_EQ(support::text(out.full), "A<B<<C<D");
+      EXPECT_EQ(support::text(out.last), "A<B");
+      EXPECT_EQ(support::text(out.first), "C");
+      EXPECT_EQ(support::text(out.middle), "D");
+    }
+  }
 }
 
 TEST(ExtractName, NamesBadArgumentsAndThenTouchesNothing) {

@@ -207,7 +207,13 @@ inline void expect_only_lengths(parser parse_layout, std::string_view zone, cons
   }
 }
 
-// Every byte outside the MRZ character set is refused wherever it stands, before anything is written.
+// The bytes next to the MRZ character set, and some far from it.
+inline const std::string &bytes_outside() {
+  static const std::string bytes("\0\x01\n\r ,-./:;=>?@[\\^_`amz{~\x7F\x80\x8F\xB0\xBA\xBC\xC1\xDA\xFF", 34);
+  return bytes;
+}
+
+// Every byte outside the MRZ character set is refused, before anything is written, wherever it stands.
 inline void expect_only_mrz_characters(parser parse_layout, std::string_view zone) {
   for (int byte = 0; byte < 256; ++byte) {
     const bool in_set = byte == '<' || (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z');
@@ -217,6 +223,12 @@ inline void expect_only_mrz_characters(parser parse_layout, std::string_view zon
     for (const std::size_t at : {std::size_t{0}, std::size_t{1}, zone.size() / 2, zone.size() - 1}) {
       const std::string character(1, static_cast<char>(byte));
       expect_untouched(parse_layout, with(zone, at, character),
+                       ("byte " + std::to_string(byte) + " at " + std::to_string(at)).c_str());
+    }
+  }
+  for (std::size_t at = 0; at < zone.size(); ++at) {
+    for (const char byte : bytes_outside()) {
+      expect_untouched(parse_layout, with(zone, at, std::string(1, byte)),
                        ("byte " + std::to_string(byte) + " at " + std::to_string(at)).c_str());
     }
   }
