@@ -1016,6 +1016,8 @@ TEST(StrtrimBegin, Table) {
       {3, -1, 0, 3},
       {3, INT_MIN, 0, 3},
       {0, 1, 0, 0},
+      {-1, 0, 0, -1},
+      {-1, -1, 0, -1},
   };
   const char *text = "ABCDEF";
   for (const Case &c : cases) {
