@@ -93,10 +93,10 @@ def varnel_on_terminal(*arguments, text=b"", streams=("stdout", "stderr"), env=N
 
 def read_until(pipe, wanted, seconds=60):
     """Reads from a pipe until `wanted` bytes have come or it ends."""
-    seen = b""
+    seen = bytearray()
     while len(seen) < wanted and select.select([pipe], [], [], seconds)[0]:
         piece = os.read(pipe.fileno(), 65536)
         if not piece:
             break
         seen += piece
-    return seen
+    return bytes(seen)
