@@ -40,6 +40,11 @@ def tool(*names):
     fail(f"{' or '.join(names)} is not installed")
 
 
+def linker():
+    """The quick linker where it is installed."""
+    return "-fuse-ld=lld" if shutil.which("ld.lld") else "-fuse-ld=bfd"
+
+
 def run(command, **options):
     """Runs a command that has to succeed; returns what it printed."""
     done = subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,

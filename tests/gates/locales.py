@@ -3,7 +3,7 @@
 import os
 import pathlib
 
-from building import INCLUDES, arguments, run, shared_library, tool
+from building import INCLUDES, arguments, fail, run, shared_library, tool
 
 # In German and Turkish 8-bit locales bytes above 0x7F are letters; Turkish has its own i besides.
 LOCALES = (("de_DE", "ISO-8859-1"), ("tr_TR", "ISO-8859-9"))
@@ -13,6 +13,8 @@ def main():
     work = arguments(__doc__).work
     folder = work / "locale"
     folder.mkdir(parents=True, exist_ok=True)
+    if not pathlib.Path("/usr/share/i18n/locales/de_DE").exists():
+        fail("the sources of locales are not installed: Debian's package locales brings them")
     names = []
     for language, charset in LOCALES:
         names.append(f"{language}.{charset}")

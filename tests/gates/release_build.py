@@ -13,7 +13,7 @@ def build(folder, *options):
     run(["cmake", "-S", ROOT, "-B", folder, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",
          f"-DCMAKE_C_COMPILER={tool('gcc')}", f"-DCMAKE_CXX_COMPILER={tool('g++')}",
          f"-DCMAKE_CXX_FLAGS={REPORTS}", "-DCMAKE_C_FLAGS=", "-DCMAKE_INSTALL_LIBDIR=lib",
-         "-DVARNEL_BUILD_TESTS=OFF", *options], env=environment())
+         "-DVARNEL_BUILD_TESTS=OFF", "-DVARNEL_BUILD_FACADE=OFF", *options], env=environment())
     run(["cmake", "--build", folder, "-j2"], env=environment())
 
 

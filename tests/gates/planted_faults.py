@@ -1,0 +1,168 @@
+#!/usr/bin/env python3
+"""Plants a fault for each gate in a copy of the project and shows that the gate shuts, and why.
+
+    tests/gates/planted_faults.py [GATE...]
+
+A gate that stays open is reported, and the exit code is 1. The table of CONTRIBUTING.md tells the same.
+"""
+
+import sys
+
+sys.dont_write_bytecode = True
+
+import dataclasses
+import pathlib
+import re
+import shutil
+import subprocess
+
+from building import ROOT, TEST_DEFINES, TEST_INCLUDES, fail, linker, tool
+
+COPY = ROOT / "build" / "planted" / "copy"
+WORK = ROOT / "build" / "planted" / "work"
+LEFT_OUT = ("build", "out", "cli", ".git", "__pycache__")  # the command is not needed to shut a gate
+
+
+@dataclasses.dataclass
+class Fault:
+    gate: str
+    what: str  # in words
+    file: str
+    find: str  # a regular expression; empty: the fault goes to the end of the file
+    put: str
+    says: str  # what the gate has to say, as a regular expression
+
+
+def body_of(function):
+    """Finds where the body of a function of the core begins."""
+    return rf"(?<=\n)[\w *]*\b{function}\([^)]*\) {{"
+
+
+FAULTS = [
+    Fault("exported_symbols", "an export that the manifest does not list", "src/patterns.cpp", "",
+          'extern "C" __attribute__((visibility("default"))) int varnel_planted() { return 1; }\n',
+          "new: +varnel_planted(.|\n)*the exported symbols differ"),
+    Fault("exported_symbols", "an empty manifest", "abi/exported-symbols.txt", r"(.|\n)*", "",
+          "exported-symbols.txt lists nothing"),
+    Fault("exported_symbols", "a declaration without its function", "include/Varnel/utils.h",
+          r"(?=VARNEL_END_DECLS)", "VARNEL_API int utils_planted(int c);\n",
+          "new: +utils_planted(.|\n)*the declarations in include/Varnel differ"),
+    Fault("imports", "a call to the C library outside the list", "src/patterns.cpp", "",
+          "#include <stdlib.h>\nbool planted() { return getenv(\"PLANTED\") != nullptr; }\n",
+          "imports getenv: not in abi/allowed-imports.txt"),
+    Fault("sections", "a counter that outlives the call", "src/patterns.cpp", "",
+          "int planted_calls = 0;\nint planted() { return ++planted_calls; }\n",
+          r"patterns.cpp.o has 4 bytes in .bss"),
+    Fault("sections", "a table of pointers", "src/patterns.cpp", "",
+          'extern const char *const planted[];\nconst char *const planted[] = {"one", "two"};\n',
+          r"patterns.cpp.o has 16 bytes in .data.rel.ro"),
+    Fault("stack", "a large frame", "src/patterns.cpp", "",
+          "int planted(int i) { volatile char room[4000]; room[i] = 1; return room[i / 2]; }\n",
+          r"the frame of \w*planted\w* has \d+ bytes, more than 1280"),
+    Fault("stack", "a frame as large as its argument", "src/patterns.cpp", "",
+          "int planted(int n) { volatile char *room = static_cast<char *>(__builtin_alloca(n)); room[0] = 1; "
+          "return room[0]; }\n", r"the frame of \w*planted\w* is dynamic: its size depends"),
+    Fault("stack", "a function that calls itself", "src/patterns.cpp", "",
+          "int planted(int n) { return n < 2 ? n : planted(n - 1) + planted(n - 2); }\n", "recursion: .*planted"),
+    Fault("size", "a large table", "src/patterns.cpp", "",
+          "extern const char planted[32768];\nconst char planted[32768] = {1};\n", "more than "),
+    Fault("abi", "one member more in a record", "include/Varnel/defines.h", r"int sec;", "int sec; int zone;",
+          "the binary interface differs"),
+    Fault("abi", "another type of a parameter", "include/Varnel/patterns.h", r"pattern_is_w\(int c\)",
+          "pattern_is_w(long c)", "the binary interface differs"),
+    Fault("layout", "one member more in a record", "include/Varnel/defines.h", r"int sec;", "int sec; int zone;",
+          "static assertion failed.*DATETIME"),
+    Fault("installed_files", "one header more", "include/Varnel/planted.h", "", "/* planted */\n",
+          "new: +include/Varnel/planted.h(.|\n)*the installed files differ"),
+    Fault("allocation", "memory from the heap", "src/utils/slot_queries.cpp", body_of("utils_is_valid_field"),
+          r"\g<0> void *volatile planted = __builtin_malloc(1); __builtin_free(planted);",
+          r"utils_is_valid_field asked the malloc family 2 time"),
+    Fault("locales", "a letter as the C library sees it", "src/patterns.cpp", body_of("pattern_is_w"),
+          r"\g<0> if (__builtin_isalpha(c)) { return 1; }", "answers otherwise in the locale de_DE"),
+    Fault("compiler_warnings", "a function that nobody calls", "src/patterns.cpp", "",
+          "static int planted() { return 0; }\n", "planted.*unused|unused function"),
+    Fault("clang_tidy", "a branch without braces", "src/patterns.cpp", "",
+          "int planted(int c);\nint planted(int c) {\n  if (c > 0)\n    return 1;\n  return 2;\n}\n",
+          "readability-braces-around-statements"),
+    Fault("cppcheck", "a write behind an array", "src/patterns.cpp", "",
+          "int planted() {\n  int two[2] = {1, 2};\n  two[2] = 3;\n  return two[0];\n}\n", "arrayIndexOutOfBounds"),
+    Fault("threads", "a counter that all threads share", "src/Varnel.cpp", body_of("varnel_parse_mrz"),
+          r"\g<0> static int planted = 0; ++planted;", "data race"),
+    Fault("unsigned_char", "a character taken as the compiler's char", "src/view.hpp",
+          r"static_cast<signed char>\(c\)", "c", "with -funsigned-char these unit tests fail"),
+    Fault("32_bit", "a size that holds for 64 bits only", "src/utils/slot_queries.cpp",
+          body_of("utils_is_valid_field"), r"\g<0> if (sizeof(FIELD) != 16) { return 7; }",
+          "with -m32 these unit tests fail"),
+    Fault("memcheck", "a value that was never set", "src/utils/slot_queries.cpp", body_of("utils_is_valid_field"),
+          r"\g<0> int *planted = static_cast<int *>(__builtin_malloc(4)); if (*planted == 42) { return 7; }",
+          "uninitialised"),
+]
+
+SCRIPTS = {"clang_tidy": ("static_analysis", "--clang-tidy"), "cppcheck": ("static_analysis", "--cppcheck"),
+           "unsigned_char": ("unit_tests", "--unsigned-char"), "32_bit": ("unit_tests", "--32-bit")}
+OF_THE_RELEASE = {"exported_symbols", "imports", "sections", "stack", "size", "abi", "installed_files",
+                  "allocation", "locales"}
+
+
+def copy_project():
+    shutil.rmtree(COPY, ignore_errors=True)
+    shutil.copytree(ROOT, COPY, copy_function=shutil.copy, ignore=lambda folder, names: LEFT_OUT if pathlib.Path(folder) == ROOT else ())
+
+
+def plant(fault):
+    path = COPY / fault.file
+    text = path.read_text() if path.exists() else ""
+    if fault.find:
+        changed, count = re.subn(fault.find, fault.put, text, count=1)
+        if count != 1:
+            fail(f"{fault.file} has no place for: {fault.what}")
+    else:
+        changed = text + "\n" + fault.put
+    path.write_text(changed)
+
+
+def run_script(script, *options):
+    done = subprocess.run([sys.executable, str(COPY / "tests" / "gates" / f"{script}.py"), "--work", str(WORK),
+                           *options], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")
+    return done.returncode, done.stdout
+
+
+def record_program():
+    """The unit tests of the record over the planted core: something for valgrind to run."""
+    program = WORK / "record"
+    sources = [*(COPY / "src").rglob("*.cpp"), *(COPY / "tests" / "reference").glob("*.cpp"),
+               COPY / "tests" / "unit" / "record_test.cpp"]
+    moved = [str(part).replace(str(ROOT), str(COPY)) for part in (*TEST_INCLUDES, *TEST_DEFINES)]
+    subprocess.run([tool("g++"), "-std=c++17", "-w", "-O0", linker(), *moved, *map(str, sources), "-lgtest_main",
+                    "-lgtest", "-pthread", "-o", str(program)], check=True)
+    return program
+
+
+def run_gate(fault):
+    if fault.gate == "memcheck":
+        return run_script("memcheck", str(record_program()))
+    if fault.gate in OF_THE_RELEASE:
+        status, said = run_script("release_build")
+        if status != 0:
+            return 0, f"the planted core does not build:\n{said}"
+    return run_script(*SCRIPTS.get(fault.gate, (fault.gate,)))
+
+
+def main():
+    chosen = [fault for fault in FAULTS if fault.gate in sys.argv[1:] or len(sys.argv) == 1]
+    still_open = 0
+    for fault in chosen:
+        copy_project()
+        WORK.mkdir(parents=True, exist_ok=True)
+        plant(fault)
+        status, said = run_gate(fault)
+        is_shut = status != 0 and re.search(fault.says, said) is not None
+        still_open += 0 if is_shut else 1
+        last = said.strip().splitlines()[-1:] or [""]
+        print(f"{'shut' if is_shut else 'OPEN':5} {fault.gate:18} {fault.what}\n      {last[0][:150]}", flush=True)
+        if not is_shut:
+            print(said[-3000:])
+    return 1 if still_open else 0
+
+
+sys.exit(main())
