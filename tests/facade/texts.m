@@ -1,0 +1,125 @@
+#import "texts.h"
+
+#include <stdlib.h>
+#include <string.h>
+
+void append_unit(UNITS *text, unichar unit) {
+  if (text->count == text->room) {
+    text->room = text->room == 0 ? 128 : 2 * text->room;
+    text->units = realloc(text->units, text->room * sizeof *text->units);
+  }
+  text->units[text->count++] = unit;
+}
+
+void append_ascii(UNITS *text, const char *ascii) {
+  for (; *ascii != '\0'; ++ascii) {
+    append_unit(text, (unichar)*ascii);
+  }
+}
+
+static void append_scalar(UNITS *text, uint32_t scalar) {
+  if (scalar < 0x10000) {
+    append_unit(text, (unichar)scalar);
+  } else {
+    append_unit(text, (unichar)(0xD800 + ((scalar - 0x10000) >> 10)));
+    append_unit(text, (unichar)(0xDC00 + ((scalar - 0x10000) & 0x3FF)));
+  }
+}
+
+BOOL append_utf8(UNITS *text, NSData *utf8) {
+  const unsigned char *bytes = [utf8 bytes];
+  for (size_t at = 0, size = [utf8 length]; at < size;) {
+    const unsigned char lead = bytes[at];
+    const int tails = lead < 0x80 ? 0 : lead < 0xC2 ? -1 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : lead < 0xF5 ? 3 : -1;
+    if (tails < 0 || at + (size_t)tails >= size) {
+      return NO;
+    }
+    uint32_t scalar = tails == 0 ? lead : lead & (0x3Fu >> tails);
+    for (int i = 1; i <= tails; ++i) {
+      if ((bytes[at + (size_t)i] & 0xC0) != 0x80) {
+        return NO;
+      }
+      scalar = scalar << 6 | (bytes[at + (size_t)i] & 0x3F);
+    }
+    const BOOL overlong = (tails == 2 && scalar < 0x800) || (tails == 3 && scalar < 0x10000);
+    if (overlong || (scalar >= 0xD800 && scalar < 0xE000) || scalar > 0x10FFFF) {
+      return NO;
+    }
+    append_scalar(text, scalar);
+    at += (size_t)tails + 1;
+  }
+  return YES;
+}
+
+static BOOL is_high_surrogate(unichar unit) { return unit >= 0xD800 && unit < 0xDC00; }
+static BOOL is_low_surrogate(unichar unit) { return unit >= 0xDC00 && unit < 0xE000; }
+
+static void append_utf8_scalar(NSMutableData *utf8, uint32_t scalar) {
+  unsigned char bytes[4];
+  NSUInteger count = 0;
+  if (scalar < 0x80) {
+    bytes[count++] = (unsigned char)scalar;
+  } else if (scalar < 0x800) {
+    bytes[count++] = (unsigned char)(0xC0 | scalar >> 6);
+    bytes[count++] = (unsigned char)(0x80 | (scalar & 0x3F));
+  } else if (scalar < 0x10000) {
+    bytes[count++] = (unsigned char)(0xE0 | scalar >> 12);
+    bytes[count++] = (unsigned char)(0x80 | (scalar >> 6 & 0x3F));
+    bytes[count++] = (unsigned char)(0x80 | (scalar & 0x3F));
+  } else {
+    bytes[count++] = (unsigned char)(0xF0 | scalar >> 18);
+    bytes[count++] = (unsigned char)(0x80 | (scalar >> 12 & 0x3F));
+    bytes[count++] = (unsigned char)(0x80 | (scalar >> 6 & 0x3F));
+    bytes[count++] = (unsigned char)(0x80 | (scalar & 0x3F));
+  }
+  [utf8 appendBytes:bytes length:count];
+}
+
+NSData *utf8_of(UNITS text) {
+  NSMutableData *utf8 = [NSMutableData data];
+  for (size_t at = 0; at < text.count; ++at) {
+    const unichar unit = text.units[at];
+    const BOOL paired =
+        is_high_surrogate(unit) && at + 1 < text.count && is_low_surrogate(text.units[at + 1]);
+    if (!paired && (is_high_surrogate(unit) || is_low_surrogate(unit))) {
+      return nil;
+    }
+    append_utf8_scalar(utf8, paired ? 0x10000u + ((unit & 0x3FFu) << 10) + (text.units[++at] & 0x3FFu) : unit);
+  }
+  return utf8;
+}
+
+NSString *string_of(UNITS text) {
+  NSMutableString *string = [NSMutableString string];
+  for (size_t at = 0; at < text.count; ++at) {
+    const unichar unit = text.units[at];
+    if (is_high_surrogate(unit) || is_low_surrogate(unit) || unit == 0xFEFF) {
+      [string appendFormat:@"%C", unit]; // stringWithCharacters: refuses a lone one, and drops the mark
+    } else {
+      [string appendString:[NSString stringWithCharacters:&unit length:1]];
+    }
+  }
+  return string;
+}
+
+static NSString *string_of_view(STRING view) {
+  return [[[NSString alloc] initWithBytes:view.str
+                                   length:(NSUInteger)view.len
+                                 encoding:NSASCIIStringEncoding] autorelease];
+}
+
+NSDictionary *answer_of_c_face(NSData *utf8) {
+  PARSE_RESULT result;
+  char buffer[VARNEL_BUFFER_SIZE];
+  const int length = varnel_utf16_length([utf8 bytes], [utf8 length]);
+  if (varnel_parse_mrz([utf8 bytes], length, &result, buffer, sizeof buffer) != ERR_OK) {
+    return nil;
+  }
+  VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
+  varnel_export(&result, pairs);
+  NSMutableDictionary *answer = [NSMutableDictionary dictionary];
+  for (int i = 0; i < VARNEL_VALUE_COUNT; ++i) {
+    [answer setObject:string_of_view(pairs[i].value) forKey:[NSString stringWithUTF8String:pairs[i].key]];
+  }
+  return answer;
+}
