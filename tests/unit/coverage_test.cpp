@@ -1,0 +1,57 @@
+// Corners of the core that no other suite has a reason to visit: each stands for one way through the code.
+#include <climits>
+
+#include <gtest/gtest.h>
+
+#include "support.hpp"
+
+namespace {
+
+using support::view;
+
+TEST(Corners, ExportOfARecordWithoutRoomReadsItsTextsAsCStrings) {
+  PARSE_RESULT record = {};
+  char nothing[] = "";
+  record.buffer = nothing;
+  record.buffer_size = 0;
+  record.fields[FIELD_FAMILY_NAME].value = STRING{"ERIKSSON", 8};
+  EXPECT_EQ(support::text(varnel_value(&record, FIELD_FAMILY_NAME)), "ERIKSSON");
+  record.buffer_size = INT_MIN;
+  EXPECT_EQ(support::text(varnel_value(&record, FIELD_FAMILY_NAME)), "ERIKSSON");
+}
+
+TEST(Corners, RecordThatWasNeverLentABufferTakesNoText) {
+  PARSE_RESULT record = {};
+  record.fields[FIELD_SEX].value = STRING{"F", 1};
+  const STRING text = view("F");
+  EXPECT_EQ(utils_write_field(&record, FIELD_SEX, &text, nullptr, nullptr, '\0'), &record.fields[FIELD_SEX]);
+  EXPECT_EQ(record.fields[FIELD_SEX].value.str, nullptr);
+  EXPECT_EQ(record.fields[FIELD_SEX].value.len, 0);
+  EXPECT_EQ(record.data_size, 0);
+
+  const DATETIME date = {1974, 8, 12, 0, 0, 0};
+  EXPECT_EQ(utils_write_field_date(&record, FIELD_BIRTH_DATE, &date), nullptr);
+}
+
+TEST(Corners, DifferenceOfLengthsStaysWithinAnInt) {
+  const STRING negative = {"", INT_MIN};
+  EXPECT_EQ(utils_strcmp(&negative, ""), INT_MIN);
+  EXPECT_EQ(utils_strcmp(&negative, "A"), INT_MIN);
+}
+
+TEST(Corners, TokenWithoutAPlaceToGoIsNotSought) {
+  const STRING text = view("ONE TWO");
+  EXPECT_EQ(utils_strntok(&text, nullptr, 0, " "), -1);
+}
+
+TEST(Corners, ReplacingWithAnArgumentMissingChangesNothing) {
+  char text[] = "ANNA";
+  const STRING from = view("A");
+  const STRING to = view("O");
+  EXPECT_EQ(utils_strreplace(nullptr, 4, 4, &from, &to), 4);
+  EXPECT_EQ(utils_strreplace(text, 4, 4, nullptr, &to), 4);
+  EXPECT_EQ(utils_strreplace(text, 4, 4, &from, nullptr), 4);
+  EXPECT_STREQ(text, "ANNA");
+}
+
+} // namespace
