@@ -1,11 +1,15 @@
 // Each layout parser, and the field primitives below it, on raw bytes and lengths.
 //
 // Input: the zone up to the first NUL, line breaks left out, so that readable zones are inputs as they
-// stand; behind the NUL come the reference year, the buffer's size, what is cut from the length, a window
-// for the primitives, and patches that put any byte in any place.
+// stand; or one byte above 0x7F, which stands for a specimen. Behind it come the reference year, the
+// buffer's size, what is cut from the length, a window for the primitives, and patches that put any byte
+// in any place.
 #include "harness.hpp"
 
 #include <reference.hpp>
+
+#include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -54,32 +58,71 @@ struct trial {
   int position;
 };
 
-trial decode(const uint8_t *data, size_t size) {
-  const std::string_view raw(reinterpret_cast<const char *>(data), size);
-  const size_t end = raw.find('\0');
-  std::string zone;
-  for (const char c : raw.substr(0, end)) {
-    if (c != '\n' && c != '\r') {
-      zone += c;
-    }
+// The specimens of ICAO Doc 9303, so that a few patched columns make an input.
+const std::string SPECIMENS[] = {
+    "I<UTOD231458907<<<<<<<<<<<<<<<7408122F1204159UTO<<<<<<<<<<<6ERIKSSON<<ANNA<MARIA<<<<<<<<<<",
+    "I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<D231458907UTO7408122F1204159<<<<<<<6",
+    "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<L898902C36UTO7408122F1204159ZE184226B<<<<<10",
+    "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<L8988901C4XXX4009078F96121096ZE184226B<<<<<<",
+    "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<L8988901C4XXX4009078F9612109<<<<<<<<",
+};
+
+constexpr char ALPHABET[] = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ<";
+
+// The zone that an input begins with, and where the controls begin.
+std::string begin(std::string_view raw, size_t *controls_at) {
+  if (!raw.empty() && static_cast<unsigned char>(raw[0]) >= 0x80) {
+    *controls_at = 1;
+    return SPECIMENS[static_cast<unsigned char>(raw[0]) % std::size(SPECIMENS)];
   }
+  std::string zone(raw.substr(0, raw.find('\0')));
+  *controls_at = std::min(zone.size() + 1, raw.size());
+  const auto breaks_line = [](char c) { return c == '\n' || c == '\r'; };
+  zone.erase(std::remove_if(zone.begin(), zone.end(), breaks_line), zone.end());
+  return zone;
+}
+
+// Changes one place: to a character of the alphabet, to any byte, or, for two columns that say the same,
+// to the two characters that stand elsewhere.
+void patch(memory &zone, fuzz::input &in) {
+  const int at = in.number(0, zone.size() - 1);
+  const unsigned kind = in.byte();
+  if (kind < 0xD0) {
+    zone.data()[at] = ALPHABET[kind % (sizeof ALPHABET - 1)];
+  } else if (kind < 0xE0) {
+    zone.data()[at] = static_cast<char>(in.byte());
+  } else if (at + 2 <= zone.size()) {
+    std::memmove(zone.data() + at, zone.data() + in.number(0, zone.size() - 2), 2);
+  }
+}
+
+// Mostly the zone's own length; sometimes less, sometimes a negative one.
+int any_length(int size, fuzz::input &in) {
+  const int kind = in.number(0, 31);
+  if (kind > 1) {
+    return size;
+  }
+  return kind == 0 ? -in.number(1, 4) : in.number(0, size);
+}
+
+trial decode(const uint8_t *data, size_t size) {
+  size_t controls_at = 0;
+  const std::string zone = begin(std::string_view(reinterpret_cast<const char *>(data), size), &controls_at);
   trial t = {
       memory(zone), static_cast<int>(zone.size()), VARNEL_BUFFER_SIZE, {{2018, 2, 15, 0, 0, 0}}, {}, 0};
   t.window = STRING{t.zone.data(), t.length};
-  if (end == std::string_view::npos) {
+  fuzz::input controls(data + controls_at, size - controls_at);
+  if (controls.empty()) {
     return t;
   }
-  fuzz::input controls(data + end + 1, size - end - 1);
   t.context.date.year = controls.flag() ? controls.any_int() : controls.number(1990, 2245);
-  t.buffer_size = controls.number(1, 256);
-  const int cut = controls.number(0, 255);
-  t.length = cut < 250 ? (cut < t.length ? t.length - cut : t.length) : cut - 256;
+  t.buffer_size = controls.flag() ? VARNEL_BUFFER_SIZE : controls.number(1, 256);
+  t.length = any_length(t.zone.size(), controls);
   const int start = controls.number(0, t.zone.size());
   t.window = STRING{t.zone.data() + start, controls.number(0, t.zone.size() - start)};
   t.position = controls.number(0, 40000);
   while (!controls.empty() && t.zone.size() > 0) {
-    const int at = controls.number(0, t.zone.size() - 1);
-    t.zone.data()[at] = static_cast<char>(controls.byte());
+    patch(t.zone, controls);
   }
   return t;
 }
