@@ -722,6 +722,15 @@ constexpr std::string_view zones[] = {
 // A zone with a few characters changed, and now and then a wrong length.
 std::string mutated_zone(Random &random) {
   std::string zone(random.pick(zones));
+  // Both years anew, and now and then the same: the edges of the century rules.
+  if (random.one_in(3)) {
+    const std::size_t birth = zone.size() == 90 ? 30 : zone.size() / 2 + 13;
+    const std::size_t expiry = birth + 8;
+    for (std::size_t digit = 0; digit < 2; digit += 1) {
+      zone[birth + digit] = random.character("0123456789");
+      zone[expiry + digit] = random.one_in(2) ? zone[birth + digit] : random.character("0123456789");
+    }
+  }
   const int changes = random.number(0, 4);
   for (int i = 0; i < changes; i += 1)
     zone[static_cast<std::size_t>(random.number(0, static_cast<int>(zone.size()) - 1))] =
