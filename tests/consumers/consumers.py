@@ -1,0 +1,269 @@
+"""Uses Varnel as its users do, each in a scratch project: consumers.py WORK USE
+
+`install` builds and installs into a prefix and moves that; every other use of an installed Varnel is of the
+moved one.
+"""
+
+import pathlib
+import re
+import shutil
+import sys
+
+from support import (HERE, ROOT, SAMPLES, Prefix, build_project, environment, expect, expect_passport, fail, fresh,
+                     libraries_of, run, skip)
+
+WORK = pathlib.Path(sys.argv[1])
+MOVED = WORK / "moved"
+LIBC_ONLY = ["libc.so.6"]
+
+
+def version():
+    header = (ROOT / "include" / "Varnel" / "Varnel.h").read_text()
+    return re.search(r'^#define VARNEL_VERSION "(.*)"$', header, re.MULTILINE).group(1)
+
+
+def configure(folder, *options, env=None):
+    run("cmake", "-S", ROOT, "-B", folder, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release", *options, env=env)
+
+
+def has_gnustep():
+    return shutil.which("gnustep-config") is not None
+
+
+# ---- the installed tree ---------------------------------------------------------------------------
+
+
+def install():
+    """Static and shared into one prefix, which is then moved and tells nothing of where it was made."""
+    first = WORK / "first"
+    fresh(WORK / "prefixes")
+    shutil.rmtree(first, ignore_errors=True)
+    shutil.rmtree(MOVED, ignore_errors=True)
+    facade = "ON" if has_gnustep() else "OFF"
+    for kind, options in (("static", ["-DVARNEL_BUILD_CLI=OFF", "-DVARNEL_BUILD_FACADE=OFF"]),
+                          ("shared", ["-DBUILD_SHARED_LIBS=ON", f"-DVARNEL_BUILD_FACADE={facade}"])):
+        folder = WORK / f"build-{kind}"
+        configure(folder, f"-DCMAKE_INSTALL_PREFIX={first}", *options)
+        run("cmake", "--build", folder, "-j2")
+        run("cmake", "--install", folder)
+    first.rename(MOVED)
+    places = [str(first).encode(), str(ROOT / "src").encode(), str(WORK / "build-").encode()]
+    for path in MOVED.rglob("*"):
+        if path.is_file() and any(place in path.read_bytes() for place in places):
+            fail(f"{path.relative_to(MOVED)} names the folder it was made in")
+
+
+def destdir():
+    """DESTDIR is put before the prefix, in which nothing then appears."""
+    prefix, staged = WORK / "prefixes" / "never", fresh(WORK / "staged")
+    run("cmake", "--install", WORK / "build-shared", "--prefix", prefix, env=environment(DESTDIR=staged))
+    if prefix.exists():
+        fail("files were installed beside DESTDIR")
+    root = staged / prefix.relative_to("/")
+    expect(sorted(str(path.relative_to(MOVED)) for path in MOVED.rglob("*")
+                  if "static" not in path.name.lower() and path.name != "libvarnel.a"),
+           sorted(str(path.relative_to(root)) for path in root.rglob("*")), "the staged files")
+
+
+def absolute_folders():
+    """Folders given as absolute paths are kept as they are."""
+    folder, prefix = WORK / "build-absolute", WORK / "prefixes" / "absolute"
+    shutil.rmtree(prefix, ignore_errors=True)
+    configure(folder, f"-DCMAKE_INSTALL_PREFIX={prefix}", f"-DCMAKE_INSTALL_LIBDIR={prefix}/libraries",
+              f"-DCMAKE_INSTALL_INCLUDEDIR={prefix}/headers", "-DVARNEL_BUILD_CLI=OFF", "-DVARNEL_BUILD_FACADE=OFF")
+    run("cmake", "--build", folder, "-j2")
+    run("cmake", "--install", folder)
+    installed = Prefix(prefix)
+    program = prefix / "passport"
+    run("cc", SAMPLES / "passport.c", *installed.pkg_config("--cflags", "--libs", "varnel"), "-o", program)
+    expect_passport(run(program))
+    build = build_project("c_only", fresh(WORK / "absolute"), f"-DVarnel_DIR={prefix}/libraries/cmake/Varnel")
+    expect_passport(run(build / "passport_c"))
+
+
+def soname():
+    """The shared library carries its major version, and both links lead to the file of the full version."""
+    libraries = Prefix(MOVED).libraries
+    major = version().split(".", maxsplit=1)[0]
+    expect(re.findall(r"\(SONAME\).*\[(.*)\]", run("readelf", "--dynamic", libraries / "libvarnel.so")),
+           [f"libvarnel.so.{major}"], "the name by which the loader knows the library")
+    expect(libraries_of(libraries / "libvarnel.so"), LIBC_ONLY, "the libraries that the library needs")
+    for link in ("libvarnel.so", f"libvarnel.so.{major}"):
+        expect((libraries / link).resolve().name, f"libvarnel.so.{version()}", link)
+
+
+def clean_source():
+    """Configuring, building and installing leave nothing in the source tree."""
+    source = fresh(WORK / "copy")
+    for name in ("CMakeLists.txt", "LICENSE"):
+        shutil.copy(ROOT / name, source)
+    for name in ("cmake", "include", "src", "packaging"):
+        shutil.copytree(ROOT / name, source / name)
+
+    def state():
+        return sorted((str(path), path.stat().st_mtime_ns) for path in source.rglob("*") if not path.is_dir())
+
+    before = state()
+    folder = WORK / "build-copy"
+    shutil.rmtree(folder, ignore_errors=True)
+    run("cmake", "-S", source, "-B", folder, "-G", "Ninja", "-DVARNEL_BUILD_CLI=OFF")
+    run("cmake", "--build", folder, "-j2")
+    run("cmake", "--install", folder, "--prefix", fresh(WORK / "prefixes" / "copy"))
+    expect(state(), before, "the source tree")
+
+
+# ---- CMake projects -------------------------------------------------------------------------------
+
+
+def find_package(*options):
+    env = Prefix(MOVED).environment()
+    build = build_project("find_package", fresh(WORK / "find_package"), *options, env=env)
+    expect_passport(run(build / "passport_c", env=environment()))
+    expect_passport(run(build / "passport_cpp", env=environment()))
+    return libraries_of(build / "passport_c")
+
+
+def find_package_static():
+    expect(find_package("-DBUILD_SHARED_LIBS=OFF"), LIBC_ONLY, "the program's libraries")
+
+
+def find_package_shared():
+    expect(find_package("-DBUILD_SHARED_LIBS=ON"), ["libc.so.6", "libvarnel.so.1"], "the program's libraries")
+
+
+def find_package_default():
+    expect(find_package(), ["libc.so.6", "libvarnel.so.1"], "the program's libraries")
+
+
+def c_only(component, libraries):
+    folder = fresh(WORK / f"c_only-{component}")
+    project = (HERE / "c_only" / "CMakeLists.txt").read_text().replace("COMPONENTS static", f"COMPONENTS {component}")
+    (folder / "CMakeLists.txt").write_text(project)
+    shutil.copy(SAMPLES / "passport.c", folder)
+    run("cmake", "-S", folder, "-B", folder / "build", "-G", "Ninja", env=Prefix(MOVED).environment())
+    run("cmake", "--build", folder / "build")
+    expect_passport(run(folder / "build" / "passport_c"))
+    expect(libraries_of(folder / "build" / "passport_c"), libraries, "the program's libraries")
+
+
+def c_only_static():
+    c_only("static", LIBC_ONLY)
+
+
+def c_only_shared():
+    c_only("shared", ["libc.so.6", "libvarnel.so.1"])
+
+
+def versions():
+    """Asked for 1.0 it is found; a later minor or another major version, or an unknown component, it is not."""
+    env = Prefix(MOVED).environment()
+    for wanted, is_found in (("1.0", True), ("1", True), ("", True), ("1.0.0 EXACT", True), ("2.0", False),
+                             ("1.99", False), ("0.9", False), ("1.0 COMPONENTS static shared", True),
+                             ("1.0 COMPONENTS swift", False)):
+        folder = fresh(WORK / "versions")
+        (folder / "CMakeLists.txt").write_text(
+            "cmake_minimum_required(VERSION 3.20)\nproject(asks LANGUAGES C)\n"
+            f"find_package(Varnel {wanted} REQUIRED)\n")
+        said = run("cmake", "-S", folder, "-B", folder / "build", env=env, fails=not is_found)
+        if "swift" in wanted and "components of Varnel are static and shared" not in said:
+            fail(f"the refusal does not say why:\n{said}")
+
+
+def add_subdirectory():
+    folder = fresh(WORK / "add_subdirectory")
+    (folder / "source").mkdir()
+    (folder / "source" / "varnel").symlink_to(ROOT)
+    build = build_project("add_subdirectory", folder)
+    expect_passport(run(build / "passport_c"))
+    expect(libraries_of(build / "passport_c"), LIBC_ONLY, "the program's libraries")
+    said = run("cmake", "--install", build, "--prefix", fresh(WORK / "prefixes" / "parent"))
+    if "Varnel" in said:
+        fail(f"Varnel installs itself with a project that merely contains it:\n{said}")
+
+
+def fetch_content():
+    folder = fresh(WORK / "fetch_content")
+    (folder / "source").mkdir()
+    run("tar", "-czf", folder / "source" / "varnel-1.0.0.tar.gz", "--transform", "s,^,varnel-1.0.0/,",
+        "-C", ROOT, "CMakeLists.txt", "cmake", "include", "src", "packaging")
+    build = build_project("fetch_content", folder)
+    expect_passport(run(build / "passport_cpp"))
+
+
+# ---- compilers by hand ----------------------------------------------------------------------------
+
+
+def by_hand(name, *command, env=None):
+    program = WORK / name
+    run(*command, "-o", program, env=env)
+    return program
+
+
+def pkg_config_c():
+    prefix = Prefix(MOVED)
+    expect(prefix.pkg_config("--modversion", "varnel"), [version()], "the version")
+    program = by_hand("pkg_config_c", "cc", "-std=c99", "-Wall", "-Wextra", "-Werror", SAMPLES / "passport.c",
+                      *prefix.pkg_config("--cflags", "--libs", "varnel"))
+    expect_passport(run(program, env=prefix.environment()))
+
+
+def pkg_config_cpp():
+    prefix = Prefix(MOVED)
+    program = by_hand("pkg_config_cpp", "c++", "-std=c++17", "-Wall", "-Wextra", "-Werror",
+                      SAMPLES / "passport.cpp", *prefix.pkg_config("--cflags", "--libs", "varnel"))
+    expect_passport(run(program, env=prefix.environment()))
+
+
+def pkg_config_objc():
+    if not has_gnustep():
+        skip("gnustep-config is not found (Debian: gobjc libgnustep-base-dev gnustep-make)")
+    prefix = Prefix(MOVED)
+    flags = [flag for flag in run("gnustep-config", "--objc-flags").split() if flag not in ("-MMD", "-MP")]
+    program = by_hand("pkg_config_objc", "gcc", "-std=gnu99", *flags, SAMPLES / "passport.m",
+                      *prefix.pkg_config("--cflags", "--libs", "varnel-foundation"),
+                      *run("gnustep-config", "--base-libs").split())
+    expect_passport(run(program, env=prefix.environment()), ordered=False)
+
+
+def plain_cc():
+    """The static library by its name alone: no other library, no flag."""
+    prefix = Prefix(MOVED)
+    program = by_hand("plain_cc", "cc", f"-I{prefix.folder / 'include'}", SAMPLES / "passport.c",
+                      prefix.libraries / "libvarnel.a")
+    expect_passport(run(program))
+    expect(libraries_of(program), LIBC_ONLY, "the program's libraries")
+
+
+# ---- no compiler ----------------------------------------------------------------------------------
+
+
+def ctypes():
+    env = Prefix(MOVED).environment()
+    expect_passport(run(sys.executable, "-B", SAMPLES / "passport.py", env=env))
+    refused = "import passport; print(passport.parse_mrz('no zone'), passport.parse_mrz(''), passport.parse_mrz('é\\udfff'))"
+    expect(run(sys.executable, "-B", "-c", refused, env=env, cwd=SAMPLES), "None None None\n", "refused texts")
+
+
+def shell():
+    env = Prefix(MOVED).environment()
+    expect(run("sh", SAMPLES / "documents.sh", env=env), (SAMPLES / "documents.out").read_text(), "the names")
+
+
+def swift():
+    """A package of the sample alone, which takes Varnel from the source tree's Package.swift."""
+    if sys.platform != "darwin" or shutil.which("swift") is None:
+        skip("no Swift compiler that knows Objective-C: the Swift sample is not compiled here")
+    folder = fresh(WORK / "swift")
+    (folder / "Sources" / "passport").mkdir(parents=True)
+    shutil.copy(SAMPLES / "passport.swift", folder / "Sources" / "passport" / "main.swift")
+    (folder / "Package.swift").write_text(f"""// swift-tools-version:5.5
+import PackageDescription
+let package = Package(name: "passport", dependencies: [.package(name: "Varnel", path: "{ROOT}")],
+  targets: [.executableTarget(name: "passport", dependencies: ["Varnel"])])
+""")
+    run("swift", "build", "--package-path", folder)
+    expect_passport(run(folder / ".build" / "debug" / "passport"), ordered=False)
+
+
+if __name__ == "__main__":
+    globals()[sys.argv[2]]()
