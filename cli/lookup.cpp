@@ -73,7 +73,7 @@ std::string csv_cell(const std::string &text) {
   }
   std::string quoted = "\"";
   for (const char c : text) {
-    quoted += c == '"' ? "\"\"" : std::string(1, c);
+    quoted.append(c == '"' ? 2 : 1, c);
   }
   return quoted + '"';
 }
@@ -151,7 +151,7 @@ std::string soundex_of(const std::string &name) {
   if (utils_soundex_encode_str(name.c_str(), &code) != ERR_OK) {
     return "";
   }
-  return code.alpha + std::string(code.code, sizeof code.code);
+  return std::string(1, code.alpha).append(code.code, sizeof code.code);
 }
 
 void put_rows(output &out, format how, const std::vector<row> &rows) {

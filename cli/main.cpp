@@ -39,7 +39,8 @@ int finish(int code, output &out) {
 
 int main(int argc, char **argv) {
   using namespace varnel::cli;
-  std::signal(SIGPIPE, SIG_IGN); // a write to a closed pipe fails instead, whoever started this program
+  // A write to a closed pipe fails instead, whatever the caller made of the signal.
+  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
 
   const auto standard_output = std::make_unique<output>(STDOUT_FILENO);
   output &out = *standard_output;

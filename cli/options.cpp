@@ -8,7 +8,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <map>
 #include <string_view>
 
 #include <unistd.h>
@@ -33,17 +32,13 @@ const char *const EXAMPLES = "Examples:\n"
                              "  varnel element DAQ DBB                 the slots of two AAMVA elements\n"
                              "  varnel soundex Robert Rupert           the Soundex codes of two names\n";
 
-const std::map<std::string, format> FORMATS = {
-    {"json", format::json}, {"table", format::table}, {"csv", format::csv}};
-const std::map<std::string, split> SPLITS = {{"line", split::line}, {"block", split::block}};
-
-template <class Value> std::vector<std::string> names_of(const std::map<std::string, Value> &choices) {
-  std::vector<std::string> names;
-  for (const auto &[name, value] : choices) {
-    names.push_back(name);
-  }
-  return names;
-}
+// The words that an option takes.
+template <class Value> struct choice {
+  const char *word;
+  Value value;
+};
+constexpr choice<format> FORMATS[] = {{"json", format::json}, {"table", format::table}, {"csv", format::csv}};
+constexpr choice<split> SPLITS[] = {{"line", split::line}, {"block", split::block}};
 
 command_line misused(const std::string &complaint) {
   return {std::nullopt, "", complaint + " (varnel --help tells more)", EXIT_TROUBLE};
@@ -72,110 +67,131 @@ std::string unknown_command(const std::string &word) {
   return "unknown command '" + word + "'" + did_you_mean(word, {"parse", "element", "soundex"});
 }
 
-// The complaint about a value that is not one of the choices; empty when it is one, or was not given.
-template <class Value>
-std::string choose(const std::string &option, const std::string &given,
-                   const std::map<std::string, Value> &choices, const std::string &list, Value &chosen) {
-  const auto found = choices.find(given);
-  if (found == choices.end()) {
-    return option + " '" + given + "' is not one of " + list + did_you_mean(given, names_of(choices));
+// Sets `chosen`; gives the complaint about a word that is none of the choices, or an empty text.
+template <class Value, std::size_t COUNT>
+std::string choose(const std::string &option, const std::string &given, const choice<Value> (&choices)[COUNT],
+                   Value &chosen) {
+  std::vector<std::string> words;
+  std::string list;
+  words.reserve(COUNT);
+  for (const choice<Value> &each : choices) {
+    if (given == each.word) {
+      chosen = each.value;
+      return "";
+    }
+    words.emplace_back(each.word);
+    list += list.empty() ? "" : ", ";
+    list += each.word;
   }
-  chosen = found->second;
-  return "";
+  return option + " '" + given + "' is not one of " + list + did_you_mean(given, words);
 }
+
+// The grammar of the command line, and what was found in one.
+class grammar {
+public:
+  grammar() {
+    app_.set_version_flag("--version", "varnel " VARNEL_VERSION, "Print the version and leave");
+    app_.set_help_flag("-h,--help", "Print this help and leave");
+    app_.require_subcommand(0, 1);
+    app_.footer(std::string(EXAMPLES) + "\n" + EXIT_CODES);
+    app_.allow_extras(); // unknown words are kept, so that suggestions can be made
+
+    operands(parse_, "FILE", "Files to read, each the text of one document; '-' or none: standard input");
+    parse_
+        .add_option("--each", each_,
+                    "Read many documents from each file: one per 'line', or one per 'block' of\n"
+                    "lines between blank lines")
+        ->type_name("line|block")
+        ->take_last();
+    parse_.add_flag("--slots", asked_.slots,
+                    "Show every filled slot of the record too, by its constant's name");
+    operands(element_, "ID", "Element identifiers, such as DAQ");
+    operands(soundex_, "NAME", "Names, of letters A to Z");
+    for (CLI::App *command : {&parse_, &element_, &soundex_}) {
+      command
+          ->add_option("--format", how_,
+                       "How to print: json, table or csv (default: a table on a terminal, JSON\n"
+                       "otherwise)")
+          ->type_name("json|table|csv")
+          ->take_last();
+      command->footer(EXIT_CODES);
+      command->allow_extras();
+    }
+  }
+
+  command_line read(int argc, const char *const *argv) {
+    // Whatever stands behind "--" is an operand, however it looks.
+    const char *const *const end = argv + argc;
+    const char *const *const dashes = std::find(argv, end, std::string_view("--"));
+    try {
+      app_.parse(static_cast<int>(dashes - argv), argv);
+    } catch (const CLI::CallForHelp &) {
+      return {std::nullopt, app_.help(), "", EXIT_ALL_READ};
+    } catch (const CLI::CallForVersion &) {
+      return {std::nullopt, "varnel " VARNEL_VERSION "\n", "", EXIT_ALL_READ};
+    } catch (const CLI::ParseError &error) {
+      return misused(error.what());
+    }
+    if (dashes != end) {
+      asked_.operands.insert(asked_.operands.end(), dashes + 1, end);
+    }
+    const std::string complaint = interpret();
+    if (!complaint.empty()) {
+      return misused(complaint);
+    }
+    if (app_.get_subcommands().empty()) {
+      return {std::nullopt, app_.help(), "", EXIT_TROUBLE};
+    }
+    return {asked_, "", "", EXIT_ALL_READ};
+  }
+
+private:
+  void operands(CLI::App &command, const std::string &name, const std::string &description) {
+    command.add_option(name, asked_.operands, description)->option_text("...");
+  }
+
+  // Gives the complaint about what was found, or an empty text.
+  std::string interpret() {
+    const std::vector<CLI::App *> commands = app_.get_subcommands();
+    const CLI::App &used = commands.empty() ? app_ : *commands.front();
+    std::vector<std::string> unknown = app_.remaining(true);
+    if (commands.empty()) {
+      unknown.insert(unknown.end(), asked_.operands.begin(), asked_.operands.end());
+    }
+    if (!unknown.empty()) {
+      const std::string &word = unknown.front();
+      return word[0] == '-' ? unknown_option(word, used) : unknown_command(word);
+    }
+    asked_.what = &used == &element_   ? command::element
+                  : &used == &soundex_ ? command::soundex
+                                       : command::parse;
+    if (asked_.operands.empty() && (&used == &element_ || &used == &soundex_)) {
+      return used.get_name() + " needs at least one " + (&used == &element_ ? "ID" : "NAME");
+    }
+    std::string complaint;
+    if (!commands.empty() && used.count("--format") > 0) {
+      complaint = choose("--format", how_, FORMATS, asked_.how.emplace());
+    }
+    if (complaint.empty() && parse_.count("--each") > 0) {
+      complaint = choose("--each", each_, SPLITS, asked_.each);
+    }
+    return complaint;
+  }
+
+  options asked_;
+  std::string how_;
+  std::string each_;
+  CLI::App app_{
+      "Reads the machine-readable zone (MRZ) of travel documents: passports, visas, TD1 and TD2 cards.",
+      "varnel"};
+  CLI::App &parse_ = *app_.add_subcommand("parse", "Read documents and print their twelve values");
+  CLI::App &element_ =
+      *app_.add_subcommand("element", "Look AAMVA data elements up in the five element tables");
+  CLI::App &soundex_ = *app_.add_subcommand("soundex", "Print the Soundex codes of names");
+};
 
 } // namespace
 
-command_line read_command_line(int argc, const char *const *argv) {
-  options asked;
-  std::string how;
-  std::string each;
-
-  CLI::App app(
-      "Reads the machine-readable zone (MRZ) of travel documents: passports, visas, TD1 and TD2 cards.",
-      "varnel");
-  app.set_version_flag("--version", "varnel " VARNEL_VERSION, "Print the version and leave");
-  app.set_help_flag("-h,--help", "Print this help and leave");
-  app.require_subcommand(0, 1);
-  app.allow_extras();
-  app.footer(std::string(EXAMPLES) + "\n" + EXIT_CODES);
-
-  CLI::App *parse = app.add_subcommand("parse", "Read documents and print their twelve values");
-  parse
-      ->add_option("FILE", asked.operands,
-                   "Files to read, each the text of one document; '-' or none: standard input")
-      ->option_text("...");
-  parse
-      ->add_option("--each", each,
-                   "Read many documents from each file: one per 'line', or one per 'block' of\n"
-                   "lines between blank lines")
-      ->type_name("line|block")
-      ->take_last();
-  parse->add_flag("--slots", asked.slots, "Show every filled slot of the record too, by its constant's name");
-
-  CLI::App *element = app.add_subcommand("element", "Look AAMVA data elements up in the five element tables");
-  element->add_option("ID", asked.operands, "Element identifiers, such as DAQ")->option_text("...");
-
-  CLI::App *soundex = app.add_subcommand("soundex", "Print the Soundex codes of names");
-  soundex->add_option("NAME", asked.operands, "Names, of letters A to Z")->option_text("...");
-
-  for (CLI::App *command : {parse, element, soundex}) {
-    command
-        ->add_option("--format", how,
-                     "How to print: json, table or csv (default: a table on a terminal, JSON\n"
-                     "otherwise)")
-        ->type_name("json|table|csv")
-        ->take_last();
-    command->allow_extras();
-    command->footer(EXIT_CODES);
-  }
-
-  // Whatever stands behind "--" is an operand, however it looks.
-  const char *const *const end = argv + argc;
-  const char *const *const dashes = std::find(argv, end, std::string_view("--"));
-  try {
-    app.parse(static_cast<int>(dashes - argv), argv);
-  } catch (const CLI::CallForHelp &) {
-    return {std::nullopt, app.help(), "", EXIT_ALL_READ};
-  } catch (const CLI::CallForVersion &) {
-    return {std::nullopt, "varnel " VARNEL_VERSION "\n", "", EXIT_ALL_READ};
-  } catch (const CLI::ParseError &error) {
-    return misused(error.what());
-  }
-
-  const std::vector<CLI::App *> commands = app.get_subcommands();
-  const CLI::App &used = commands.empty() ? app : *commands.front();
-  for (const CLI::App *place : {static_cast<const CLI::App *>(&app), &used}) {
-    for (const std::string &word : place->remaining()) {
-      return misused(word[0] == '-' ? unknown_option(word, used) : unknown_command(word));
-    }
-  }
-  for (const char *const *word = dashes; end - word > 1; ++word) {
-    asked.operands.emplace_back(word[1]);
-  }
-  if (commands.empty() && !asked.operands.empty()) {
-    return misused(unknown_command(asked.operands.front()));
-  }
-  if (commands.empty()) {
-    return {std::nullopt, app.help(), "", EXIT_TROUBLE};
-  }
-  std::string complaint;
-  if (used.count("--format") > 0) {
-    format chosen = format::json;
-    complaint = choose("--format", how, FORMATS, "json, table, csv", chosen);
-    asked.how = chosen;
-  }
-  if (complaint.empty() && &used == parse && parse->count("--each") > 0) {
-    complaint = choose("--each", each, SPLITS, "line, block", asked.each);
-  }
-  asked.what = &used == parse ? command::parse : &used == element ? command::element : command::soundex;
-  if (complaint.empty() && asked.what != command::parse && asked.operands.empty()) {
-    complaint = used.get_name() + " needs at least one " + (&used == element ? "ID" : "NAME");
-  }
-  if (!complaint.empty()) {
-    return misused(complaint);
-  }
-  return {asked, "", "", EXIT_ALL_READ};
-}
+command_line read_command_line(int argc, const char *const *argv) { return grammar().read(argc, argv); }
 
 } // namespace varnel::cli

@@ -80,9 +80,11 @@ std::uint64_t total_size(const std::vector<std::string> &operands) {
 std::string refusal(std::string_view text) {
   char zone[VARNEL_EXAMINED_MAX + 1];
   int length = 0;
-  normalize_mrz(text.data(), varnel_utf16_length(text.data(), text.size()), zone, sizeof zone, &length);
+  const int units = varnel_utf16_length(text.data(), text.size());
+  normalize_mrz(text.data(), units, zone, sizeof zone, &length);
   const std::string found = "not a machine-readable zone: " + std::to_string(length) +
-                            (length == 1 ? " character" : " characters") + " after clean-up, ";
+                            (length == 1 ? " character" : " characters") + " after clean-up" +
+                            (units == VARNEL_EXAMINED_MAX ? " of its first 1023, " : ", ");
   std::string expected;
   for (const zone_kind &kind : ZONE_KINDS) {
     if (length == kind.length) {
@@ -107,6 +109,9 @@ public:
   int run() {
     writer_.begin();
     for (const std::string &operand : operands_) {
+      if (out_.error() != 0) {
+        break;
+      }
       input from(operand);
       read_all_of(from);
     }
@@ -155,7 +160,6 @@ private:
       tell(file + ": " + (split_ == split::line ? "line " : "block at line ") +
            std::to_string(document.line) + ": longer than 1 MiB, refused");
     } else if (!batch_) {
-      out_.flush();
       tell(file + ": " + refusal(document.text));
     }
   }
@@ -169,6 +173,7 @@ private:
 
   void tell(const std::string &message) {
     progress_.erase();
+    out_.flush(); // the output stands before what is said of it
     complain(message);
   }
 
@@ -181,8 +186,8 @@ private:
   progress progress_;
   tally counts_;
   bool trouble_ = false;
-  PARSE_RESULT result_;
-  char buffer_[VARNEL_BUFFER_SIZE];
+  PARSE_RESULT result_ = {};
+  char buffer_[VARNEL_BUFFER_SIZE] = {};
 };
 
 } // namespace

@@ -101,6 +101,10 @@ class Refusals(Folder):
     def test_one_character(self):
         self.assertIn(": 1 character after", self.refusal(b"A"))
 
+    def test_a_text_that_was_cut(self):
+        self.assertIn(": 1022 characters after clean-up, ", self.refusal(b"A" * 1022))
+        self.assertIn(": 1023 characters after clean-up of its first 1023, ", self.refusal(b"A" * 1024))
+
     def test_the_length_is_that_after_clean_up(self):
         self.assertIn(": 4 characters after", self.refusal(b"  a<\r\n\0\xff B.1 "))
 
@@ -219,7 +223,7 @@ class Texts(Folder):
     def test_a_text_that_never_ends(self):
         code, out, err = varnel("parse", "/dev/zero")
         self.assertEqual((code, out), (1, b"null\n"))
-        self.assertIn(b": 0 characters after clean-up", err)
+        self.assertIn(b": 0 characters after clean-up of its first 1023, expected", err)
 
 
 if __name__ == "__main__":
