@@ -1,0 +1,113 @@
+"""Builds the packages, unpacks them into a scratch root and uses them there: package.py WORK"""
+
+import pathlib
+import re
+import subprocess
+import sys
+import tarfile
+
+from support import (HERE, ROOT, SAMPLES, Prefix, build_project, environment, expect, expect_passport, fail, fresh,
+                     libraries_of, run)
+
+WORK = pathlib.Path(sys.argv[1])
+OUT = WORK / "packages"
+PACKAGES = ("libvarnel1", "libvarnel-dev", "varnel")
+
+
+def contents(package):
+    """The files of a package, the machine's folder of libraries and the version left open."""
+    lines = run("sh", "-c", f"dpkg-deb --fsys-tarfile {package} | tar -t").splitlines()
+    multiarch = run("dpkg-architecture", "-qDEB_HOST_MULTIARCH").strip()
+    version = field(package, "Version").split("-")[0]
+    files = [line[2:].replace(multiarch, "@MULTIARCH@").replace(version, "@VERSION@")
+             for line in lines if not line.endswith("/")]
+    return sorted(files)
+
+
+def field(package, name):
+    return run("dpkg-deb", "--field", package, name).strip()
+
+
+def check_contents(packages):
+    found = [f"{name}: {path}" for name in PACKAGES for path in contents(packages[name])]
+    wanted = (HERE / "package-contents.txt").read_text().splitlines()
+    expect("\n".join(found), "\n".join(wanted), "the packages' files")
+
+
+def check_dependencies(packages):
+    """The library needs the C library only, and dpkg finds the three complete on this machine."""
+    depends = {name: re.findall(r"[\w.+-]+(?= \(|,|$)", field(packages[name], "Depends")) for name in PACKAGES}
+    expect(depends["libvarnel1"], ["libc6"], "what libvarnel1 depends on")
+    expect(depends["libvarnel-dev"], ["libvarnel1"], "what libvarnel-dev depends on")
+    expect(sorted(depends["varnel"]), ["libc6", "libgcc-s1", "libstdc++6", "libvarnel1"], "what varnel depends on")
+    run("dpkg", "--simulate", "--install", *packages.values())
+
+
+def check_lintian():
+    """Every finding is explained in packaging/lintian.md."""
+    explained = set(re.findall(r"^\| `([^`]+)`", (ROOT / "packaging" / "lintian.md").read_text(), re.MULTILINE))
+    found = (OUT / "lintian.txt").read_text().splitlines()
+    for line in found:
+        tag = re.match(r"[EWIPX]: [^:]+: (\S+)", line)
+        if not tag or tag.group(1) not in explained:
+            fail(f"lintian says what packaging/lintian.md does not explain: {line}")
+
+
+def check_use(packages):
+    root = fresh(WORK / "root")
+    for package in packages.values():
+        run("dpkg-deb", "-x", package, root)
+    usr = Prefix(root / "usr")
+    env = usr.environment()
+    env["CMAKE_PREFIX_PATH"] = str(usr.folder)
+    expect(run("varnel", "parse", "--format", "csv", SAMPLES / "passport.mrz", env=env).splitlines()[1],
+           "1,ANNA,ERIKSSON,MARIA,L898902C3,19740812,20120415,F,UTO,,UTO,PASSPORT,", "what the command prints")
+    expect(run("sh", SAMPLES / "documents.sh", env=env), (SAMPLES / "documents.out").read_text(), "the names")
+    expect([name for name in libraries_of(usr.folder / "bin" / "varnel") if "varnel" in name], ["libvarnel.so.1"],
+           "the library of the command")
+    if "RUNPATH" in run("readelf", "--dynamic", usr.folder / "bin" / "varnel"):
+        fail("the packaged command looks for its library in a folder of its own")
+    if "read the machine-readable zone" not in run("man", "-l", usr.folder / "share/man/man1/varnel.1.gz"):
+        fail("the manual page is not readable")
+    run("bash", "-n", usr.folder / "share/bash-completion/completions/varnel")
+    program = WORK / "passport"
+    for libraries in (usr.pkg_config("--cflags", "--libs", "varnel"),
+                      [f"-I{usr.folder / 'include'}", usr.libraries / "libvarnel.a"]):
+        run("cc", SAMPLES / "passport.c", *libraries, "-o", program)
+        expect_passport(run(program, env=env))
+    build = build_project("find_package", fresh(WORK / "find_package"), env=env)
+    expect_passport(run(build / "passport_cpp", env=environment()))
+
+
+def check_source():
+    """The archive holds the tracked files and builds."""
+    archives = list(OUT.glob("*.tar.gz"))
+    expect(len(archives), 1, "the number of source archives")
+    with tarfile.open(archives[0]) as archive:
+        found = sorted(member.name.split("/", 1)[1] for member in archive.getmembers() if not member.isdir())
+        archive.extractall(fresh(WORK / "source"))
+    tracked = subprocess.run(["git", "-C", ROOT, "ls-files"], capture_output=True, text=True, check=False)
+    if tracked.returncode == 0:
+        expect(found, sorted(name for name in tracked.stdout.splitlines() if (ROOT / name).is_symlink()
+                             or (ROOT / name).exists()), "the files of the source archive")
+    source = next((WORK / "source").iterdir())
+    run("cmake", "-S", source, "-B", WORK / "build-source", "-G", "Ninja", "-DVARNEL_BUILD_CLI=OFF",
+        "-DVARNEL_BUILD_FACADE=OFF")
+    run("cmake", "--build", WORK / "build-source", "-j2")
+
+
+def main():
+    run(ROOT / "packaging" / "run", OUT)
+    packages = {}
+    for package in OUT.glob("*.deb"):
+        packages[field(package, "Package")] = package
+    expect(sorted(packages), sorted(PACKAGES), "the packages")
+    check_contents(packages)
+    check_dependencies(packages)
+    check_lintian()
+    check_use(packages)
+    check_source()
+    print("libvarnel1, libvarnel-dev, varnel and the source archive: built, unpacked, used")
+
+
+main()
