@@ -36,13 +36,27 @@ static PARSE_RESULT *cleared(RECORD *record) {
 
 // ---- what a document is answered with ---------------------------------------------------------------
 
+static const char *const PASSPORT_ANSWER[VARNEL_VALUE_COUNT][2] = {
+    {"firstName", "ANNA"},
+    {"lastName", "ERIKSSON"},
+    {"middleName", "MARIA"},
+    {"licenseNumber", "L898902C3"},
+    {"birthDate", "19740812"},
+    {"expirationDate", "20120415"},
+    {"gender", "F"},
+    {"countryCode", "UTO"},
+    {"jurisdictionCode", ""},
+    {"nationality", "UTO"},
+    {"documentType", "PASSPORT"},
+    {"issueDate", ""},
+};
+
 static NSDictionary *passport_answer(void) {
-  return [NSDictionary
-      dictionaryWithObjectsAndKeys:@"ANNA", @"firstName", @"ERIKSSON", @"lastName", @"MARIA", @"middleName",
-                                   @"L898902C3", @"licenseNumber", @"19740812", @"birthDate", @"20120415",
-                                   @"expirationDate", @"F", @"gender", @"UTO", @"countryCode", @"",
-                                   @"jurisdictionCode", @"UTO", @"nationality", @"PASSPORT", @"documentType",
-                                   @"", @"issueDate", nil];
+  NSMutableDictionary *answer = [NSMutableDictionary dictionary];
+  for (int i = 0; i < VARNEL_VALUE_COUNT; ++i) {
+    [answer setObject:text_of(PASSPORT_ANSWER[i][1]) forKey:text_of(PASSPORT_ANSWER[i][0])];
+  }
+  return answer;
 }
 
 static void test_specimen(void) {
@@ -355,7 +369,8 @@ static NSArray *vectors(void) {
   NSDirectoryEnumerator *files = [[NSFileManager defaultManager] enumeratorAtPath:vectors_folder()];
   for (NSString *name = [files nextObject]; name != nil; name = [files nextObject]) {
     if ([[name pathExtension] isEqualToString:@"mrz"]) {
-      [names addObject:[vectors_folder() stringByAppendingPathComponent:[name stringByDeletingPathExtension]]];
+      NSString *path = [vectors_folder() stringByAppendingPathComponent:name];
+      [names addObject:[path stringByDeletingPathExtension]];
     }
   }
   return [names sortedArrayUsingSelector:@selector(compare:)];

@@ -26,11 +26,22 @@ static void append_scalar(UNITS *text, uint32_t scalar) {
   }
 }
 
+// How many bytes follow the first of a character; -1 where none begins with it.
+static int tails_behind(unsigned char lead) {
+  if (lead < 0x80) {
+    return 0;
+  }
+  if (lead < 0xC2 || lead > 0xF4) {
+    return -1;
+  }
+  return lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
+}
+
 BOOL append_utf8(UNITS *text, NSData *utf8) {
   const unsigned char *bytes = [utf8 bytes];
   for (size_t at = 0, size = [utf8 length]; at < size;) {
     const unsigned char lead = bytes[at];
-    const int tails = lead < 0x80 ? 0 : lead < 0xC2 ? -1 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : lead < 0xF5 ? 3 : -1;
+    const int tails = tails_behind(lead);
     if (tails < 0 || at + (size_t)tails >= size) {
       return NO;
     }
@@ -84,7 +95,8 @@ NSData *utf8_of(UNITS text) {
     if (!paired && (is_high_surrogate(unit) || is_low_surrogate(unit))) {
       return nil;
     }
-    append_utf8_scalar(utf8, paired ? 0x10000u + ((unit & 0x3FFu) << 10) + (text.units[++at] & 0x3FFu) : unit);
+    append_utf8_scalar(utf8,
+                       paired ? 0x10000u + ((unit & 0x3FFu) << 10) + (text.units[++at] & 0x3FFu) : unit);
   }
   return utf8;
 }
@@ -103,8 +115,7 @@ NSString *string_of(UNITS text) {
 }
 
 static NSString *string_of_view(STRING view) {
-  return [[[NSString alloc] initWithBytes:view.str
-                                   length:(NSUInteger)view.len
+  return [[[NSString alloc] initWithBytes:view.str length:(NSUInteger)view.len
                                  encoding:NSASCIIStringEncoding] autorelease];
 }
 
