@@ -123,6 +123,10 @@ std::string upper(std::string text) {
   return text;
 }
 
+std::string unknown_element(const std::string &id) {
+  return "unknown element '" + id + "'" + (is_known(upper(id)) ? did_you_mean(id, {upper(id)}) : "");
+}
+
 ordered_json element_object(const std::string &id) {
   ordered_json tables = ordered_json::object();
   for (const element_table &table : TABLES) {
@@ -171,8 +175,7 @@ int run_element(const options &asked, output &out) {
   int code = EXIT_ALL_READ;
   for (const std::string &id : asked.operands) {
     if (!is_known(id)) {
-      const std::string meant = is_known(upper(id)) ? "; did you mean '" + upper(id) + "'?" : "";
-      complain("unknown element '" + id + "'" + meant);
+      complain(unknown_element(id));
       code = EXIT_SOME_REFUSED;
     } else if (how == format::json) {
       put_json(out, element_object(id));

@@ -136,6 +136,9 @@ private:
       progress_.advance(count > 0 ? static_cast<std::uint64_t>(count) : 0);
       return count;
     });
+    if (from.is_terminal() && isatty(STDERR_FILENO) == 1) {
+      complain("reading from the terminal; end the text with Ctrl-D");
+    }
     document_text document;
     while (out_.error() == 0 && reader_.next(document)) {
       read(document, from.name());

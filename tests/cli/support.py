@@ -62,13 +62,13 @@ def read_terminal(master):
 
 
 def varnel_on_terminal(*arguments, text=b"", streams=("stdout", "stderr"), env=None):
-    """Runs the program with a terminal for the named streams; gives the exit code, standard output and
+    """Runs the program with a terminal for the named streams ("stdin" takes its text from a keyboard then, up
+    to a Ctrl-D); gives the exit code, standard output and
     standard error, each with a terminal of its own where it has one."""
     terminals = {stream: pty.openpty() for stream in streams}
     places = {stream: terminals[stream][1] if stream in terminals else subprocess.PIPE
-              for stream in ("stdout", "stderr")}
-    child = subprocess.Popen([PROGRAM, *map(str, arguments)], stdin=subprocess.PIPE, env=environment(**(env or {})),
-                             **places)
+              for stream in ("stdin", "stdout", "stderr")}
+    child = subprocess.Popen([PROGRAM, *map(str, arguments)], env=environment(**(env or {})), **places)
     for _, slave in terminals.values():
         os.close(slave)
     seen = {}
@@ -81,13 +81,18 @@ def varnel_on_terminal(*arguments, text=b"", streams=("stdout", "stderr"), env=N
             with getattr(child, stream) as pipe:
                 seen[stream] = pipe.read()
 
-    readers = [threading.Thread(target=read, args=[stream]) for stream in places]
+    readers = [threading.Thread(target=read, args=[stream]) for stream in ("stdout", "stderr")]
     for reader in readers:
         reader.start()
-    child.stdin.write(text)
-    child.stdin.close()
+    if "stdin" in terminals:
+        os.write(terminals["stdin"][0], text + b"\x04")
+    else:
+        child.stdin.write(text)
+        child.stdin.close()
     for reader in readers:
         reader.join()
+    if "stdin" in terminals:
+        os.close(terminals["stdin"][0])
     return child.wait(timeout=120), seen["stdout"], seen["stderr"]
 
 

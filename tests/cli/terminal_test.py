@@ -48,6 +48,23 @@ class Tables(unittest.TestCase):
         self.assertTrue(out.startswith(b"ELEMENT  TABLE                  SLOT  CONSTANT\n"))
 
 
+class Keyboard(unittest.TestCase):
+    HINT = b"varnel: reading from the terminal; end the text with Ctrl-D\n"
+
+    def test_a_person_is_told_what_is_waited_for(self):
+        self.assertEqual(varnel_on_terminal("parse", text=PASSPORT, streams=["stdin", "stderr"]),
+                         (0, PASSPORT_JSON, self.HINT))
+
+    def test_nobody_is_told_without_a_terminal_to_tell_it_on(self):
+        self.assertEqual(varnel_on_terminal("parse", text=PASSPORT, streams=["stdin"]), (0, PASSPORT_JSON, b""))
+
+    def test_no_progress_runs_into_what_is_typed(self):
+        code, out, err = varnel_on_terminal("parse", "--each", "line", text=PASSPORT_LINE + b"\n",
+                                            streams=["stdin", "stderr"])
+        self.assertEqual((code, out), (1, PASSPORT_JSON + b"null\n"))
+        self.assertEqual(err, self.HINT + b"varnel: 2 documents, 1 refused\n")
+
+
 class Progress(unittest.TestCase):
     def test_a_terminal_sees_progress_and_a_summary(self):
         code, out, err = varnel_on_terminal("parse", "--each", "line", text=PASSPORT_LINE * 2 + b"\n",
