@@ -111,7 +111,8 @@ def check_library(objdump, library, processor, minimum_command, minimum_os):
            [minimum_command])
     minimum = re.search(r"(?:version|minos) ([\d.]+)", "".join(those(minimum_command)))
     expect("minimum OS", minimum and minimum[1], minimum_os)
-    expect("libraries", sorted(re.search(r"name (\S+)", body)[1] for body in those("LC_LOAD_DYLIB")), LIBRARIES)
+    libraries = [re.search(r"name (\S+)", body)[1] for body in those("LC_LOAD_DYLIB")]
+    expect("libraries", sorted(libraries), LIBRARIES)
     expect("own search paths", those("LC_RPATH"), [])
     expect("code that runs when the library is loaded", "__mod_init_func" in commands, False)
 

@@ -1,6 +1,6 @@
 /*
- * The few declarations of Foundation that Varnel is compiled with when it is linked without an SDK, to
- * check that it links and how the result is built. No program can be run with these.
+ * The few declarations of Foundation that Varnel and the programs of its documentation are compiled with
+ * where there is no SDK, to check that it links and how the result is built. Nothing can be run with these.
  */
 #ifndef STUB_FOUNDATION_H
 #define STUB_FOUNDATION_H
@@ -37,10 +37,13 @@ __attribute__((objc_root_class))
                               forKeys:(const KeyType[])keys
                                 count:(NSUInteger)count;
 - (ObjectType)objectForKey:(KeyType)key;
+- (ObjectType)objectForKeyedSubscript:(KeyType)key;
 @end
 
 __attribute__((objc_exception))
 @interface NSException : NSObject
 @end
+
+void NSLog(NSString *format, ...);
 
 #endif
