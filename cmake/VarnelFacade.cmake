@@ -26,8 +26,8 @@ endmacro()
 # ---- a compiler -------------------------------------------------------------------------------------
 
 # Objective-C is compiled as C is, with the same compiler and flags (those of the sanitizers too).
-if(NOT CMAKE_OBJC_COMPILER)
-  set(CMAKE_OBJC_COMPILER "${CMAKE_C_COMPILER}")
+if(NOT DEFINED ENV{OBJC})
+  set(ENV{OBJC} "${CMAKE_C_COMPILER}")
 endif()
 if(NOT DEFINED CMAKE_OBJC_FLAGS)
   set(CMAKE_OBJC_FLAGS "${CMAKE_C_FLAGS}" CACHE STRING "Flags of the Objective-C compiler")
