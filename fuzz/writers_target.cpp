@@ -376,7 +376,7 @@ void copy_array(pair &, fuzz::input &in) {
 void number_to_text(pair &, fuzz::input &in) {
   const int room = any_room(in);
   int64_t number = in.flag() ? in.any_int() : static_cast<int64_t>(in.any_uint64());
-  number = number == INT64_MIN ? INT64_MAX : number; // what is written for the most negative one is not said
+  number = number == INT64_MIN ? INT64_MAX : number; // which the plain transcription cannot negate
   const int pad = in.any_int();
   memory ours(room > 0 ? room : 0);
   memory expected(room > 0 ? room : 0);
