@@ -234,6 +234,18 @@ def plain_cc():
     expect(libraries_of(program), LIBC_ONLY, "the program's libraries")
 
 
+def c_samples():
+    """Every sample in C: strict C99 without a warning, and the output beside it."""
+    prefix = Prefix(MOVED)
+    sources = sorted(SAMPLES.glob("*.c"))
+    if len(sources) < 3:
+        fail(f"{len(sources)} samples in C")
+    for source in sources:
+        program = by_hand(f"sample_{source.stem}", "cc", "-std=c99", "-Wall", "-Wextra", "-Wpedantic", "-Werror",
+                          f"-I{prefix.folder / 'include'}", source, prefix.libraries / "libvarnel.a")
+        expect(run(program), source.with_suffix(".out").read_text(), source.name)
+
+
 # ---- no compiler ----------------------------------------------------------------------------------
 
 
@@ -246,7 +258,8 @@ def ctypes():
 
 def shell():
     env = Prefix(MOVED).environment()
-    expect(run("sh", SAMPLES / "documents.sh", env=env), (SAMPLES / "documents.out").read_text(), "the names")
+    for sample, output in (("passport.sh", "passport.json"), ("documents.sh", "documents.out")):
+        expect(run("sh", SAMPLES / sample, env=env), (SAMPLES / output).read_text(), sample)
 
 
 def swift():

@@ -70,7 +70,7 @@ class Prefix:
     """An installed tree, wherever it lies."""
 
     def __init__(self, folder):
-        self.folder = pathlib.Path(folder)
+        self.folder = pathlib.Path(folder).resolve()
         found = sorted(self.folder.glob("**/libvarnel.so")) or sorted(self.folder.glob("**/libvarnel.a"))
         if len(found) != 1:
             fail(f"{self.folder} holds {len(found)} libraries")

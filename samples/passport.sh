@@ -1,0 +1,5 @@
+#!/bin/sh
+varnel parse <<'END'
+P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<
+L898902C36UTO7408122F1204159ZE184226B<<<<<10
+END
