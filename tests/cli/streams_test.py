@@ -30,6 +30,12 @@ class Broken(unittest.TestCase):
                 self.assertEqual((code, err), (2, b"varnel: standard output: No space left on device\n"))
 
     @unittest.skipUnless(os.path.exists("/dev/full"), "no /dev/full here")
+    def test_no_file_is_opened_once_nothing_more_can_be_written(self):
+        with open("/dev/full", "wb") as full:
+            code, _, err = varnel("parse", "-", "-", "/nonexistent", text=PASSPORT, stdout=full)
+        self.assertEqual((code, err), (2, b"varnel: standard output: No space left on device\n"))
+
+    @unittest.skipUnless(os.path.exists("/dev/full"), "no /dev/full here")
     def test_nothing_more_is_read_once_nothing_more_can_be_written(self):
         with open("/dev/full", "wb") as full:
             child = subprocess.Popen([PROGRAM, "parse", "--each", "line"], stdin=subprocess.PIPE, stdout=full,
