@@ -8,7 +8,7 @@ import tempfile
 import threading
 import unittest
 
-from support import PASSPORT, PASSPORT_JSON, PASSPORT_LINE, PROGRAM, environment, read_until, varnel
+from support import PASSPORT, PASSPORT_JSON, PASSPORT_LINE, PROGRAM, VECTORS, environment, read_until, varnel
 
 
 def close_quietly(pipe):
@@ -32,7 +32,7 @@ class Broken(unittest.TestCase):
     @unittest.skipUnless(os.path.exists("/dev/full"), "no /dev/full here")
     def test_no_file_is_opened_once_nothing_more_can_be_written(self):
         with open("/dev/full", "wb") as full:
-            code, _, err = varnel("parse", "-", "-", "/nonexistent", text=PASSPORT, stdout=full)
+            code, _, err = varnel("parse", *[VECTORS / "td3" / "specimen.mrz"] * 2, "/nonexistent", stdout=full)
         self.assertEqual((code, err), (2, b"varnel: standard output: No space left on device\n"))
 
     @unittest.skipUnless(os.path.exists("/dev/full"), "no /dev/full here")
