@@ -39,7 +39,7 @@ foreach(tool IN ITEMS ar ranlib install-name-tool)
   string(REPLACE "-" "_" variable ${variable})
   find_program(${variable} NAMES llvm-${tool} llvm-${tool}-14 REQUIRED)
 endforeach()
-# libc++ is that of every iOS, and none of it is used. A flag that means nothing on iOS is no fault.
-set(CMAKE_CXX_FLAGS_INIT "-stdlib=libc++ -Wno-unused-command-line-argument")
+# libc++ is that of every iOS, and none of it is used.
+set(CMAKE_CXX_FLAGS_INIT "-stdlib=libc++")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-fuse-ld=lld")
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY) # there is no C++ library to link a program with

@@ -12,6 +12,7 @@ using block = unsigned char __attribute__((vector_size(16)));
 using half_block = unsigned char __attribute__((vector_size(8)));
 
 constexpr int SIZE = sizeof(block);
+constexpr int HALF_SIZE = sizeof(half_block);
 
 template <class Block> Block load(const char *text) {
   Block characters;

@@ -278,7 +278,11 @@ VARNEL_CLASS
 /** Reads a string in one call. */
 @interface NSString (Varnel)
 
-/** What a new Varnel answers for the receiver: see -[Varnel parseMRZStringForDictionary:]. */
+/**
+ * Reads the receiver with a new Varnel.
+ *
+ * @return what -[Varnel parseMRZStringForDictionary:] answers for the receiver, autoreleased, or nil
+ */
 - (VARNEL_STRING_DICTIONARY *VARNEL_NULLABLE)
     parseMRZStringForDict VARNEL_SWIFT_NAME("parseMRZStringForDict()");
 

@@ -1,9 +1,6 @@
 /**
  * @file defines.h
  * @brief Shared types, slot numbers, parser identifiers and return codes.
- *
- * Everything here is plain C: fixed-size records and integers, no ownership, no state. The layout of
- * every record is part of the binary interface and does not change within a major version.
  */
 #ifndef VARNEL_DEFINES_H
 #define VARNEL_DEFINES_H
@@ -53,8 +50,8 @@ enum {
  * The identifiers in brackets are data elements of the AAMVA DL/ID card design standard. One element
  * may go to different slots in the element tables of different versions (DBB to 11 or 78, DAQ to 6 or
  * 55, DCG to 56 or 125, DAU to 14 or 54, DAH to 30 or 58, DBN to 46 or 62, DBG to 40 or 63, DBS to 51
- * or 64); the twelve exported values read one slot of each such pair (78, 6, 125). The split is
- * deliberate. Slots without a name are reserved and stay empty.
+ * or 64); the twelve exported values read one slot of each of the first three pairs (78, 6, 125). The split
+ * is deliberate. Slots without a name are reserved and stay empty.
  */
 #define VARNEL_FIELDS(X)                                                                                     \
   X(1, FIELD_FULL_NAME, "full name in one string (DAA)")                                                     \

@@ -1,7 +1,5 @@
 #include <Varnel/mrz/mrz_common.h>
 
-#include <Varnel/utils.h>
-
 #include "../ascii.hpp"
 #include "../view.hpp"
 #include "character_sets.hpp"
@@ -36,7 +34,8 @@ STRING take_word(STRING &rest) {
   return word;
 }
 
-// Where the "<<" between primary and secondary identifier ends its first filler, or the view's length.
+// The position of the second filler of the first "<<", which parts the primary identifier from the
+// secondary; the view's length when there is none.
 int find_separator(STRING name) {
   int i = 1;
   while (i < name.len && !(name.str[i] == FILLER && name.str[i - 1] == FILLER)) {

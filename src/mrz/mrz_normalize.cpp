@@ -35,19 +35,19 @@ char *append(char *out, const char *text, int len) {
 char *append_half_block(char *out, const char *text) {
   const auto half = blocks::load<blocks::half_block>(text);
   if (!mrz_characters::contains_all(half)) {
-    return append(out, text, sizeof half);
+    return append(out, text, blocks::HALF_SIZE);
   }
   blocks::store(out, half);
-  return out + sizeof half;
+  return out + blocks::HALF_SIZE;
 }
 
 char *append_block(char *out, const char *text) {
   const auto block = blocks::load<blocks::block>(text);
   if (!mrz_characters::contains_all(block)) {
-    return append_half_block(append_half_block(out, text), text + sizeof block / 2);
+    return append_half_block(append_half_block(out, text), text + blocks::HALF_SIZE);
   }
   blocks::store(out, block);
-  return out + sizeof block;
+  return out + blocks::SIZE;
 }
 
 } // namespace
@@ -57,15 +57,13 @@ int normalize_mrz(const char *input, int i_len, char *output, int o_len, int *re
     return ERR_INVALID_ARGS;
   }
   // The limit is on the input: text beyond it is not examined, whatever is dropped before.
-  const int size = i_len < o_len ? i_len : o_len - 1;
-  constexpr int BLOCK = sizeof(blocks::block);
-  constexpr int HALF_BLOCK = sizeof(blocks::half_block);
+  const int size = smaller(i_len, o_len - 1);
   char *out = output;
   int i = 0;
-  for (; i + BLOCK <= size; i += BLOCK) {
+  for (; size - i >= blocks::SIZE; i += blocks::SIZE) {
     out = append_block(out, input + i);
   }
-  for (; i + HALF_BLOCK <= size; i += HALF_BLOCK) {
+  for (; size - i >= blocks::HALF_SIZE; i += blocks::HALF_SIZE) {
     out = append_half_block(out, input + i);
   }
   out = append(out, input + i, size - i);

@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr double DAYS_PER_YEAR = 365.2425;
+
 constexpr bool in_range(int value, int low, int high) { return value >= low && value <= high; }
 
 template <class Year> constexpr bool is_leap_year(Year year) {
@@ -78,10 +80,10 @@ int utils_days2date(uint64_t days, DATETIME *date) {
   if (date == nullptr) {
     return ERR_INVALID_ARGS;
   }
-  // Both steps are rounded to a double, also where registers are wider: the quotient decides the year,
-  // and the first day of some leap years comes out as month 13 of the year before because of it.
+  // Both steps are rounded to a double, also where registers are wider: the quotient decides the year, and
+  // the first day of some leap years comes out as month 13 of the year before because of it.
   const volatile double day_count = static_cast<double>(days);
-  const volatile double quotient = day_count / 365.2425;
+  const volatile double quotient = day_count / DAYS_PER_YEAR;
   const uint64_t y = static_cast<uint64_t>(quotient);
 
   uint64_t rest = days;
@@ -108,5 +110,5 @@ int utils_days2date(uint64_t days, DATETIME *date) {
   } else {
     *date = DATETIME{static_cast<int>(static_cast<uint32_t>(year - 1)), 12, 31, 0, 0, 0};
   }
-  return 0;
+  return ERR_OK;
 }

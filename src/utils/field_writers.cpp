@@ -173,7 +173,7 @@ void utils_strtrim_begin(STRING *s, int begin) {
   }
   if (s->len <= begin) {
     // An emptied view stays on its last character, not past its end.
-    s->str += s->len - 1;
+    s->str += static_cast<ptrdiff_t>(s->len) - 1;
     s->len = 0;
     return;
   }

@@ -34,10 +34,6 @@ int copy_filtered(char *out, int o_len, const STRING *src, Removed is_removed, D
   return written;
 }
 
-inline bool has_slot(const PARSE_RESULT *result, int field) {
-  return result != nullptr && field >= 0 && field < FIELD_COUNT;
-}
-
 inline char *free_space(const PARSE_RESULT *result) {
   return result->buffer != nullptr ? result->buffer + result->data_size : nullptr;
 }

@@ -33,7 +33,7 @@ int clamped_difference(int a, int b) {
   if (difference < INT_MIN) {
     return INT_MIN;
   }
-  return static_cast<int>(difference); // a negative length at most: never above INT_MAX
+  return difference > INT_MAX ? INT_MAX : static_cast<int>(difference);
 }
 
 // The order of two texts of equal length, as signed characters: 0 equal, 1 first greater, else -1.

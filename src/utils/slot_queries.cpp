@@ -3,7 +3,7 @@
 #include "../view.hpp"
 
 int utils_is_valid_field(const PARSE_RESULT *pResult, int field) {
-  if (pResult == nullptr || field < 0 || field >= FIELD_COUNT) {
+  if (!has_slot(pResult, field)) {
     return ERR_FAILED;
   }
   return is_empty(pResult->fields[field].value) ? ERR_FAILED : ERR_OK;

@@ -85,8 +85,8 @@ VARNEL_API int MRZ_common_calc_control_sum(const char *str, int len, int *pos);
 /**
  * Tells whether a character is the check digit of a sum (ICAO Doc 9303).
  *
- * @param sum a sum of MRZ_common_calc_control_sum(). A failed one, -1, has no check digit. The remainder is
- *            taken with its sign, so that of the negative numbers multiples of ten only have one, 0.
+ * @param sum a sum of MRZ_common_calc_control_sum(). A failed one, -1, has no check digit. The remainder
+ *            keeps its sign: a negative sum matches only when it is a multiple of ten, and then 0.
  * @param c   the check character. A filler stands for 0; anything but a digit or a filler is none.
  * @return 1 when it is, else 0. Thread-safe.
  */
