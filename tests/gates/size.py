@@ -8,7 +8,7 @@ from building import arguments, fail, run, shared_library
 
 FILE_BOUND = 40 * 1024
 CODE_BOUND = 24 * 1024
-COUNTED = re.compile(r"^(\.init|\.fini|\.plt.*|\.text.*|\.rodata.*|\.eh_frame.*|\.data\.rel\.ro.*)\s+(\d+)", re.MULTILINE)
+COUNTED = re.compile(r"^(\.(?:init|fini|plt\S*|text\S*|rodata\S*|eh_frame\S*|data\.rel\.ro\S*))\s+(\d+)", re.MULTILINE)
 
 
 def main():
