@@ -34,8 +34,8 @@ install(FILES "${PROJECT_BINARY_DIR}/VarnelConfig.cmake" "${PROJECT_BINARY_DIR}/
 
 # ---- pkg-config file --------------------------------------------------------------------------------
 
-# Installs NAME.pc made from cmake/NAME.pc.in, as part of a component. Its prefix is as seen from the folder of
-# the file itself, unless the library's folder was given as an absolute path.
+# Installs NAME.pc made from cmake/NAME.pc.in, as part of a component. Its prefix is as seen from the folder
+# of the file itself, unless the library's folder was given as an absolute path.
 function(varnel_install_pc name component)
   if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
     set(pc_prefix "${CMAKE_INSTALL_PREFIX}")

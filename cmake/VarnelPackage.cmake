@@ -52,7 +52,7 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY >=)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/packaging/triggers")
-set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "reader of machine-readable zones of travel documents (library)
+set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "reader of machine-readable zones of travel documents: library
 Varnel reads the text of the machine-readable zone of a passport, an identity
 card or a visa (ICAO Doc 9303: TD1, TD2, TD3, MRV-A and MRV-B) into twelve
 values. It allocates nothing and keeps no state.")
@@ -62,7 +62,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
   "libvarnel${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
-set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "reader of machine-readable zones of travel documents (development files)
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "reader of machine-readable zones of travel documents: headers
 The headers for C, C++17 and Objective-C, the static library, and the files
 by which CMake and pkg-config find Varnel.")
 
@@ -70,7 +70,7 @@ set(CPACK_DEBIAN_COMMAND_PACKAGE_NAME varnel)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS
   "libvarnel${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})")
-set(CPACK_COMPONENT_COMMAND_DESCRIPTION "reader of machine-readable zones of travel documents (command)
+set(CPACK_COMPONENT_COMMAND_DESCRIPTION "reader of machine-readable zones of travel documents: command
 The command varnel reads machine-readable zones from files or standard input
 and prints JSON, CSV or a table, for one document or for many as a stream.
 It also looks up AAMVA data elements and encodes names as Soundex.")

@@ -16,7 +16,7 @@ int main(void) {
   }
   varnel_export(&result, values);
   for (int i = 0; i < VARNEL_VALUE_COUNT; ++i) {
-    printf("%s: %.*s\n", values[i].key, values[i].value.len, values[i].value.str);
+    printf("%s=%.*s\n", values[i].key, values[i].value.len, values[i].value.str);
   }
   return 0;
 }

@@ -9,7 +9,7 @@ int main() {
     return 1; // not a travel document's zone
   }
   for (const auto [key, value] : *document) {
-    std::cout << key << ": " << value << '\n';
+    std::cout << key << '=' << value << '\n';
   }
   return 0;
 }

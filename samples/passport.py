@@ -38,4 +38,4 @@ if __name__ == "__main__":
     document = parse_mrz("P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n"
                          "L898902C36UTO7408122F1204159ZE184226B<<<<<10\n")
     for key, value in document.items():
-        print(f"{key}: {value}")
+        print(f"{key}={value}")

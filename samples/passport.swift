@@ -7,6 +7,6 @@ let zone = """
 
 if let document = Varnel().parseMRZString(forDictionary: zone) {
   for (key, value) in document.sorted(by: { $0.key < $1.key }) {
-    print("\(key): \(value)")
+    print("\(key)=\(value)")
   }
 }  // nil: not a travel document's zone

@@ -50,7 +50,8 @@ def columns():
     """Layout: its rows (line, start, length, value), as the parsers' own table has them."""
     with tempfile.TemporaryDirectory() as folder:
         program = os.path.join(folder, "columns")
-        subprocess.run([os.environ.get("CXX", "c++"), "-std=c++17", HERE / "columns.cpp", "-o", program], check=True)
+        compiler = os.environ.get("CXX", "c++")
+        subprocess.run([compiler, "-std=c++17", HERE / "columns.cpp", "-o", program], check=True)
         printed = subprocess.run([program], check=True, capture_output=True, text=True).stdout
     layouts = {}
     for line in printed.splitlines():
@@ -105,7 +106,8 @@ def drawing(layout, rows):
         for column, (character, value) in enumerate(zip(line, values)):
             x = left + column * cell
             colour = VALUES[value][2] if value else "#f7f7f7"
-            pieces.append(f'<rect x="{x}" y="{y}" width="{cell}" height="{height}" fill="{colour}" stroke="#fff"/>'
+            pieces.append(f'<rect x="{x}" y="{y}" width="{cell}" height="{height}" fill="{colour}" '
+                          f'stroke="#fff"/>'
                           f'<text x="{x + cell // 2}" y="{y + 18}" font-size="15" text-anchor="middle">'
                           f"{html.escape(character)}</text>")
             if number == 0 and column % 5 == 0:
@@ -117,8 +119,9 @@ def drawing(layout, rows):
                         "personalNumber": "FIELD_PERSONAL_NUMBER"}.get(value, value)
                 # A label wider than its columns is drawn below the others.
                 lower = 9 if len(name) * 5.2 > length * cell and value in ("gender", "code") else 0
-                pieces.append(f'<text x="{left + (start * 2 + length) * cell // 2}" y="{y + height + 10 + lower}" '
-                              f'font-size="8.5" fill="#333" text-anchor="middle">{name}</text>')
+                middle = left + (start * 2 + length) * cell // 2
+                pieces.append(f'<text x="{middle}" y="{y + height + 10 + lower}" font-size="8.5" '
+                              f'fill="#333" text-anchor="middle">{name}</text>')
     total = top + len(zone) * (height + 24) + 4
     return (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {width} {total}" width="{width}" '
             f'font-family="monospace"><title>Columns of {layout.upper()}</title>'

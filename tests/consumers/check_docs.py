@@ -12,8 +12,8 @@ A fenced block is told by the comment in the line above it:
     <!-- tested by: PATH -->  what it shows is tested by that file
 
 Without one, a block of text says nothing to be run, and any other block must be a whole file of the project.
-Links between pages lead somewhere. A page whose sections end with "*Pinned by ...*" has it in every section of the
-third level, and every unit test (`Suite.Name`) and vector (`folder/name`) named there exists.
+Links between pages lead somewhere. A page whose sections end with "*Pinned by ...*" has it in every section
+of the third level, and every unit test (`Suite.Name`) and vector (`folder/name`) named there exists.
 """
 
 import pathlib
@@ -58,8 +58,8 @@ def block_fault(mark, language, text, folder, env, contents):
     if kind == "run":
         return run_block(language, text, folder, env)
     if kind == "run as":
-        return run_block(language, re.sub(r"^\$ .*$", lambda _: f"$ {path}", text, count=1, flags=re.MULTILINE),
-                         folder, env)
+        text = re.sub(r"^\$ .*$", lambda _: f"$ {path}", text, count=1, flags=re.MULTILINE)
+        return run_block(language, text, folder, env)
     if kind == "file":
         whole = (ROOT / path).read_text() if (ROOT / path).exists() else ""
         return None if f"\n{text}" in f"\n{whole}" else f"these are no lines of {path}"
@@ -75,7 +75,7 @@ def headings(page):
     anchors = []
     for heading in re.findall(r"^#+ (.*)$", FENCE.sub("", page.read_text()), re.MULTILINE):
         anchor = re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-")
-        again = sum(1 for known in anchors if known == anchor or re.fullmatch(re.escape(anchor) + r"-\d+", known))
+        again = sum(1 for known in anchors if re.fullmatch(re.escape(anchor) + r"(-\d+)?", known))
         anchors.append(f"{anchor}-{again}" if again else anchor)
     return anchors
 

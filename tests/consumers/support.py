@@ -88,7 +88,7 @@ class Prefix:
 
 
 def build_project(project, folder, *options, env=None):
-    """Copies a project of this folder with its samples, configures and builds it; returns the build's folder."""
+    """Copies a project of this folder with its samples and builds it; returns the build's folder."""
     source = folder / "source"
     source.mkdir(parents=True, exist_ok=True)
     shutil.copy(HERE / project / "CMakeLists.txt", source)
