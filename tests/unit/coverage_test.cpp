@@ -29,6 +29,19 @@ TEST(Corners, RecordThatWasNeverLentABufferTakesNoText) {
   EXPECT_EQ(record.fields[FIELD_SEX].value.len, 0);
   EXPECT_EQ(record.data_size, 0);
 
+  // A caller's own writer is asked all the same, and told that there is no room.
+  struct Offer {
+    char *out;
+    int o_len;
+  } offer = {record.buffer, 1};
+  const auto remember = [](void *data, char *out, int o_len) {
+    *static_cast<Offer *>(data) = Offer{out, o_len};
+    return 0;
+  };
+  EXPECT_EQ(utils_write_field_w(&record, FIELD_SEX, &offer, remember), &record.fields[FIELD_SEX]);
+  EXPECT_EQ(offer.out, nullptr);
+  EXPECT_EQ(offer.o_len, 0);
+
   const DATETIME date = {1974, 8, 12, 0, 0, 0};
   EXPECT_EQ(utils_write_field_date(&record, FIELD_BIRTH_DATE, &date), nullptr);
 }
