@@ -50,6 +50,13 @@ TEST(Corners, DifferenceOfLengthsStaysWithinAnInt) {
   const STRING negative = {"", INT_MIN};
   EXPECT_EQ(utils_strcmp(&negative, ""), INT_MIN);
   EXPECT_EQ(utils_strcmp(&negative, "A"), INT_MIN);
+
+  const STRING longest = {"", INT_MAX};
+  const STRING minus_one = {"", -1};
+  EXPECT_EQ(utils_tokcmp(&longest, &minus_one, 0), INT_MAX);
+  EXPECT_EQ(utils_tokcmp(&minus_one, &longest, 0), INT_MIN);
+  const STRING empty = {"", 0};
+  EXPECT_EQ(utils_tokcmp(&longest, &empty, 0), INT_MAX);
 }
 
 TEST(Corners, TokenWithoutAPlaceToGoIsNotSought) {
