@@ -59,6 +59,17 @@ TEST(Corners, DifferenceOfLengthsStaysWithinAnInt) {
   EXPECT_EQ(utils_tokcmp(&longest, &empty, 0), INT_MAX);
 }
 
+TEST(Corners, BytesAroundTheTailsOfUtf8AreNoTails) {
+  EXPECT_EQ(varnel_utf16_length("\xF1\x7F\x80\x80", 4), 4);
+  EXPECT_EQ(varnel_utf16_length("\xF1\x80\x80\x80", 4), 2);
+}
+
+TEST(Corners, PointIsNoSignInADate) {
+  const STRING text = view("2018.1.2");
+  DATETIME date = {};
+  EXPECT_EQ(utils_parse_date(&text, &date), -1);
+}
+
 TEST(Corners, TokenWithoutAPlaceToGoIsNotSought) {
   const STRING text = view("ONE TWO");
   EXPECT_EQ(utils_strntok(&text, nullptr, 0, " "), -1);
