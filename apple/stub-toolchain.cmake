@@ -31,9 +31,9 @@ set(slice_target ${slice_architecture}-apple-ios${CMAKE_OSX_DEPLOYMENT_TARGET}${
 foreach(language IN ITEMS C CXX OBJC)
   set(CMAKE_${language}_COMPILER_TARGET ${slice_target})
 endforeach()
-set(CMAKE_C_COMPILER clang)
-set(CMAKE_CXX_COMPILER clang++)
-set(CMAKE_OBJC_COMPILER clang)
+find_program(CMAKE_C_COMPILER clang REQUIRED)
+find_program(CMAKE_CXX_COMPILER clang++ REQUIRED)
+find_program(CMAKE_OBJC_COMPILER clang REQUIRED) # CMake wants the whole path of this one
 foreach(tool IN ITEMS ar ranlib install-name-tool)
   string(TOUPPER CMAKE_${tool} variable)
   string(REPLACE "-" "_" variable ${variable})
