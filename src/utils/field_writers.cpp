@@ -50,7 +50,7 @@ int utils_strcpy_f(char *out, int o_len, const STRING *src, _t_predicate_func re
 
 int utils_strcpy_array(char *out, int o_len, const STRING *src, int count, char sep,
                        const char *removed_chars, const char *duplicate_chars, char rep) {
-  if (out == nullptr || o_len < 1 || src == nullptr) {
+  if (src == nullptr) {
     return 0;
   }
   int written = 0;
@@ -147,7 +147,7 @@ FIELD *utils_write_field_date(PARSE_RESULT *pResult, int field, const DATETIME *
 }
 
 int utils_itoa(int64_t num, char *out, int o_len, int pad) {
-  if (out == nullptr || o_len < 1) {
+  if (out == nullptr) {
     return 0;
   }
   uint64_t rest = magnitude(num);

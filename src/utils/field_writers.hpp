@@ -12,7 +12,7 @@
 template <class Removed, class Duplicate>
 int copy_filtered(char *out, int o_len, const STRING *src, Removed is_removed, Duplicate is_duplicate,
                   char rep) {
-  if (out == nullptr || o_len < 1 || src == nullptr || is_empty(*src)) {
+  if (out == nullptr || src == nullptr || is_empty(*src)) {
     return 0;
   }
   const STRING text = *src; // read once: the compiler cannot know that `out` lies elsewhere

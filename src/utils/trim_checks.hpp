@@ -23,11 +23,6 @@ template <class Drop> void trim_end(STRING &view, Drop drops) {
   }
 }
 
-template <class Drop> void trim(STRING &view, Drop drops) {
-  trim_start(view, drops);
-  trim_end(view, drops);
-}
-
 // The 1-based position of the first character that fails the test, 0 when all pass.
 template <class Test> int first_refused(STRING view, Test passes) {
   for (int i = 0; i < view.len; ++i) {

@@ -18,6 +18,25 @@ TEST(Corners, ExportOfARecordWithoutRoomReadsItsTextsAsCStrings) {
   EXPECT_EQ(support::text(varnel_value(&record, FIELD_FAMILY_NAME)), "ERIKSSON");
   record.buffer_size = INT_MIN;
   EXPECT_EQ(support::text(varnel_value(&record, FIELD_FAMILY_NAME)), "ERIKSSON");
+
+  char lent[] = "ERIKSSON"; // where the buffer begins there are no bytes of it to stop at
+  record.buffer = lent;
+  record.buffer_size = 0;
+  record.fields[FIELD_FAMILY_NAME].value = STRING{lent, 8};
+  EXPECT_EQ(support::text(varnel_value(&record, FIELD_FAMILY_NAME)), "ERIKSSON");
+}
+
+TEST(Corners, ByteBelowTheContinuationsEndsASequence) {
+  EXPECT_EQ(varnel_utf16_length("\xE1\x7F\x80", 3), 3);
+  EXPECT_EQ(varnel_utf16_length("\xE1\x80\x80", 3), 1);
+}
+
+TEST(Corners, ReplacingLooksAtNothingBeforeTheText) {
+  char text[] = "<<";
+  const STRING from = view("<<");
+  const STRING to = view("X");
+  EXPECT_EQ(utils_strreplace(text + 1, 1, 1, &from, &to), 1);
+  EXPECT_STREQ(text, "<<");
 }
 
 TEST(Corners, RecordThatWasNeverLentABufferTakesNoText) {
