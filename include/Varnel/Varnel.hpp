@@ -5,6 +5,10 @@
 #ifndef VARNEL_HPP
 #define VARNEL_HPP
 
+#if __cplusplus < 201703L
+#error "Varnel.hpp needs C++17"
+#endif
+
 #include <Varnel/Varnel.h>
 
 #include <array>

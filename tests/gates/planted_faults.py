@@ -149,7 +149,12 @@ def run_gate(fault):
 
 
 def main():
-    chosen = [fault for fault in FAULTS if fault.gate in sys.argv[1:] or len(sys.argv) == 1]
+    known = {fault.gate for fault in FAULTS}
+    asked = [name.removeprefix("gate.") for name in sys.argv[1:]]
+    if not known.issuperset(asked):
+        print("usage: planted_faults.py [GATE...]; the gates: " + ", ".join(sorted(known)), file=sys.stderr)
+        return 2
+    chosen = [fault for fault in FAULTS if fault.gate in asked or not asked]
     still_open = 0
     for fault in chosen:
         copy_project()
