@@ -160,6 +160,9 @@ private:
     }
     if (!unknown.empty()) {
       const std::string &word = unknown.front();
+      if (word.find('<') != std::string::npos) {
+        return TEXT_IS_NO_ARGUMENT;
+      }
       return word[0] == '-' ? unknown_option(word, used) : unknown_command(word);
     }
     asked_.what = &used == &element_   ? command::element

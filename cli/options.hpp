@@ -13,6 +13,10 @@ namespace varnel::cli {
 /** The exit codes, as --help states them. */
 enum exit_code { EXIT_ALL_READ = 0, EXIT_SOME_REFUSED = 1, EXIT_TROUBLE = 2 };
 
+/** What a person is told who typed a zone as an argument; nothing of it is repeated. */
+inline constexpr char TEXT_IS_NO_ARGUMENT[] =
+    "the text of a document is read from standard input: varnel parse < FILE";
+
 enum class format { json, table, csv };
 
 enum class command { parse, element, soundex };

@@ -41,6 +41,15 @@ public:
 
   const std::string &name() const { return name_; }
   int error() const { return error_; }
+  // Why it cannot be read. A missing file with a filler in its name is most likely a zone, typed where a
+  // file is expected: it is not repeated, because what is said here may end up in a log.
+  std::string trouble() const {
+    if (descriptor_ < 0 && name_.find('<') != std::string::npos) {
+      return std::string("no such file; ") + TEXT_IS_NO_ARGUMENT;
+    }
+    return (name_.empty() ? "''" : name_) + ": " + std::strerror(error_);
+  }
+
   bool is_terminal() const { return isatty(descriptor_) == 1; }
 
   std::ptrdiff_t read_to(char *into, std::size_t room) {
@@ -144,7 +153,7 @@ private:
       read(document, from.name());
     }
     if (from.error() != 0) {
-      tell(from.name() + ": " + std::strerror(from.error()));
+      tell(from.trouble());
       trouble_ = true;
     }
   }

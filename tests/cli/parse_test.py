@@ -10,6 +10,8 @@ import unittest
 from support import (CARD, CSV_HEADER, KEYS, PASSPORT, PASSPORT_JSON, PASSPORT_ROW, PASSPORT_SLOTS,
                      PASSPORT_VALUES, VECTORS, varnel)
 
+NO_ZONE_AS_OPERAND = (b"no such file; the text of a document is read from standard input: "
+                      b"varnel parse < FILE\n")
 LENGTHS = "expected 72 (TD2 card, short visa), 88 (passport, long visa) or 90 (TD1 card)"
 
 
@@ -59,6 +61,18 @@ class Inputs(Folder):
         code, out, err = varnel("parse", good, missing, good)
         self.assertEqual((code, out), (2, PASSPORT_JSON * 2))
         self.assertEqual(err.decode(), f"varnel: {missing}: No such file or directory\n")
+
+    def test_a_missing_file_named_like_a_zone_is_not_repeated(self):
+        first, second = PASSPORT.decode().splitlines()
+        for operands in ([first + second], [PASSPORT.decode()], [first], ["<"], ["--", "-" + first]):
+            with self.subTest(operands=operands):
+                self.assertEqual(varnel("parse", *operands), (2, b"", b"varnel: " + NO_ZONE_AS_OPERAND))
+
+    def test_a_file_that_has_such_a_name_is_read(self):
+        self.assertEqual(varnel("parse", self.file("P<UTO", PASSPORT)), (0, PASSPORT_JSON, b""))
+
+    def test_an_empty_name_is_quoted(self):
+        self.assertEqual(varnel("parse", ""), (2, b"", b"varnel: '': No such file or directory\n"))
 
     def test_a_folder_is_no_file(self):
         code, out, err = varnel("parse", self.place.name)

@@ -58,6 +58,13 @@ class Mistakes(unittest.TestCase):
         path = str(SOURCES / "LICENSE")
         self.assertEqual(self.complaint(path), f"unknown command '{path}'; to read a file, type: varnel parse {path}")
 
+    def test_a_zone_in_the_place_of_the_command_is_not_repeated(self):
+        for arguments in ([PASSPORT.decode()], ["--", PASSPORT.decode()], ["-" + PASSPORT.decode()],
+                          ["parse", "--P<UTO"]):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(self.complaint(*arguments), "the text of a document is read from standard "
+                                 "input: varnel parse < FILE")
+
     def test_misspelt_options(self):
         for arguments, word, meant in (
                 (["parse", "--fromat", "json"], "--fromat", "--format"),
