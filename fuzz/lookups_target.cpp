@@ -2,6 +2,7 @@
 // from the input, each answered by the library and by the plain transcription.
 #include "harness.hpp"
 
+#include <predicates.hpp>
 #include <reference.hpp>
 
 namespace {
@@ -142,47 +143,10 @@ void soundex(fuzz::input &in) {
 
 // ---- character classes ----
 
-struct character_class {
-  const char *name;
-  _t_predicate_func library;
-  _t_predicate_func plain;
-};
-
-#define CLASS(name)                                                                                          \
-  { #name, name, reference::name }
-constexpr character_class CLASSES[] = {
-    CLASS(pattern_is_atoi_valid),
-    CLASS(pattern_isNotDigit),
-    CLASS(pattern_isCityChar),
-    CLASS(pattern_isClearCityChar),
-    CLASS(pattern_isNotClearCityChar),
-    CLASS(pattern_isNameChar),
-    CLASS(pattern_isAddressChar),
-    CLASS(pattern_isAddressChar2),
-    CLASS(pattern_isClearAddressChar),
-    CLASS(pattern_isClearAddressChar2),
-    CLASS(pattern_isNotClearAddressChar),
-    CLASS(pattern_isNotClearAddressChar2),
-    CLASS(pattern_isClearPostalCode),
-    CLASS(pattern_isLicenseNumber),
-    CLASS(pattern_is_w),
-    CLASS(pattern_is_not_w),
-    CLASS(pattern_is_ws),
-    CLASS(pattern_valid_symbols),
-    CLASS(pattern_not_valid_symbols),
-    CLASS(patter_trim_space),
-    CLASS(patter_trim_address),
-    CLASS(MRZ_common_pattern_valid_mrz),
-    CLASS(MRZ_common_pattern_valid_mrz_date),
-    CLASS(MRZ_common_pattern_valid_mrz_name),
-    CLASS(MRZ_common_pattern_valid_mrz_cc),
-};
-#undef CLASS
-
 // Also of values that are no characters: they belong to no class.
 void classify(fuzz::input &in) {
   const int c = in.flag() ? in.number(-128, 127) : in.any_int();
-  for (const character_class &tested : CLASSES) {
+  for (const reference::predicate &tested : reference::PREDICATES) {
     const int answer = tested.library(c);
     equal(tested.name, answer, tested.plain(c));
     holds(answer == 0 || answer == 1, "a character class answers 0 or 1");

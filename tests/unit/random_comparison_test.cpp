@@ -16,6 +16,7 @@
 
 #include <gtest/gtest.h>
 
+#include "predicates.hpp"
 #include "reference.hpp"
 #include "support.hpp"
 
@@ -551,42 +552,8 @@ TEST(RandomComparison, Soundex) {
 }
 
 TEST(RandomComparison, CharacterClasses) {
-#define CLASS(name)                                                                                          \
-  { #name, name, reference::name }
-  const struct {
-    const char *name;
-    int (*library)(int);
-    int (*plain)(int);
-  } classes[] = {
-      CLASS(pattern_is_atoi_valid),
-      CLASS(pattern_isNotDigit),
-      CLASS(pattern_isCityChar),
-      CLASS(pattern_isClearCityChar),
-      CLASS(pattern_isNotClearCityChar),
-      CLASS(pattern_isNameChar),
-      CLASS(pattern_isAddressChar),
-      CLASS(pattern_isAddressChar2),
-      CLASS(pattern_isClearAddressChar),
-      CLASS(pattern_isClearAddressChar2),
-      CLASS(pattern_isNotClearAddressChar),
-      CLASS(pattern_isNotClearAddressChar2),
-      CLASS(pattern_isClearPostalCode),
-      CLASS(pattern_isLicenseNumber),
-      CLASS(pattern_is_w),
-      CLASS(pattern_is_not_w),
-      CLASS(pattern_is_ws),
-      CLASS(pattern_valid_symbols),
-      CLASS(pattern_not_valid_symbols),
-      CLASS(patter_trim_space),
-      CLASS(patter_trim_address),
-      CLASS(MRZ_common_pattern_valid_mrz),
-      CLASS(MRZ_common_pattern_valid_mrz_date),
-      CLASS(MRZ_common_pattern_valid_mrz_name),
-      CLASS(MRZ_common_pattern_valid_mrz_cc),
-  };
-#undef CLASS
   Random random;
-  for (const auto &one : classes) {
+  for (const reference::predicate &one : reference::PREDICATES) {
     for (int c = -128; c <= 255; c += 1)
       ASSERT_EQ(one.library(c), one.plain(c)) << one.name << ' ' << c;
     for (int round = 0; round < 1000; round += 1) {
