@@ -85,6 +85,17 @@ std::uint64_t total_size(const std::vector<std::string> &operands) {
   return total;
 }
 
+// Units are counted in the text, but as many bytes of it are examined: a text with characters beyond ASCII
+// is not examined to its end. Line breaks there go unmentioned, because they would be dropped anyhow.
+std::string unexamined(std::string_view text, std::size_t units) {
+  const std::size_t count = text.size() - units;
+  if (units == VARNEL_EXAMINED_MAX || text.find_first_not_of("\r\n", units) == std::string_view::npos) {
+    return "";
+  }
+  return "; " + std::to_string(count) + (count == 1 ? " byte at the end was" : " bytes at the end were") +
+         " not examined, because the text has characters beyond ASCII";
+}
+
 // Why a text was refused, in a sentence that holds nothing of the text but its length.
 std::string refusal(std::string_view text) {
   char zone[VARNEL_EXAMINED_MAX + 1];
@@ -94,16 +105,18 @@ std::string refusal(std::string_view text) {
   const std::string found = "not a machine-readable zone: " + std::to_string(length) +
                             (length == 1 ? " character" : " characters") + " after clean-up" +
                             (units == VARNEL_EXAMINED_MAX ? " of its first 1023, " : ", ");
+  const std::string rest = unexamined(text, static_cast<std::size_t>(units));
   std::string expected;
   for (const zone_kind &kind : ZONE_KINDS) {
     if (length == kind.length) {
-      return found + "as expected (" + kind.documents + "), but the content was refused";
+      return found + "as expected (" + kind.documents + "), but the content was refused" + rest;
     }
     expected += expected.empty() ? "expected " : kind.length == LONGEST_ZONE ? " or " : ", ";
     expected += std::to_string(kind.length) + " (" + kind.documents + ")";
   }
   const bool many = length > LONGEST_ZONE;
-  return found + expected + (many ? "; several documents are read with --each line or --each block" : "");
+  return found + expected + rest +
+         (many ? "; several documents are read with --each line or --each block" : "");
 }
 
 class parse_run {

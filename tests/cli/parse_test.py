@@ -122,6 +122,25 @@ class Refusals(Folder):
     def test_the_length_is_that_after_clean_up(self):
         self.assertIn(": 4 characters after", self.refusal(b"  a<\r\n\0\xff B.1 "))
 
+    def test_bytes_at_the_end_that_were_not_examined_are_counted(self):
+        umlaut = PASSPORT[:-1].replace(b"SSON", "SSÖN".encode())
+        self.assertEqual(self.refusal(umlaut), "varnel: standard input: not a machine-readable zone: 86 characters "
+                         f"after clean-up, {LENGTHS}; 1 byte at the end was not examined, because the text has "
+                         "characters beyond ASCII\n")
+        for text, unexamined in (("A" * 5 + "É", "1 byte"), ("ÉÉ" + "A" * 86 + "\n", "2 bytes"),
+                                 ("AAAA\U0001f6c2", "2 bytes"), ("A" * 1000 + "É" * 22, "22 bytes")):
+            with self.subTest(text=text):
+                self.assertIn(f"{unexamined} at the end {'was' if unexamined == '1 byte' else 'were'} not examined, "
+                              "because the text has characters beyond ASCII", self.refusal(text.encode()))
+
+    def test_line_breaks_at_the_end_that_were_not_examined_are_not_worth_a_word(self):
+        for text in ("É" + "A" * 40 + "\n", "ÉÉ" + "A" * 40 + "\r\n", "A" * 72 + "\n"):
+            with self.subTest(text=text):
+                self.assertNotIn("examined", self.refusal(text.encode()))
+
+    def test_a_text_of_1023_units_is_cut_for_its_length_alone(self):
+        self.assertNotIn("examined", self.refusal(("É" * 1023).encode()))
+
     def test_a_length_that_fits(self):
         for length, kinds in ((72, "TD2 card, short visa"), (88, "passport, long visa"), (90, "TD1 card")):
             with self.subTest(length=length):
