@@ -219,7 +219,7 @@ int utils_strreplace(char *buffer, int len, int max_len, const STRING *from, con
       break; // no room: this occurrence and all later ones stay
     }
     memmove(found + to->len, found + from->len, bytes(length - at - from->len));
-    memcpy(found, to->str, bytes(to->len));
+    memmove(found, to->str, bytes(to->len)); // the replacement may be a view of the buffer
     length += growth;
     at += to->len; // the inserted text is never searched again
   }
