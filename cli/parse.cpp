@@ -19,9 +19,11 @@ namespace {
 struct zone_kind {
   int length;
   const char *documents;
+  const char *letters; // with which their document codes begin
 };
 constexpr zone_kind ZONE_KINDS[] = {
-    {72, "TD2 card, short visa"}, {88, "passport, long visa"}, {90, "TD1 card"}};
+    {72, "TD2 card, short visa", "IACV"}, {88, "passport, long visa", "PV"}, {90, "TD1 card", "IAC"}};
+constexpr int SHORTEST_ZONE = 72;
 constexpr int LONGEST_ZONE = 90;
 
 // A file of the command line, or standard input for "-". Closed when it goes, standard input excepted.
@@ -85,6 +87,13 @@ std::uint64_t total_size(const std::vector<std::string> &operands) {
   return total;
 }
 
+// Whether a layout of this length has the document code of the zone. Behind the letter of a card no V may
+// stand, which marks a visa.
+bool has_document_code(const zone_kind &kind, const char *zone) {
+  const bool of_a_card = zone[0] != 'P' && zone[0] != 'V';
+  return std::strchr(kind.letters, zone[0]) != nullptr && !(of_a_card && zone[1] == 'V');
+}
+
 // Units are counted in the text, but as many bytes of it are examined: a text with characters beyond ASCII
 // is not examined to its end. Line breaks there go unmentioned, because they would be dropped anyhow.
 std::string unexamined(std::string_view text, std::size_t units) {
@@ -109,12 +118,15 @@ std::string refusal(std::string_view text) {
   std::string expected;
   for (const zone_kind &kind : ZONE_KINDS) {
     if (length == kind.length) {
-      return found + "as expected (" + kind.documents + "), but the content was refused" + rest;
+      return found + "as expected (" + kind.documents + "), but " +
+             (has_document_code(kind, zone) ? "the content was refused"
+                                            : "no layout of this length has its document code") +
+             rest;
     }
     expected += expected.empty() ? "expected " : kind.length == LONGEST_ZONE ? " or " : ", ";
     expected += std::to_string(kind.length) + " (" + kind.documents + ")";
   }
-  const bool many = length > LONGEST_ZONE;
+  const bool many = length >= 2 * SHORTEST_ZONE;
   return found + expected + rest +
          (many ? "; several documents are read with --each line or --each block" : "");
 }

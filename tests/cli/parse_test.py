@@ -144,14 +144,36 @@ class Refusals(Folder):
     def test_a_length_that_fits(self):
         for length, kinds in ((72, "TD2 card, short visa"), (88, "passport, long visa"), (90, "TD1 card")):
             with self.subTest(length=length):
+                sentence = (f"varnel: standard input: not a machine-readable zone: {length} characters after "
+                            f"clean-up, as expected ({kinds}), but ")
+                self.assertEqual(self.refusal((b"P" if length == 88 else b"C") * length),
+                                 sentence + "the content was refused\n")
                 self.assertEqual(self.refusal(b"Q" * length),
-                                 f"varnel: standard input: not a machine-readable zone: {length} characters "
-                                 f"after clean-up, as expected ({kinds}), but the content was refused\n")
+                                 sentence + "no layout of this length has its document code\n")
+
+    def test_the_document_code_is_named_as_the_reason_where_it_is_one(self):
+        zones = {72: b"I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<D231458907UTO7408122F1204159<<<<<<<6",
+                 88: PASSPORT.replace(b"\n", b""), 90: CARD.replace(b"\n", b"")}
+        for length, zone in zones.items():
+            codes = [bytes([first, second]) for first in b"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789<" for second in b"<VX"]
+            files = {code: self.file(f"{length}{code.hex()}", code + zone[2:]) for code in codes}
+            files_bad = {code: self.file(f"{length}{code.hex()}-", code + b"Q" * (length - 2)) for code in codes}
+            read = [line != b"null" for line in varnel("parse", *files.values())[1].splitlines()]
+            self.assertEqual(sum(read), {72: 9, 88: 6, 90: 6}[length])
+            reasons = varnel("parse", *files_bad.values())[2].splitlines()
+            for code, accepted, reason in zip(codes, read, reasons, strict=True):
+                with self.subTest(length=length, code=code):
+                    self.assertTrue(reason.endswith(b"but the content was refused" if accepted else
+                                                    b"but no layout of this length has its document code"), reason)
 
     def test_more_than_one_document_is_pointed_to_each(self):
         self.assertEqual(self.refusal(PASSPORT * 2), "varnel: standard input: not a machine-readable zone: "
                          f"176 characters after clean-up, {LENGTHS}; several documents are read with "
                          "--each line or --each block\n")
+
+    def test_fewer_characters_than_two_zones_are_no_two_documents(self):
+        self.assertNotIn("--each", self.refusal(b"A" * 143))
+        self.assertIn("--each line or --each block", self.refusal(b"A" * 144))
 
     def test_nothing_of_the_text_is_repeated(self):
         for text in (PASSPORT + b"X", PASSPORT.replace(b"P<", b"Q<"), PASSPORT[:80]):
