@@ -99,8 +99,8 @@ public:
     operands(parse_, "FILE", "Files to read, each the text of one document; '-' or none: standard input");
     parse_
         .add_option("--each", each_,
-                    "Read many documents from each file: one per 'line', or one per 'block' of\n"
-                    "lines between blank lines")
+                    "Read many documents from each file; line: the whole zone on one line;\n"
+                    "block: zones as printed, parted by blank lines")
         ->type_name("line|block")
         ->take_last();
     parse_.add_flag("--slots", asked_.slots,

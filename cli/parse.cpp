@@ -152,7 +152,7 @@ public:
     if (batch_ && out_.error() == 0) {
       progress_.erase();
       out_.flush();
-      progress_.summarise(counts_);
+      progress_.summarise(counts_, hint());
     }
     return trouble_ ? EXIT_TROUBLE : counts_.refused > 0 ? EXIT_SOME_REFUSED : EXIT_ALL_READ;
   }
@@ -199,6 +199,13 @@ private:
     } else if (!batch_) {
       tell(file + ": " + refusal(document.text));
     }
+  }
+
+  // Zones as they are printed, read by the line, are refused one and all.
+  std::string_view hint() const {
+    const bool none_read = counts_.documents > 1 && counts_.refused == counts_.documents;
+    return split_ == split::line && none_read ? "; documents of several lines are read with --each block"
+                                              : "";
   }
 
   std::string title_of(std::uint64_t number, const std::string &file) const {

@@ -52,10 +52,10 @@ void progress::erase() {
   }
 }
 
-void progress::summarise(const tally &counts) {
+void progress::summarise(const tally &counts, std::string_view hint) {
   if (shown_) {
     erase();
-    show(sentence(counts) + "\n");
+    show(sentence(counts).append(hint) + "\n");
   }
 }
 

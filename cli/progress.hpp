@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace varnel::cli {
 
@@ -28,8 +29,8 @@ public:
   /** Clears the line, so that something else can be written to the terminal. */
   void erase();
 
-  /** Leaves one line that says what was read. */
-  void summarise(const tally &counts);
+  /** Leaves one line that says what was read, and a hint behind it when there is one. */
+  void summarise(const tally &counts, std::string_view hint);
 
 private:
   std::string bar() const;

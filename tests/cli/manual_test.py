@@ -56,6 +56,11 @@ class Manual(unittest.TestCase):
             self.assertIn(choices, text)
             self.assertIn("|".join(f"\\fI{choice}\\fR" for choice in choices.split("|")), page)
 
+    def test_what_a_line_and_a_block_are_is_said_alike(self):
+        for text in (source("varnel.1"), varnel("parse", "--help")[1].decode()):
+            said = " ".join(text.split())
+            self.assertIn("line: the whole zone on one line; block: zones as printed, parted by blank lines", said)
+
     def test_all_commands_and_exit_codes_are_described(self):
         page = source("varnel.1")
         commands = page.split(".SH COMMANDS")[1].split(".SH ")[0]
