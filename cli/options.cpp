@@ -54,8 +54,18 @@ std::vector<std::string> option_names(const CLI::App &app) {
   return names;
 }
 
+std::string option_name(const std::string &word) { return word.substr(0, word.find('=')); }
+
+bool knows(const CLI::App &app, const std::string &option) {
+  const std::vector<std::string> known = option_names(app);
+  return std::find(known.begin(), known.end(), option) != known.end();
+}
+
 std::string unknown_option(const std::string &word, const CLI::App &app) {
-  const std::string name = word.substr(0, word.find('='));
+  const std::string name = option_name(word);
+  if (knows(app, name)) {
+    return "'" + name + "' goes behind the command: varnel " + app.get_name() + " " + name + " ...";
+  }
   const std::string dashes = name.compare(0, 2, "--") == 0 ? "" : "-"; // -format was meant to be --format
   return "unknown option '" + name + "'" + did_you_mean(dashes + name, option_names(app));
 }
@@ -64,13 +74,27 @@ std::string unknown_command(const std::string &word) {
   if (access(word.c_str(), F_OK) == 0) {
     return "unknown command '" + word + "'; to read a file, type: varnel parse " + word;
   }
-  return "unknown command '" + word + "'" + did_you_mean(word, {"parse", "element", "soundex"});
+  return "unknown command '" + word + "'" +
+         did_you_mean(word, {"parse", "element", "soundex", "--help", "--version"});
+}
+
+template <class Value, std::size_t COUNT>
+std::string needs_a_value(const std::string &option, const choice<Value> (&choices)[COUNT]) {
+  std::string list;
+  for (const choice<Value> &each : choices) {
+    list += &each == choices ? "" : &each == choices + COUNT - 1 ? " or " : ", ";
+    list += each.word;
+  }
+  return option + " needs a value: " + list;
 }
 
 // Sets `chosen`; gives the complaint about a word that is none of the choices, or an empty text.
 template <class Value, std::size_t COUNT>
 std::string choose(const std::string &option, const std::string &given, const choice<Value> (&choices)[COUNT],
                    Value &chosen) {
+  if (given.compare(0, 2, "--") == 0) {
+    return needs_a_value(option, choices); // the next option stands in the place of the value
+  }
   std::vector<std::string> words;
   std::string list;
   words.reserve(COUNT);
@@ -129,6 +153,13 @@ public:
       return {std::nullopt, app_.help(), "", EXIT_ALL_READ};
     } catch (const CLI::CallForVersion &) {
       return {std::nullopt, "varnel " VARNEL_VERSION "\n", "", EXIT_ALL_READ};
+    } catch (const CLI::ArgumentMismatch &error) {
+      const std::string_view message = error.what(); // the option, a colon and what it lacks
+      const bool of_format = message.compare(0, 9, "--format:") == 0;
+      const bool of_each = message.compare(0, 7, "--each:") == 0;
+      return misused(of_format ? needs_a_value("--format", FORMATS)
+                     : of_each ? needs_a_value("--each", SPLITS)
+                               : error.what());
     } catch (const CLI::ParseError &error) {
       return misused(error.what());
     }
@@ -163,7 +194,9 @@ private:
       if (word.find('<') != std::string::npos) {
         return TEXT_IS_NO_ARGUMENT;
       }
-      return word[0] == '-' ? unknown_option(word, used) : unknown_command(word);
+      // Only parse has all the options that some command has.
+      const bool goes_behind = commands.empty() && knows(parse_, option_name(word));
+      return word[0] == '-' ? unknown_option(word, goes_behind ? parse_ : used) : unknown_command(word);
     }
     asked_.what = &used == &element_   ? command::element
                   : &used == &soundex_ ? command::soundex

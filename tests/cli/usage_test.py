@@ -47,6 +47,10 @@ class Mistakes(unittest.TestCase):
                             ("sondex", "soundex")):
             self.assertEqual(self.complaint(word), f"unknown command '{word}'; did you mean '{meant}'?")
 
+    def test_commands_that_are_options(self):
+        self.assertEqual(self.complaint("help"), "unknown command 'help'; did you mean '--help'?")
+        self.assertEqual(self.complaint("version"), "unknown command 'version'; did you mean '--version'?")
+
     def test_a_command_like_no_other(self):
         self.assertEqual(self.complaint("xyzzy"), "unknown command 'xyzzy'")
 
@@ -78,6 +82,18 @@ class Mistakes(unittest.TestCase):
                 (["--hlep"], "--hlep", "--help")):
             self.assertEqual(self.complaint(*arguments), f"unknown option '{word}'; did you mean '{meant}'?")
 
+    def test_options_before_the_command(self):
+        for arguments, option, command in (
+                (["--format", "csv", "parse", "x"], "--format", "parse"),
+                (["--format=csv", "soundex", "Lee"], "--format", "soundex"),
+                (["--each", "line", "parse"], "--each", "parse"),
+                (["--slots"], "--slots", "parse"),
+                (["--format", "csv"], "--format", "parse")):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(self.complaint(*arguments),
+                                 f"'{option}' goes behind the command: varnel {command} {option} ...")
+        self.assertEqual(self.complaint("--each", "line", "soundex", "Lee"), "unknown option '--each'")
+
     def test_an_option_like_no_other(self):
         self.assertEqual(self.complaint("parse", "--colour"), "unknown option '--colour'")
 
@@ -94,8 +110,13 @@ class Mistakes(unittest.TestCase):
         self.assertEqual(self.complaint("parse", "--each", ""), "--each '' is not one of line, block")
 
     def test_missing_values(self):
-        self.assertIn("--format", self.complaint("parse", "--format"))
-        self.assertIn("--each", self.complaint("parse", "--each"))
+        for arguments in (["parse", "--format"], ["element", "--format"], ["soundex", "Lee", "--format"],
+                          ["parse", "--format", "--each", "line"]):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(self.complaint(*arguments), "--format needs a value: json, table or csv")
+        for arguments in (["parse", "--each"], ["parse", "--each", "--", "x"], ["parse", "--each", "--slots"]):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(self.complaint(*arguments), "--each needs a value: line or block")
 
     def test_missing_operands(self):
         self.assertEqual(self.complaint("element"), "element needs at least one ID")
