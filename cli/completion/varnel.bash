@@ -10,13 +10,23 @@ _varnel() {
         ;;
     esac
   done
+  # --format=csv is one word, or three where COMP_WORDBREAKS holds the sign, as it does by default.
+  local written=""
+  if [[ "$word" == --*=* ]]; then
+    before="${word%%=*}" written="${word%%=*}="
+    word="${word#*=}"
+  elif [[ "$word" == "=" ]]; then
+    word=""
+  elif [[ "$before" == "=" ]]; then
+    before="${COMP_WORDS[COMP_CWORD - 2]}"
+  fi
   case "$before" in
     --format)
-      COMPREPLY=($(compgen -W "json table csv" -- "$word"))
+      COMPREPLY=($(compgen -P "$written" -W "json table csv" -- "$word"))
       return
       ;;
     --each)
-      COMPREPLY=($(compgen -W "line block" -- "$word"))
+      COMPREPLY=($(compgen -P "$written" -W "line block" -- "$word"))
       return
       ;;
   esac

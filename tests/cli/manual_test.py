@@ -96,6 +96,14 @@ class Bash(unittest.TestCase):
         self.assertEqual(self.complete("varnel", "parse", "--format", ""), {"json", "table", "csv"})
         self.assertEqual(self.complete("varnel", "parse", "--each", "b"), {"block"})
 
+    def test_values_behind_an_equals_sign(self):
+        # Bash parts words at the sign, unless COMP_WORDBREAKS was changed.
+        for words, offered in ((["--format", "=", "c"], {"csv"}), (["--format", "="], {"json", "table", "csv"}),
+                               (["--each", "="], {"line", "block"}), (["--each", "=", "l"], {"line"}),
+                               (["--format=c"], {"--format=csv"}), (["--each="], {"--each=line", "--each=block"})):
+            with self.subTest(words=words):
+                self.assertEqual(self.complete("varnel", "parse", *words), offered)
+
     def test_files(self):
         place = str(SOURCES / "LICEN")
         self.assertEqual(self.complete("varnel", "parse", "--slots", place), {place + "SE"})
