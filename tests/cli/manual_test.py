@@ -126,6 +126,18 @@ class Zsh(unittest.TestCase):
         self.assertEqual((done.returncode, done.stderr), (0, ""))
 
 
+    @unittest.skipUnless(shutil.which("zsh"), "no zsh here")
+    def test_it_hands_its_arguments_over_whole(self):
+        done = run("zsh", "-fc", '_arguments() { print -rl -- "$@"; }; source "$1"', "zsh",
+                   str(SOURCES / "cli" / "completion" / "_varnel"))
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        for argument in ("(- *)-h[print help and leave]", "(- *)--help[print help and leave]"):
+            self.assertIn(argument, done.stdout.splitlines())
+
+    def test_values_may_stand_behind_an_equals_sign(self):
+        self.assertEqual(set(re.findall(r"--([a-z]+)=\[", source("completion/_varnel"))), {"each", "format"})
+
+
 class Fish(unittest.TestCase):
     def test_the_options_are_those_of_help(self):
         lines = source("completion/varnel.fish").splitlines()
