@@ -118,10 +118,9 @@ std::string refusal(std::string_view text) {
   std::string expected;
   for (const zone_kind &kind : ZONE_KINDS) {
     if (length == kind.length) {
-      return found + "as expected (" + kind.documents + "), but " +
-             (has_document_code(kind, zone) ? "the content was refused"
-                                            : "no layout of this length has its document code") +
-             rest;
+      const char *reason = has_document_code(kind, zone) ? "the content was refused"
+                                                         : "no layout of this length has its document code";
+      return (found + "as expected (" + kind.documents + "), but " + reason).append(rest);
     }
     expected += expected.empty() ? "expected " : kind.length == LONGEST_ZONE ? " or " : ", ";
     expected += std::to_string(kind.length) + " (" + kind.documents + ")";
