@@ -1,5 +1,6 @@
 // The process locale changes nothing: everything that classifies, raises or reads characters answers in
 // locales with other letters, another case of i and another decimal sign as it does in "C".
+#include "predicates.hpp"
 #include "support.hpp"
 
 #include <cctype>
@@ -21,37 +22,10 @@ char byte(int value) { return static_cast<char>(value); }
 // ---- what is asked: long texts of answers, to be equal in every locale -----------------------------
 
 std::string classes() {
-  const _t_predicate_func predicates[] = {
-      pattern_is_atoi_valid,
-      pattern_isNotDigit,
-      pattern_isCityChar,
-      pattern_isClearCityChar,
-      pattern_isNotClearCityChar,
-      pattern_isNameChar,
-      pattern_isAddressChar,
-      pattern_isAddressChar2,
-      pattern_isClearAddressChar,
-      pattern_isClearAddressChar2,
-      pattern_isNotClearAddressChar,
-      pattern_isNotClearAddressChar2,
-      pattern_isClearPostalCode,
-      pattern_isLicenseNumber,
-      pattern_is_w,
-      pattern_is_not_w,
-      pattern_is_ws,
-      pattern_valid_symbols,
-      pattern_not_valid_symbols,
-      patter_trim_space,
-      patter_trim_address,
-      MRZ_common_pattern_valid_mrz,
-      MRZ_common_pattern_valid_mrz_date,
-      MRZ_common_pattern_valid_mrz_name,
-      MRZ_common_pattern_valid_mrz_cc,
-  };
   std::string answers;
-  for (const _t_predicate_func predicate : predicates) {
+  for (const reference::predicate &predicate : reference::PREDICATES) {
     for (int c = -128; c <= 255; ++c) {
-      answers += predicate(c) != 0 ? '1' : '0';
+      answers += predicate.library(c) != 0 ? '1' : '0';
     }
   }
   return answers;
