@@ -1,0 +1,1 @@
+#include <Varnel/documents/inspect.h>
