@@ -1,4 +1,4 @@
-# The Objective-C face as an installed library, and the packages that CPack makes: packaging/run makes them.
+# The Objective-C face as an installed library, and the packages that CPack makes: cmake/packages/run makes them.
 
 # What is installed below without naming a component belongs to the command.
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME command)
@@ -27,8 +27,8 @@ set(CPACK_PACKAGE_CONTACT "The Varnel authors <varnel@example.com>")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/packaging/house-rules.cmake")
-set(CPACK_VARNEL_PACKAGING "${PROJECT_SOURCE_DIR}/packaging")
+set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/packages/debian-rules.cmake")
+set(CPACK_VARNEL_PACKAGING "${PROJECT_SOURCE_DIR}/cmake/packages")
 
 # The static library comes from a build of its own, the rest from this one.
 set(VARNEL_STATIC_BUILD "" CACHE PATH "The build of the static library that the packages are to hold")
@@ -51,7 +51,7 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libvarnel${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY >=)
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/packaging/triggers")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/cmake/packages/triggers")
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "reader of machine-readable zones of travel documents: library
 Varnel reads the text of the machine-readable zone of a passport, an identity
 card or a visa (ICAO Doc 9303: TD1, TD2, TD3, MRV-A and MRV-B) into twelve
@@ -77,7 +77,7 @@ It also looks up AAMVA data elements and encodes names as Soundex.")
 
 # ---- source archive ---------------------------------------------------------------------------------
 
-# packaging/run names the folder of the tracked files; anybody else's is this one without its builds.
+# cmake/packages/run names the folder of the tracked files; anybody else's is this one without its builds.
 set(VARNEL_SOURCE_TREE "${PROJECT_SOURCE_DIR}" CACHE PATH "What the source archive holds")
 mark_as_advanced(VARNEL_SOURCE_TREE)
 set(CPACK_SOURCE_GENERATOR TGZ)
@@ -89,6 +89,6 @@ if(VARNEL_SOURCE_TREE STREQUAL PROJECT_SOURCE_DIR)
 endif()
 set(CPACK_VERBATIM_VARIABLES ON)
 
-configure_file("${PROJECT_SOURCE_DIR}/packaging/changelog.in" "${PROJECT_BINARY_DIR}/debian-changelog" @ONLY)
+configure_file("${PROJECT_SOURCE_DIR}/cmake/packages/changelog.in" "${PROJECT_BINARY_DIR}/debian-changelog" @ONLY)
 set(CPACK_VARNEL_CHANGELOG "${PROJECT_BINARY_DIR}/debian-changelog")
 include(CPack)

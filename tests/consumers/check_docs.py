@@ -9,9 +9,11 @@ A fenced block is told by the comment in the line above it:
                               output shown below it. Blocks of one page run in one folder, which begins as a
                               copy of samples/, with Varnel installed where compilers and CMake look.
     <!-- run as: COMMAND -->  console: as above, but this is run in place of the line behind "$ "
+    <!-- compiles -->         objc: compiles for iOS, with reference counting by the compiler
     <!-- tested by: PATH -->  what it shows is tested by that file
 
 Without one, a block of text says nothing to be run, and any other block must be a whole file of the project.
+What a public header shows between @code and @endcode stands, in a row, in a sample in C.
 Links between pages lead somewhere. A page whose sections end with "*Pinned by ...*" has it in every section
 of the third level, and every unit test (`Suite.Name`) and vector (`folder/name`) named there exists.
 """
@@ -28,13 +30,14 @@ LINK = re.compile(r"\]\(([^)#:]*)(?:#([^):]*))?\)")
 PINNED = re.compile(r"^\*Pinned by (.*?)\*$", re.MULTILINE | re.DOTALL)
 TEST = re.compile(r"TEST(?:_F|_P)?\((\w+), (\w+)\)")
 NOT_CODE = ("", "text")
-
-# Pages whose blocks another test checks.
-ELSEWHERE = {"docs/ios.md": "tests/apple/CMakeLists.txt"}
+HEADER_CODE = re.compile(r"@code(?:\{\.\w+\})?\n(.*?)^\s*\* @endcode", re.MULTILINE | re.DOTALL)
+COMPILE = ("clang", "--target=arm64-apple-ios9.0", "-isysroot", ROOT / "apple" / "stub-sdk" / "iPhoneOS.sdk",
+           "-I", ROOT / "include", "-fobjc-arc", "-Wall", "-Wextra", "-Wpedantic", "-Wshadow", "-Wconversion",
+           "-Werror", "-fsyntax-only", "-x", "objective-c")
 
 
 def project_files():
-    folders = ("samples", "docs/examples", "docs/layouts", "tests", "include")
+    folders = ("samples", "docs/layouts", "tests", "include")
     return [path for folder in folders for path in (ROOT / folder).rglob("*") if path.is_file()]
 
 
@@ -53,6 +56,14 @@ def run_block(language, text, folder, env):
     return None
 
 
+def compiles(language, text, folder):
+    if language != "objc":
+        return "only blocks of objc can be compiled"
+    (folder / "block.m").write_text(text)
+    run(*COMPILE, "block.m", cwd=folder)
+    return None
+
+
 def block_fault(mark, language, text, folder, env, contents):
     kind, _, path = (mark or "").partition(": ")
     if kind == "run":
@@ -60,6 +71,8 @@ def block_fault(mark, language, text, folder, env, contents):
     if kind == "run as":
         text = re.sub(r"^\$ .*$", lambda _: f"$ {path}", text, count=1, flags=re.MULTILINE)
         return run_block(language, text, folder, env)
+    if kind == "compiles":
+        return compiles(language, text, folder)
     if kind == "file":
         whole = (ROOT / path).read_text() if (ROOT / path).exists() else ""
         return None if f"\n{text}" in f"\n{whole}" else f"these are no lines of {path}"
@@ -84,11 +97,10 @@ def page_faults(name, work, env, contents, tests):
     page = (ROOT / name).read_text()
     folder = fresh(work / pathlib.Path(name).stem)
     shutil.copytree(SAMPLES, folder, dirs_exist_ok=True)
-    if name not in ELSEWHERE:
-        for mark, language, text in FENCE.findall(page):
-            fault = block_fault(mark, language, text, folder, env, contents)
-            if fault:
-                yield f"{fault}:\n{text}"
+    for mark, language, text in FENCE.findall(page):
+        fault = block_fault(mark, language, text, folder, env, contents)
+        if fault:
+            yield f"{fault}:\n{text}"
     prose = FENCE.sub("", page)
     for path, heading in LINK.findall(prose):
         target = (ROOT / name).parent / path if path else ROOT / name
@@ -104,6 +116,18 @@ def page_faults(name, work, env, contents, tests):
         for test in named:
             if test not in tests:
                 yield f"there is no test {test}"
+
+
+def undented(text):
+    return "\n".join(line.strip() for line in text.strip().splitlines())
+
+
+def header_faults(header):
+    samples = [undented(path.read_text()) for path in SAMPLES.glob("*.c")]
+    for comment in HEADER_CODE.findall(header.read_text()):
+        code = undented(re.sub(r"^ \* ?", "", comment, flags=re.MULTILINE))
+        if not any(code in sample for sample in samples):
+            yield f"this code is in no sample:\n{code}"
 
 
 def known_tests():
@@ -130,10 +154,15 @@ def main(work, *pages):
         for fault in page_faults(name, pathlib.Path(work) / "docs", env, contents, tests):
             print(f"{name}: {fault}")
             faults += 1
+    for header in sorted((ROOT / "include").rglob("*.h")):
+        blocks += len(HEADER_CODE.findall(header.read_text()))
+        for fault in header_faults(header):
+            print(f"{header.name}: {fault}")
+            faults += 1
     if not blocks:
         print("no block was found: nothing was checked")
         faults += 1
-    print(f"{blocks} blocks of {len(pages)} pages looked at, {faults} faults")
+    print(f"{blocks} blocks of {len(pages)} pages and the headers looked at, {faults} faults")
     return 1 if faults else 0
 
 

@@ -98,7 +98,7 @@ def clean_source():
     source = fresh(WORK / "copy")
     for name in ("CMakeLists.txt", "LICENSE"):
         shutil.copy(ROOT / name, source)
-    for name in ("cmake", "include", "src", "packaging"):
+    for name in ("cmake", "include", "src"):
         shutil.copytree(ROOT / name, source / name)
 
     def state():
@@ -189,7 +189,7 @@ def fetch_content():
     folder = fresh(WORK / "fetch_content")
     (folder / "source").mkdir()
     run("tar", "-czf", folder / "source" / "varnel-1.0.0.tar.gz", "--transform", "s,^,varnel-1.0.0/,",
-        "-C", ROOT, "CMakeLists.txt", "cmake", "include", "src", "packaging")
+        "-C", ROOT, "CMakeLists.txt", "cmake", "include", "src")
     build = build_project("fetch_content", folder)
     expect_passport(run(build / "passport_cpp"))
 

@@ -45,14 +45,14 @@ def check_dependencies(packages):
 
 
 def check_lintian():
-    """Every finding is explained in packaging/lintian.md."""
-    page = (ROOT / "packaging" / "lintian.md").read_text()
+    """Every finding is explained in cmake/packages/lintian.md."""
+    page = (ROOT / "cmake" / "packages" / "lintian.md").read_text()
     explained = set(re.findall(r"^\| `([^`]+)`", page, re.MULTILINE))
     found = (OUT / "lintian.txt").read_text().splitlines()
     for line in found:
         tag = re.match(r"[EWIPX]: [^:]+: (\S+)", line)
         if not tag or tag.group(1) not in explained:
-            fail(f"lintian says what packaging/lintian.md does not explain: {line}")
+            fail(f"lintian says what cmake/packages/lintian.md does not explain: {line}")
 
 
 def check_use(packages):
@@ -104,7 +104,7 @@ def check_source():
 
 
 def main():
-    run(ROOT / "packaging" / "run", OUT)
+    run(ROOT / "cmake" / "packages" / "run", OUT)
     packages = {}
     for package in OUT.glob("*.deb"):
         packages[field(package, "Package")] = package

@@ -1,4 +1,4 @@
-"""Functions, data and records of the shared library are those of the stored description abi/varnel.abi.
+"""Functions, data and records of the shared library are those of the stored description tests/abi/varnel.abi.
 
 `--store` writes the description anew: for a change of the interface that is meant.
 """
@@ -7,7 +7,7 @@ import subprocess
 
 from building import ROOT, arguments, fail, run, shared_library, tool
 
-STORED = ROOT / "abi" / "varnel.abi"
+STORED = ROOT / "tests" / "abi" / "varnel.abi"
 # No paths, no line numbers, no names of compilers' making: the same sources give the same description.
 DESCRIBE = ["--exported-interfaces-only", "--no-corpus-path", "--no-comp-dir-path", "--no-show-locs",
             "--type-id-style", "hash"]
@@ -27,7 +27,7 @@ def main():
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
     print(compared.stdout)
     if compared.returncode != 0:
-        fail("the binary interface differs from abi/varnel.abi")
+        fail("the binary interface differs from tests/abi/varnel.abi")
 
 
 main()

@@ -1,10 +1,10 @@
-"""The shared library exports what abi/exported-symbols.txt lists and the headers declare, no more, no less."""
+"""The shared library exports exactly what tests/abi/exported-symbols.txt lists and the headers declare."""
 
 import re
 
 from building import ROOT, arguments, compare, fail, lines_of, shared_library, symbols
 
-MANIFEST = ROOT / "abi" / "exported-symbols.txt"
+MANIFEST = ROOT / "tests" / "abi" / "exported-symbols.txt"
 
 
 def declared():
@@ -24,10 +24,10 @@ def main():
     work = arguments(__doc__).work
     listed = lines_of(MANIFEST)
     if listed != sorted(set(listed)):
-        fail("abi/exported-symbols.txt is not sorted or names a symbol twice")
+        fail("tests/abi/exported-symbols.txt is not sorted or names a symbol twice")
     exported = {name for name, _ in symbols(shared_library(work), "-D", "--defined-only")}
-    compare(listed, exported, "abi/exported-symbols.txt", "the exported symbols")
-    compare(listed, declared(), "abi/exported-symbols.txt", "the declarations in include/Varnel")
+    compare(listed, exported, "tests/abi/exported-symbols.txt", "the exported symbols")
+    compare(listed, declared(), "tests/abi/exported-symbols.txt", "the declarations in include/Varnel")
     print(f"{len(exported)} exported symbols")
 
 

@@ -1,4 +1,4 @@
-"""The core calls nothing but the few C library functions of abi/allowed-imports.txt and needs libc only."""
+"""The core calls the few C library functions of tests/abi/allowed-imports.txt only, and needs libc alone."""
 
 import re
 
@@ -17,14 +17,15 @@ def undefined_in_archive(archive):
 
 def main():
     work = arguments(__doc__).work
-    allowed = set(lines_of(ROOT / "abi" / "allowed-imports.txt"))
+    allowed = set(lines_of(ROOT / "tests" / "abi" / "allowed-imports.txt"))
     shared = {name for name, kind in symbols(shared_library(work), "-D") if kind in "Uvw"} - START_UP
     static = undefined_in_archive(static_library(work)) - LINKER_MADE
     for library, imports in (("libvarnel.so", shared), ("libvarnel.a", static)):
         if not imports:
             fail(f"{library} imports nothing at all: it cannot have been read")
         if imports - allowed:
-            fail(f"{library} imports {', '.join(sorted(imports - allowed))}: not in abi/allowed-imports.txt")
+            fail(f"{library} imports {', '.join(sorted(imports - allowed))}: "
+                 "not in tests/abi/allowed-imports.txt")
         print(f"{library}: {' '.join(sorted(imports))}")
     needed = re.findall(r"\(NEEDED\).*\[(.*)\]", run(["readelf", "-dW", shared_library(work)]))
     if needed != ["libc.so.6"]:

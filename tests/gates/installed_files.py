@@ -1,10 +1,10 @@
-"""`cmake --install` puts down the files of abi/installed-files.txt, no more, no less."""
+"""`cmake --install` puts down the files of tests/abi/installed-files.txt, no more, no less."""
 
 import re
 
 from building import ROOT, arguments, compare, fail, lines_of
 
-MANIFEST = ROOT / "abi" / "installed-files.txt"
+MANIFEST = ROOT / "tests" / "abi" / "installed-files.txt"
 
 
 def version():
@@ -18,7 +18,7 @@ def main():
     if not installed:
         fail("nothing is installed in the scratch prefix: the test gate.build fills it")
     listed = [line.replace("@VERSION@", version()) for line in lines_of(MANIFEST)]
-    compare(listed, installed, "abi/installed-files.txt", "the installed files")
+    compare(listed, installed, "tests/abi/installed-files.txt", "the installed files")
     print(f"{len(installed)} installed files")
 
 
