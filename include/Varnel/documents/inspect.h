@@ -137,8 +137,7 @@ typedef struct varnel_inspected_field {
   uint8_t month;        /**< dates: 1 to 12, 0 where unknown or without value */
   uint8_t day;          /**< dates: 1 to 31, 0 where unknown or without value */
   int16_t year;         /**< dates: four digits, 0 where unknown or without value */
-  int16_t meaning;      /**< states and document code: what varnel_meaning() says, 0 for nothing */
-  varnel_source source; /**< where it stands in the input */
+  varnel_source source; /**< where it stands in the input; 0 to 0 in a zone combined from several looks */
   char text[VARNEL_ZONE_WIDTH + 1];  /**< its columns as they stand, NUL-terminated */
   char value[VARNEL_ZONE_WIDTH + 1]; /**< its value, NUL-terminated; empty without one */
 } varnel_inspected_field;
@@ -176,18 +175,19 @@ typedef struct varnel_inspection {
   int16_t year; /**< the reference date */
   uint8_t month;
   uint8_t day;
-  uint8_t repair;        /**< VARNEL_REPAIR_… */
-  uint8_t verdict;       /**< VARNEL_VERDICT_… */
-  uint8_t layout;        /**< VARNEL_LAYOUT_…; the nearest one after a refusal for its length */
-  int8_t expired;        /**< 1, 0, or -1 where it cannot be said */
-  uint8_t line_count;    /**< lines of the zone; 0 when refused */
-  uint8_t field_count;   /**< entries of `fields` */
-  uint8_t check_count;   /**< entries of `checks` */
-  uint8_t change_count;  /**< entries of `changes` */
-  uint8_t finding_count; /**< entries of `findings` */
-  uint8_t notice_count;  /**< entries of `notices` */
-  uint8_t nearest_count; /**< lines compared after a refusal for its length; else 0 */
-  uint8_t nearest[VARNEL_ZONE_LINES];                     /**< characters found in each of those lines */
+  uint8_t repair;         /**< VARNEL_REPAIR_… */
+  uint8_t verdict;        /**< VARNEL_VERDICT_… */
+  uint8_t layout;         /**< VARNEL_LAYOUT_…; VARNEL_LAYOUT_NONE when refused */
+  int8_t expired;         /**< 1, 0, or -1 where it cannot be said */
+  uint8_t line_count;     /**< lines of the zone; 0 when refused */
+  uint8_t source_count;   /**< entries of `source`: a line each, none in a zone combined from several looks */
+  uint8_t field_count;    /**< entries of `fields` */
+  uint8_t check_count;    /**< entries of `checks` */
+  uint8_t change_count;   /**< entries of `changes` */
+  uint8_t finding_count;  /**< entries of `findings` */
+  uint8_t notice_count;   /**< entries of `notices` */
+  uint8_t nearest_layout; /**< after a refusal for its length: the layout it is nearest to */
+  uint8_t nearest[VARNEL_ZONE_LINES]; /**< and the characters found in each line of that layout */
   char zone[VARNEL_ZONE_LINES][VARNEL_ZONE_WIDTH + 1];    /**< the lines, NUL-terminated */
   char chip_access[VARNEL_ZONE_WIDTH];                    /**< NUL-terminated; empty where there is none */
   varnel_source source[VARNEL_ZONE_LINES];                /**< where each line stands in the input */
