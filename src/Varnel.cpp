@@ -30,9 +30,9 @@ int parse_zone(const char *zone, int length, PARSE_RESULT *result) {
 int length_up_to(const char *text, size_t size) {
   size_t length = 0;
   for (; length + words::SIZE <= size; length += words::SIZE) {
-    const uint64_t word = words::load(text + length);
-    if (words::has_nul(word)) {
-      return static_cast<int>(length + words::first_nul(word));
+    const uint64_t nul = words::nul(words::load<uint64_t>(text + length));
+    if (nul != 0) {
+      return static_cast<int>(length) + words::first(nul);
     }
   }
   while (length < size && text[length] != '\0') {

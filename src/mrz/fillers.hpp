@@ -13,7 +13,7 @@ inline STRING without_outer_fillers(STRING view) {
     --view.len;
   }
   constexpr int word = words::SIZE;
-  while (view.len >= word && words::load(view.str + view.len - word) == words::every(FILLER)) {
+  while (view.len >= word && words::load<uint64_t>(view.str + view.len - word) == words::every(FILLER)) {
     view.len -= word;
   }
   while (view.len > 0 && is_filler(view.str[view.len - 1])) {

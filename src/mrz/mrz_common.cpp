@@ -97,7 +97,7 @@ int MRZ_common_extract_date(const STRING *in, DATETIME *date) {
   if (in == nullptr || in->str == nullptr || in->len != 6 || date == nullptr) {
     return ERR_INVALID_ARGS;
   }
-  if (!mrz_date_characters::covers(*in)) {
+  if (!mrz_date_characters::covers_short(*in)) {
     return ERR_INVALID_FORMAT;
   }
   const auto two_digits = [in](int at) { return (in->str[at] - '0') * 10 + (in->str[at + 1] - '0'); };

@@ -31,23 +31,26 @@ char *append(char *out, const char *text, int len) {
   return out;
 }
 
-// The same for a block, at once when there is nothing to change in it.
-char *append_half_block(char *out, const char *text) {
-  const auto half = blocks::load<blocks::half_block>(text);
-  if (!mrz_characters::contains_all(half)) {
-    return append(out, text, blocks::HALF_SIZE);
+// The same for a word: at once up to the first character that changes.
+char *append_word(char *out, const char *text) {
+  memcpy(out, text, words::SIZE);
+  const uint64_t changing = ~mrz_characters::marks(words::load<uint64_t>(text)) & words::MARKS;
+  if (changing == 0) {
+    return out + words::SIZE;
   }
-  blocks::store(out, half);
-  return out + blocks::HALF_SIZE;
+  const int unchanged = words::first(changing);
+  return append(out + unchanged, text + unchanged, words::SIZE - unchanged);
 }
 
-char *append_block(char *out, const char *text) {
-  const auto block = blocks::load<blocks::block>(text);
-  if (!mrz_characters::contains_all(block)) {
-    return append_half_block(append_half_block(out, text), text + blocks::HALF_SIZE);
+char *append_wide(char *out, const char *text) {
+  if (mrz_characters::contains_all(words::load<words::wide>(text))) {
+    memcpy(out, text, words::WIDE_SIZE);
+    return out + words::WIDE_SIZE;
   }
-  blocks::store(out, block);
-  return out + blocks::SIZE;
+  for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
+    out = append_word(out, text + i);
+  }
+  return out;
 }
 
 } // namespace
@@ -60,11 +63,11 @@ int normalize_mrz(const char *input, int i_len, char *output, int o_len, int *re
   const int size = smaller(i_len, o_len - 1);
   char *out = output;
   int i = 0;
-  for (; size - i >= blocks::SIZE; i += blocks::SIZE) {
-    out = append_block(out, input + i);
+  for (; size - i >= words::WIDE_SIZE; i += words::WIDE_SIZE) {
+    out = append_wide(out, input + i);
   }
-  for (; size - i >= blocks::HALF_SIZE; i += blocks::HALF_SIZE) {
-    out = append_half_block(out, input + i);
+  for (; size - i >= words::SIZE; i += words::SIZE) {
+    out = append_word(out, input + i);
   }
   out = append(out, input + i, size - i);
   *out = '\0';

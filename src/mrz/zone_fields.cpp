@@ -56,7 +56,7 @@ void write_date(PARSE_RESULT *result, int field, int year, STRING digits) {
 } // namespace
 
 int write_country_code(PARSE_RESULT *result, int field, STRING code) {
-  if (!mrz_code_characters::covers(code)) {
+  if (!mrz_code_characters::covers_short(code)) {
     return ERR_INVALID_FORMAT;
   }
   write_plain(result, field, code_letters(code));

@@ -1,0 +1,149 @@
+// Words of text, and the sets that are asked with them: plain words, wide words and single characters must
+// give the same answer to everything.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "mrz/character_sets.hpp"
+#include "support.hpp"
+#include "utf8.hpp"
+#include "words.hpp"
+
+namespace {
+
+TEST(Words, TheFirstCharacterIsInTheLowestByte) {
+  EXPECT_EQ(words::load<uint64_t>("ABCDEFGH"), UINT64_C(0x4847464544434241));
+  EXPECT_EQ(words::load<uint64_t>("\xFF\0\0\0\0\0\0\x80"), UINT64_C(0x80000000000000FF));
+}
+
+TEST(Words, EveryByteOfAWordIsTheSame) {
+  EXPECT_EQ(words::every('<'), UINT64_C(0x3C3C3C3C3C3C3C3C));
+  EXPECT_EQ(words::every(0xFF), UINT64_C(0xFFFFFFFFFFFFFFFF));
+}
+
+TEST(Words, TheFirstMarkIsFound) {
+  struct row {
+    uint64_t marks;
+    int position;
+  };
+  const row rows[] = {
+      {UINT64_C(0x0000000000000080), 0}, {UINT64_C(0x0000000000008000), 1}, {UINT64_C(0x0000000000800000), 2},
+      {UINT64_C(0x0000000080000000), 3}, {UINT64_C(0x0000008000000000), 4}, {UINT64_C(0x0000800000000000), 5},
+      {UINT64_C(0x0080000000000000), 6}, {UINT64_C(0x8000000000000000), 7}, {UINT64_C(0x8080808080808080), 0},
+      {UINT64_C(0x8000000000800000), 2}, {UINT64_C(0x80FFFF7F7F7F7F7F), 5}, // bits between the marks
+  };
+  for (const row &r : rows) {
+    EXPECT_EQ(words::first(r.marks), r.position) << std::hex << r.marks;
+  }
+}
+
+TEST(Words, TheFirstNulIsFound) {
+  EXPECT_EQ(words::nul(words::load<uint64_t>("ABCDEFGH")), 0u);
+  EXPECT_EQ(words::nul(words::load<uint64_t>("\x01\x7F\x80\xFF\x81\x01\x80\x01")), 0u);
+  for (int position = 0; position < words::SIZE; ++position) {
+    for (const char after : {'\0', '\x01', '\x80'}) { // a NUL may spoil what follows, not its own place
+      std::string text(words::SIZE, after);
+      text.replace(0, static_cast<size_t>(position), static_cast<size_t>(position), '\x01');
+      text[static_cast<size_t>(position)] = '\0';
+      EXPECT_EQ(words::first(words::nul(words::load<uint64_t>(text.data()))), position);
+    }
+  }
+}
+
+std::string all_of_ascii() {
+  std::string characters;
+  for (int c = 0; c < 128; ++c) {
+    characters += static_cast<char>(c);
+  }
+  return characters;
+}
+
+struct set {
+  const char *name;
+  std::string characters;
+  bool (*covers_plain)(STRING);
+  bool (*covers_wide)(STRING);
+  bool (*covers_short)(STRING);
+  uint64_t (*marks)(uint64_t);
+};
+
+template <class Set> set set_of(const char *name, std::string characters) {
+  return {name,
+          std::move(characters),
+          Set::template covers<uint64_t>,
+          Set::template covers<words::wide>,
+          Set::covers_short,
+          Set::template marks<uint64_t>};
+}
+
+const set SETS[] = {
+    set_of<mrz_characters>("zone", "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789<"),
+    set_of<mrz_date_characters>("date", "0123456789"),
+    set_of<mrz_name_characters>("name", "ABCDEFGHIJKLMNOPQRSTUVWXYZ<"),
+    set_of<mrz_code_characters>("code", "ABCDEFGHIJKLMNOPQRSTUVWXYZ<"),
+    set_of<utf8::ascii_characters>("ASCII", all_of_ascii()),
+};
+
+bool is_in(const set &s, char c) { return s.characters.find(c) != std::string::npos; }
+
+void expect_covers(const set &s, const std::string &text, bool covered) {
+  const support::Exact exact(text);
+  const STRING view = {exact.data(), exact.size()};
+  ASSERT_EQ(s.covers_short(view), covered) << s.name << ": " << testing::PrintToString(text);
+  ASSERT_EQ(s.covers_plain(view), covered) << s.name << ": " << testing::PrintToString(text);
+  ASSERT_EQ(s.covers_wide(view), covered) << s.name << ": " << testing::PrintToString(text);
+}
+
+TEST(CharacterSet, EveryCharacterIsJudgedAlikeAtEveryPlaceOfEveryLength) {
+  for (const set &s : SETS) {
+    for (size_t length = 0; length <= 35; ++length) {
+      const std::string text(length, s.characters.back());
+      ASSERT_NO_FATAL_FAILURE(expect_covers(s, text, true));
+      for (size_t place = 0; place < length; ++place) {
+        for (int c = 0; c < 256; ++c) {
+          std::string changed = text;
+          changed[place] = static_cast<char>(c);
+          ASSERT_NO_FATAL_FAILURE(expect_covers(s, changed, is_in(s, changed[place])));
+        }
+      }
+    }
+  }
+}
+
+// One character must not make up for what another lacks.
+TEST(CharacterSet, EveryPairOfNeighboursIsJudgedAlike) {
+  for (const set &s : SETS) {
+    for (int pair = 0; pair < 256 * 256; ++pair) {
+      std::string text(static_cast<size_t>(words::SIZE), s.characters.front());
+      text[3] = static_cast<char>(pair / 256);
+      text[4] = static_cast<char>(pair % 256);
+      ASSERT_NO_FATAL_FAILURE(expect_covers(s, text, is_in(s, text[3]) && is_in(s, text[4])));
+    }
+  }
+}
+
+TEST(CharacterSet, TheFirstOutsiderOfAPlainWordIsTheFirstWithoutAMark) {
+  for (const set &s : SETS) {
+    for (int place = 0; place < words::SIZE; ++place) {
+      for (int pair = 0; pair < 256 * 256; ++pair) {
+        std::string text(static_cast<size_t>(words::SIZE), s.characters.back());
+        text[static_cast<size_t>(place)] = static_cast<char>(pair / 256);
+        if (place + 1 < words::SIZE) {
+          text[static_cast<size_t>(place) + 1] = static_cast<char>(pair % 256);
+        }
+        size_t first = 0;
+        while (first < text.size() && is_in(s, text[first])) {
+          ++first;
+        }
+        const uint64_t outside = ~s.marks(words::load<uint64_t>(text.data())) & words::MARKS;
+        ASSERT_EQ(outside != 0, first < text.size()) << s.name << ": " << testing::PrintToString(text);
+        if (outside != 0) {
+          ASSERT_EQ(words::first(outside), static_cast<int>(first)) << s.name;
+        }
+      }
+    }
+  }
+}
+
+} // namespace
