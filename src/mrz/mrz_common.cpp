@@ -3,9 +3,8 @@
 #include "../ascii.hpp"
 #include "../view.hpp"
 #include "character_sets.hpp"
+#include "check_weights.hpp"
 #include "fillers.hpp"
-
-const int MRZ_WEIGHTS[3] = {7, 3, 1};
 
 namespace {
 
@@ -66,7 +65,7 @@ int MRZ_common_calc_control_sum(const char *str, int len, int *pos) {
     if (value == NO_VALUE) {
       return -1;
     }
-    sum += static_cast<unsigned>(value * MRZ_WEIGHTS[position % 3]);
+    sum += static_cast<unsigned>(value * CHECK_WEIGHTS[position % 3]);
   }
   if (pos != nullptr) {
     *pos = static_cast<int>(position);

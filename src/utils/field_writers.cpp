@@ -1,8 +1,9 @@
 #include "field_writers.hpp"
 
-const char DIGITS[11] = "0123456789";
-
 namespace {
+
+// The character of a digit, 0 to 9.
+constexpr char digit_character(int value) { return static_cast<char>('0' + value); }
 
 // Adds the terminator that the strwrite family keeps a byte for; nothing at all for an empty copy.
 int terminated(char *out, int copied) {
@@ -157,7 +158,7 @@ int utils_itoa(int64_t num, char *out, int o_len, int pad) {
   }
   const int width = (pad & 1) != 0 ? o_len : needed;
   for (int i = width; i-- > 0; rest /= 10) {
-    out[i] = DIGITS[rest % 10];
+    out[i] = digit_character(static_cast<int>(rest % 10));
   }
   if (num < 0) {
     out[0] = '-';
@@ -165,7 +166,7 @@ int utils_itoa(int64_t num, char *out, int o_len, int pad) {
   return width;
 }
 
-char utils_itoch(int n) { return n < 0 || n > 9 ? ' ' : DIGITS[n]; }
+char utils_itoch(int n) { return n < 0 || n > 9 ? ' ' : digit_character(n); }
 
 void utils_strtrim_begin(STRING *s, int begin) {
   if (s == nullptr || s->len == 0 || s->str == nullptr || begin <= 0) {
