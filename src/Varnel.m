@@ -1,7 +1,7 @@
 #import <Foundation/Foundation.h>
 #import <Varnel/Varnel.h>
 
-#include "exported_values.h"
+#include "record/exported_values.h"
 
 // Some packagers compile with reference counting left to the compiler, which then does what this does.
 #if defined(__has_feature)

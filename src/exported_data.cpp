@@ -1,6 +1,6 @@
 // Copies of the library's constants, for its callers. The library reads none of them and nothing in it asks
-// for this object: a program may define such a name for itself, DIGITS for one. It changes no answer that way,
-// and it links with the static library too.
+// for this object: a program may define such a name for itself, DIGITS for one. It changes no answer that
+// way, and it links with the static library too.
 #include <Varnel/mrz/mrz_common.h>
 #include <Varnel/utils.h>
 

@@ -10,14 +10,11 @@
 // A character as the predicates and comparisons see it: sign-extended, whatever the signedness of char.
 constexpr int char_value(char c) { return static_cast<signed char>(c); }
 
-// Whether there is such a slot.
-constexpr bool has_slot(const PARSE_RESULT *result, int field) {
-  return result != nullptr && field >= 0 && field < FIELD_COUNT;
-}
-
 constexpr bool is_empty(STRING view) { return view.len < 1 || view.str == nullptr; }
 
 constexpr int smaller(int a, int b) { return a < b ? a : b; }
+
+constexpr int larger(int a, int b) { return a > b ? a : b; }
 
 // The length of a NUL-terminated text; null counts as empty, more than an int can tell as INT_MAX.
 inline int text_length(const char *text) {

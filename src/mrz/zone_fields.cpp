@@ -3,8 +3,13 @@
 #include <Varnel/mrz/mrz_common.h>
 #include <Varnel/utils.h>
 
-#include "../utils/field_writers.hpp"
+#include "../record/slots.hpp"
+#include "../utils/copying.hpp"
 #include "fillers.hpp"
+
+using record::fill_slot;
+using record::free_size;
+using record::free_space;
 
 namespace {
 

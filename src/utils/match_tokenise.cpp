@@ -16,7 +16,7 @@ bool can_match(const STRING *source, _t_predicate_func f, int min, int max) {
 }
 
 // Hands out a run of `count` characters from `start` and the text from `cursor` on. With no run the
-// tail is the whole source. The source is taken by value: match and tail may be the caller's source.
+// tail is the whole source. The source is a copy: match and tail may be the caller's view of it.
 int report_run(STRING source, int start, int count, int cursor, STRING *match, STRING *tail) {
   const bool found = count > 0;
   if (tail != nullptr) {
@@ -60,11 +60,12 @@ int utils_match_f(const STRING *pSource, _t_predicate_func f, int min, int max, 
   if (!can_match(pSource, f, min, max)) {
     return 0;
   }
+  const STRING source = *pSource;
   int cursor = 0;
   int start = 0;
   int count = 0;
-  while (cursor < pSource->len && count < max) {
-    if (f(char_value(pSource->str[cursor])) != 0) {
+  while (cursor < source.len && count < max) {
+    if (f(char_value(source.str[cursor])) != 0) {
       if (count == 0) {
         start = cursor;
       }
@@ -76,7 +77,7 @@ int utils_match_f(const STRING *pSource, _t_predicate_func f, int min, int max, 
     }
     ++cursor;
   }
-  return report_run(*pSource, start, count, cursor, match, tail);
+  return report_run(source, start, count, cursor, match, tail);
 }
 
 int utils_match_start_f(const STRING *pSource, _t_predicate_func f, int min, int max, STRING *match,
@@ -84,9 +85,10 @@ int utils_match_start_f(const STRING *pSource, _t_predicate_func f, int min, int
   if (!can_match(pSource, f, min, max)) {
     return 0;
   }
+  const STRING source = *pSource;
   int count = 0;
-  while (count < pSource->len && count < max) {
-    if (f(char_value(pSource->str[count])) == 0) {
+  while (count < source.len && count < max) {
+    if (f(char_value(source.str[count])) == 0) {
       if (count < min) {
         count = 0;
       }
@@ -94,7 +96,7 @@ int utils_match_start_f(const STRING *pSource, _t_predicate_func f, int min, int
     }
     ++count;
   }
-  return report_run(*pSource, 0, count, count, match, tail);
+  return report_run(source, 0, count, count, match, tail);
 }
 
 void utils_strtok(const STRING *source, STRING *token, STRING *tail, const char *delimiters, int flags) {
@@ -219,7 +221,7 @@ int utils_strreplace(char *buffer, int len, int max_len, const STRING *from, con
       break; // no room: this occurrence and all later ones stay
     }
     memmove(found + to->len, found + from->len, bytes(length - at - from->len));
-    memmove(found, to->str, bytes(to->len)); // the replacement may be a view of the buffer
+    memmove(found, to->str, bytes(to->len));
     length += growth;
     at += to->len; // the inserted text is never searched again
   }

@@ -50,6 +50,20 @@ void utils_strtrim_f(STRING *source, _t_predicate_func f) {
   utils_strtrim_end_f(source, f);
 }
 
+void utils_strtrim_begin(STRING *s, int begin) {
+  if (s == nullptr || s->len == 0 || s->str == nullptr || begin <= 0) {
+    return;
+  }
+  if (s->len <= begin) {
+    // An emptied view stays on its last character, not past its end.
+    s->str += static_cast<ptrdiff_t>(s->len) - 1;
+    s->len = 0;
+    return;
+  }
+  s->str += begin;
+  s->len -= begin;
+}
+
 int utils_cstrtrim(char *str, int len, const char *chars) {
   if (str == nullptr || len < 1 || chars == nullptr) {
     return len;

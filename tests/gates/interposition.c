@@ -9,7 +9,8 @@
 
 const char DIGITS[11] = "abcdefghij";
 const int MRZ_WEIGHTS[3] = {1, 1, 1};
-const unsigned char _soundex_dic[26] = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
+const unsigned char _soundex_dic[26] = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1,
+                                        1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
 
 static int wrong;
 

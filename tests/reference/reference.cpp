@@ -660,13 +660,13 @@ void terminate_in_buffer(PARSE_RESULT *pResult) {
   }
 }
 
-FIELD *fill_slot(PARSE_RESULT *pResult, int field, int n) {
+FIELD *fill_slot(PARSE_RESULT *pResult, int field, const char *p, int n) {
   FIELD *slot = &pResult->fields[field];
   if (n < 1) {
     slot->value = empty_view;
     return slot;
   }
-  slot->value = STRING{pResult->buffer + pResult->data_size, n};
+  slot->value = STRING{p, n};
   pResult->data_size += n;
   terminate_in_buffer(pResult);
   return slot;
@@ -681,7 +681,7 @@ FIELD *utils_write_field(PARSE_RESULT *pResult, int field, const STRING *src, co
   char *p = pResult->buffer + pResult->data_size;
   const int room = pResult->buffer_size - pResult->data_size;
   const int n = reference::utils_strcpy(p, room, src, removed_chars, duplicate_chars, rep);
-  return fill_slot(pResult, field, n);
+  return fill_slot(pResult, field, p, n);
 }
 
 FIELD *utils_write_field_f(PARSE_RESULT *pResult, int field, const STRING *src, _t_predicate_func removed,
@@ -691,7 +691,7 @@ FIELD *utils_write_field_f(PARSE_RESULT *pResult, int field, const STRING *src, 
   char *p = pResult->buffer + pResult->data_size;
   const int room = pResult->buffer_size - pResult->data_size;
   const int n = reference::utils_strcpy_f(p, room, src, removed, duplicate, rep);
-  return fill_slot(pResult, field, n);
+  return fill_slot(pResult, field, p, n);
 }
 
 FIELD *utils_write_field_s(PARSE_RESULT *pResult, int field, const char *text) {
@@ -704,8 +704,9 @@ FIELD *utils_write_field_s(PARSE_RESULT *pResult, int field, const char *text) {
 FIELD *utils_write_field_w(PARSE_RESULT *pResult, int field, void *data, _t_writer_func wf) {
   if (pResult == nullptr || !slot_exists(field) || wf == nullptr)
     return nullptr;
-  const int n = wf(data, pResult->buffer + pResult->data_size, pResult->buffer_size - pResult->data_size);
-  return fill_slot(pResult, field, n);
+  char *p = pResult->buffer + pResult->data_size;
+  const int n = wf(data, p, pResult->buffer_size - pResult->data_size);
+  return fill_slot(pResult, field, p, n);
 }
 
 FIELD *utils_write_field_array(PARSE_RESULT *pResult, int field, const STRING *src, int count, char sep,
@@ -735,7 +736,7 @@ FIELD *utils_write_field_date(PARSE_RESULT *pResult, int field, const DATETIME *
   reference::utils_itoa(pDate->year, p, 4, 1);
   reference::utils_itoa(pDate->month, p + 4, 2, 1);
   reference::utils_itoa(pDate->day, p + 6, 2, 1);
-  return fill_slot(pResult, field, 8);
+  return fill_slot(pResult, field, p, 8);
 }
 
 int utils_itoa(std::int64_t num, char *out, int o_len, int pad) {
@@ -1181,7 +1182,7 @@ int soundex_class(char letter) {
 } // namespace
 
 int utils_soundex_encode(const STRING *name, SOUNDEX_CODE *code) {
-  if (name == nullptr || name->str == nullptr || code == nullptr || name->len == 0)
+  if (name == nullptr || name->str == nullptr || code == nullptr || name->len < 1)
     return -21;
   code->alpha = to_upper(name->str[0]);
   for (int i = 0; i < 3; i += 1)

@@ -13,6 +13,7 @@
 using namespace std::string_view_literals;
 using support::Exact;
 using support::shown;
+using support::view;
 
 namespace {
 
@@ -451,6 +452,12 @@ TEST(DaysToDate, ComesOutAsMonthThirteenInEveryYearListed) {
       expect_midnight(date);
     }
   }
+}
+
+TEST(ParseDate, APointIsNoSign) {
+  const STRING text = view("2018.1.2");
+  DATETIME date = {};
+  EXPECT_EQ(utils_parse_date(&text, &date), -1);
 }
 
 } // namespace

@@ -536,4 +536,14 @@ TEST(Leftovers, InAFullBuffer) {
             (std::map<int, std::string>{{FIELD_COUNTRY_CODE, "U"}, {FIELD_BIRTH_DATE, "19740812"}}));
 }
 
+TEST(Utf16Length, AByteBelowTheContinuationsEndsASequence) {
+  EXPECT_EQ(varnel_utf16_length("\xE1\x7F\x80", 3), 3);
+  EXPECT_EQ(varnel_utf16_length("\xE1\x80\x80", 3), 1);
+}
+
+TEST(Utf16Length, BytesAroundTheContinuationsAreNone) {
+  EXPECT_EQ(varnel_utf16_length("\xF1\x7F\x80\x80", 4), 4);
+  EXPECT_EQ(varnel_utf16_length("\xF1\x80\x80\x80", 4), 2);
+}
+
 } // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -313,6 +314,23 @@ TEST(Export, LeavesTheRecordAsItWas) {
   exported(record.get());
   EXPECT_EQ(image(record), before);
   EXPECT_EQ(filled(*record.get()), (std::map<int, std::string>{{FIELD_FIRST_NAME, "ANNA"}}));
+}
+
+TEST(Value, OfARecordWithoutRoomIsReadAsACString) {
+  PARSE_RESULT record = {};
+  char nothing[] = "";
+  record.buffer = nothing;
+  record.buffer_size = 0;
+  record.fields[FIELD_FAMILY_NAME].value = STRING{"ERIKSSON", 8};
+  EXPECT_EQ(support::text(varnel_value(&record, FIELD_FAMILY_NAME)), "ERIKSSON");
+  record.buffer_size = INT_MIN;
+  EXPECT_EQ(support::text(varnel_value(&record, FIELD_FAMILY_NAME)), "ERIKSSON");
+
+  char lent[] = "ERIKSSON"; // where the buffer begins there are no bytes of it to stop at
+  record.buffer = lent;
+  record.buffer_size = 0;
+  record.fields[FIELD_FAMILY_NAME].value = STRING{lent, 8};
+  EXPECT_EQ(support::text(varnel_value(&record, FIELD_FAMILY_NAME)), "ERIKSSON");
 }
 
 } // namespace

@@ -993,47 +993,32 @@ TEST(Digits, TheTenDigitsAndANul) {
   EXPECT_STREQ(DIGITS, "0123456789");
 }
 
-// ---- dropping a prefix ------------------------------------------------------------------------------
+// ---- a record without a buffer -----------------------------------------------------------------------
 
-TEST(StrtrimBegin, Table) {
-  struct Case {
-    int len;
-    int begin;
-    int offset;
-    int expected;
-  };
-  const Case cases[] = {
-      {3, 1, 1, 2},
-      {3, 2, 2, 1},
-      // An emptied view stays on its last character, not past its end.
-      {3, 3, 2, 0},
-      {3, 4, 2, 0},
-      {3, INT_MAX, 2, 0},
-      {1, 1, 0, 0},
-      {6, 5, 5, 1},
-      {6, 6, 5, 0},
-      {3, 0, 0, 3},
-      {3, -1, 0, 3},
-      {3, INT_MIN, 0, 3},
-      {0, 1, 0, 0},
-      {-1, 0, 0, -1},
-      {-1, -1, 0, -1},
-  };
-  const char *text = "ABCDEF";
-  for (const Case &c : cases) {
-    STRING s = {text, c.len};
-    utils_strtrim_begin(&s, c.begin);
-    EXPECT_EQ(s.str - text, c.offset) << c.len << " from " << c.begin;
-    EXPECT_EQ(s.len, c.expected) << c.len << " from " << c.begin;
-  }
-}
+TEST(WriteField, ARecordThatWasNeverLentABufferTakesNoText) {
+  PARSE_RESULT record = {};
+  record.fields[FIELD_SEX].value = STRING{"F", 1};
+  const STRING text = view("F");
+  EXPECT_EQ(utils_write_field(&record, FIELD_SEX, &text, nullptr, nullptr, '\0'), &record.fields[FIELD_SEX]);
+  EXPECT_EQ(record.fields[FIELD_SEX].value.str, nullptr);
+  EXPECT_EQ(record.fields[FIELD_SEX].value.len, 0);
+  EXPECT_EQ(record.data_size, 0);
 
-TEST(StrtrimBegin, LeavesNullAlone) {
-  utils_strtrim_begin(nullptr, 1);
-  STRING s = {nullptr, 3};
-  utils_strtrim_begin(&s, 1);
-  EXPECT_EQ(s.str, nullptr);
-  EXPECT_EQ(s.len, 3);
+  // A caller's own writer is asked all the same, and told that there is no room.
+  struct Offer {
+    char *out;
+    int o_len;
+  } offer = {record.buffer, 1};
+  const auto remember = [](void *data, char *out, int o_len) {
+    *static_cast<Offer *>(data) = Offer{out, o_len};
+    return 0;
+  };
+  EXPECT_EQ(utils_write_field_w(&record, FIELD_SEX, &offer, remember), &record.fields[FIELD_SEX]);
+  EXPECT_EQ(offer.out, nullptr);
+  EXPECT_EQ(offer.o_len, 0);
+
+  const DATETIME date = {1974, 8, 12, 0, 0, 0};
+  EXPECT_EQ(utils_write_field_date(&record, FIELD_BIRTH_DATE, &date), nullptr);
 }
 
 } // namespace

@@ -733,4 +733,40 @@ TEST(Strreplace, LooksAtTheGivenLengthOnly) {
   EXPECT_EQ(buffer.shown(), "  <<");
 }
 
+TEST(Strreplace, LooksAtNothingBeforeTheText) {
+  char text[] = "<<";
+  const STRING from = view("<<");
+  const STRING to = view("X");
+  EXPECT_EQ(utils_strreplace(text + 1, 1, 1, &from, &to), 1);
+  EXPECT_STREQ(text, "<<");
+}
+
+TEST(Strreplace, WithAnArgumentMissingChangesNothing) {
+  char text[] = "ANNA";
+  const STRING from = view("A");
+  const STRING to = view("O");
+  EXPECT_EQ(utils_strreplace(nullptr, 4, 4, &from, &to), 4);
+  EXPECT_EQ(utils_strreplace(text, 4, 4, nullptr, &to), 4);
+  EXPECT_EQ(utils_strreplace(text, 4, 4, &from, nullptr), 4);
+  EXPECT_STREQ(text, "ANNA");
+}
+
+TEST(Strcmp, TheDifferenceOfLengthsStaysWithinAnInt) {
+  const STRING negative = {"", INT_MIN};
+  EXPECT_EQ(utils_strcmp(&negative, ""), INT_MIN);
+  EXPECT_EQ(utils_strcmp(&negative, "A"), INT_MIN);
+
+  const STRING longest = {"", INT_MAX};
+  const STRING minus_one = {"", -1};
+  EXPECT_EQ(utils_tokcmp(&longest, &minus_one, 0), INT_MAX);
+  EXPECT_EQ(utils_tokcmp(&minus_one, &longest, 0), INT_MIN);
+  const STRING empty = {"", 0};
+  EXPECT_EQ(utils_tokcmp(&longest, &empty, 0), INT_MAX);
+}
+
+TEST(Strntok, ATokenWithoutAPlaceToGoIsNotSought) {
+  const STRING text = view("ONE TWO");
+  EXPECT_EQ(utils_strntok(&text, nullptr, 0, " "), -1);
+}
+
 } // namespace

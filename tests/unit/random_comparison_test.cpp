@@ -731,7 +731,12 @@ TEST(RandomComparison, Layouts) {
       const std::string text = mutated_zone(random);
       const Exact zone(text);
       CONTEXT context = {};
-      context.date.year = random.one_in(4) ? random.number(1800, 2200) : 2018;
+      context.date = DATETIME{random.one_in(4) ? random.number(1800, 2200) : 2018,
+                              random.number(0, 13),
+                              random.number(0, 32),
+                              random.number(0, 23),
+                              random.number(0, 59),
+                              random.number(0, 59)};
       for (int parser = 0; parser < 4; parser += 1) {
         const int code = parsers[parser](zone.data(), zone.size(), library.get(), &context);
         const int expected = plain_parsers[parser](zone.data(), zone.size(), plain.get(), &context);

@@ -1,6 +1,7 @@
 // Soundex: a name's first letter and three digits.
 #include "support.hpp"
 
+#include <climits>
 #include <string>
 #include <string_view>
 
@@ -142,14 +143,18 @@ TEST(Soundex, TakesANulInAViewForNoLetter) {
                                         4));
 }
 
-TEST(Soundex, WritesNothingForNullAndEmpty) {
+TEST(Soundex, WritesNothingForNullEmptyAndNegative) {
   const STRING name = {"Lee", 3};
   const STRING empty = {"Lee", 0};
   const STRING no_text = {nullptr, 3};
+  const STRING negative = {"Lee", -1};
+  const STRING most_negative = {"Lee", INT_MIN};
   Guarded encoded;
   EXPECT_EQ(utils_soundex_encode(nullptr, &encoded.code), ERR_INVALID_ARGS);
   EXPECT_EQ(utils_soundex_encode(&empty, &encoded.code), ERR_INVALID_ARGS);
   EXPECT_EQ(utils_soundex_encode(&no_text, &encoded.code), ERR_INVALID_ARGS);
+  EXPECT_EQ(utils_soundex_encode(&negative, &encoded.code), ERR_INVALID_ARGS);
+  EXPECT_EQ(utils_soundex_encode(&most_negative, &encoded.code), ERR_INVALID_ARGS);
   EXPECT_EQ(utils_soundex_encode_str(nullptr, &encoded.code), ERR_INVALID_ARGS);
   EXPECT_EQ(utils_soundex_encode_str("", &encoded.code), ERR_INVALID_ARGS);
   EXPECT_EQ(encoded.text(), "????");

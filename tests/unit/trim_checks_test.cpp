@@ -371,4 +371,47 @@ TEST(CstrcheckF, TheNulIsNeverAskedAbout) {
   EXPECT_TRUE(asked.empty());
 }
 
+// ---- dropping a prefix ------------------------------------------------------------------------------
+
+TEST(StrtrimBegin, Table) {
+  struct Case {
+    int len;
+    int begin;
+    int offset;
+    int expected;
+  };
+  const Case cases[] = {
+      {3, 1, 1, 2},
+      {3, 2, 2, 1},
+      // An emptied view stays on its last character, not past its end.
+      {3, 3, 2, 0},
+      {3, 4, 2, 0},
+      {3, INT_MAX, 2, 0},
+      {1, 1, 0, 0},
+      {6, 5, 5, 1},
+      {6, 6, 5, 0},
+      {3, 0, 0, 3},
+      {3, -1, 0, 3},
+      {3, INT_MIN, 0, 3},
+      {0, 1, 0, 0},
+      {-1, 0, 0, -1},
+      {-1, -1, 0, -1},
+  };
+  const char *text = "ABCDEF";
+  for (const Case &c : cases) {
+    STRING s = {text, c.len};
+    utils_strtrim_begin(&s, c.begin);
+    EXPECT_EQ(s.str - text, c.offset) << c.len << " from " << c.begin;
+    EXPECT_EQ(s.len, c.expected) << c.len << " from " << c.begin;
+  }
+}
+
+TEST(StrtrimBegin, LeavesNullAlone) {
+  utils_strtrim_begin(nullptr, 1);
+  STRING s = {nullptr, 3};
+  utils_strtrim_begin(&s, 1);
+  EXPECT_EQ(s.str, nullptr);
+  EXPECT_EQ(s.len, 3);
+}
+
 } // namespace

@@ -21,8 +21,6 @@ using parser = int (*)(const char *input, int i_len, PARSE_RESULT *result, const
 // The reference date of the entry.
 inline const CONTEXT REFERENCE = {{2018, 2, 15, 0, 0, 0}};
 
-inline CONTEXT reference_year(int year) { return CONTEXT{{year, 1, 1, 0, 0, 0}}; }
-
 // A zone in memory of exactly its size, so that the address sanitizer sees every read past it.
 inline int parse(parser parse_layout, std::string_view zone, PARSE_RESULT *record,
                  const CONTEXT &context = REFERENCE) {
@@ -332,11 +330,17 @@ inline void expect_centuries(parser parse_layout, std::string_view zone, std::si
   for (const row &row : rows) {
     SCOPED_TRACE(std::string("born ") + row.birth + ", expires " + row.expiration + ", reference year " +
                  std::to_string(row.reference_year));
-    support::Record record;
     const std::string dated = with(with(zone, birth_at, row.birth), expiration_at, row.expiration);
-    EXPECT_EQ(parse(parse_layout, dated, record.get(), reference_year(row.reference_year)), ERR_OK);
-    EXPECT_EQ(record.value(FIELD_BIRTH_DATE), row.written_birth);
-    EXPECT_EQ(record.value(FIELD_EXPIRATION_DATE), row.written_expiration);
+    // The first moment of the reference year, one within it and the last: month, day and time do not count.
+    const int year = row.reference_year;
+    for (const DATETIME &date : {DATETIME{year, 1, 1, 0, 0, 0}, DATETIME{year, 7, 15, 12, 30, 30},
+                                 DATETIME{year, 12, 31, 23, 59, 59}}) {
+      SCOPED_TRACE("reference month " + std::to_string(date.month));
+      support::Record record;
+      EXPECT_EQ(parse(parse_layout, dated, record.get(), CONTEXT{date}), ERR_OK);
+      EXPECT_EQ(record.value(FIELD_BIRTH_DATE), row.written_birth);
+      EXPECT_EQ(record.value(FIELD_EXPIRATION_DATE), row.written_expiration);
+    }
   }
 }
 

@@ -1,4 +1,6 @@
-#include "field_writers.hpp"
+#include "copying.hpp"
+
+#include <Varnel/utils.h>
 
 namespace {
 
@@ -88,65 +90,6 @@ int utils_strwrite_array(char *out, int o_len, const STRING *src, int count, cha
                                             duplicate_chars, rep));
 }
 
-FIELD *utils_write_field(PARSE_RESULT *pResult, int field, const STRING *src, const char *removed_chars,
-                         const char *duplicate_chars, char rep) {
-  if (!has_slot(pResult, field)) {
-    return nullptr;
-  }
-  return fill_slot(
-      pResult, field,
-      utils_strcpy(free_space(pResult), free_size(pResult), src, removed_chars, duplicate_chars, rep));
-}
-
-FIELD *utils_write_field_f(PARSE_RESULT *pResult, int field, const STRING *src, _t_predicate_func removed,
-                           _t_predicate_func duplicate, char rep) {
-  if (!has_slot(pResult, field)) {
-    return nullptr;
-  }
-  return fill_slot(pResult, field,
-                   utils_strcpy_f(free_space(pResult), free_size(pResult), src, removed, duplicate, rep));
-}
-
-FIELD *utils_write_field_s(PARSE_RESULT *pResult, int field, const char *text) {
-  if (text == nullptr) {
-    return nullptr;
-  }
-  const STRING view = {text, text_length(text)};
-  return utils_write_field(pResult, field, &view, nullptr, nullptr, '\0');
-}
-
-FIELD *utils_write_field_w(PARSE_RESULT *pResult, int field, void *data, _t_writer_func wf) {
-  if (!has_slot(pResult, field) || wf == nullptr) {
-    return nullptr;
-  }
-  const int room = free_size(pResult);
-  const int written = wf(data, free_space(pResult), room);
-  return fill_slot(pResult, field, written < room ? written : room);
-}
-
-FIELD *utils_write_field_array(PARSE_RESULT *pResult, int field, const STRING *src, int count, char sep,
-                               const char *removed_chars, const char *duplicate_chars, char rep) {
-  if (!has_slot(pResult, field)) {
-    return nullptr;
-  }
-  // The copy brings its own NUL, and filling the slot adds another: two terminators for each value.
-  const int used = utils_strwrite_array(free_space(pResult), free_size(pResult), src, count, sep,
-                                        removed_chars, duplicate_chars, rep);
-  return fill_slot(pResult, field, used - 1, used);
-}
-
-FIELD *utils_write_field_date(PARSE_RESULT *pResult, int field, const DATETIME *pDate) {
-  constexpr int length = 8;
-  if (!has_slot(pResult, field) || pDate == nullptr || free_size(pResult) < length) {
-    return nullptr;
-  }
-  char *out = free_space(pResult);
-  utils_itoa(pDate->year, out, 4, 1);
-  utils_itoa(pDate->month, out + 4, 2, 1);
-  utils_itoa(pDate->day, out + 6, 2, 1);
-  return fill_slot(pResult, field, length);
-}
-
 int utils_itoa(int64_t num, char *out, int o_len, int pad) {
   if (out == nullptr) {
     return 0;
@@ -167,17 +110,3 @@ int utils_itoa(int64_t num, char *out, int o_len, int pad) {
 }
 
 char utils_itoch(int n) { return n < 0 || n > 9 ? ' ' : digit_character(n); }
-
-void utils_strtrim_begin(STRING *s, int begin) {
-  if (s == nullptr || s->len == 0 || s->str == nullptr || begin <= 0) {
-    return;
-  }
-  if (s->len <= begin) {
-    // An emptied view stays on its last character, not past its end.
-    s->str += static_cast<ptrdiff_t>(s->len) - 1;
-    s->len = 0;
-    return;
-  }
-  s->str += begin;
-  s->len -= begin;
-}

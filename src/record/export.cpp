@@ -1,0 +1,27 @@
+#include <Varnel/Varnel.h>
+
+#include "exported_values.h"
+#include "slots.hpp"
+
+STRING varnel_value(const PARSE_RESULT *result, int field) {
+  if (!record::has_slot(result, field)) {
+    return STRING{"", 0};
+  }
+  return record::text_bounds(*result).read(result->fields[field]);
+}
+
+int varnel_export(const PARSE_RESULT *result, VARNEL_PAIR pairs[VARNEL_VALUE_COUNT]) {
+  static_assert(sizeof EXPORTED_VALUES / sizeof *EXPORTED_VALUES == VARNEL_VALUE_COUNT, "twelve values");
+  if (result == nullptr || pairs == nullptr) {
+    return ERR_INVALID_ARGS;
+  }
+  const record::text_bounds bounds(*result);
+  for (const EXPORTED_VALUE &exported : EXPORTED_VALUES) {
+    STRING value = bounds.read(result->fields[exported.slots[0]]);
+    for (int i = 1; value.len == 0 && exported.slots[i] != EXPORTED_END; ++i) {
+      value = bounds.read(result->fields[exported.slots[i]]);
+    }
+    *pairs++ = VARNEL_PAIR{exported.key, value};
+  }
+  return ERR_OK;
+}
