@@ -1,10 +1,30 @@
-#include "trim_checks.hpp"
-
 #include <Varnel/utils.h>
 
 #include <string.h>
 
+#include "../view.hpp"
+
 namespace {
+
+// With the character test open to the compiler's inlining.
+template <class Drop> void trim_start(STRING &view, Drop drops) {
+  if (view.str == nullptr) {
+    return;
+  }
+  while (view.len > 0 && drops(view.str[0])) {
+    ++view.str;
+    --view.len;
+  }
+}
+
+template <class Drop> void trim_end(STRING &view, Drop drops) {
+  if (view.str == nullptr) {
+    return;
+  }
+  while (view.len > 0 && drops(view.str[view.len - 1])) {
+    --view.len;
+  }
+}
 
 auto in_set(const char_set &set) {
   return [&set](char c) { return set.contains(c); };
@@ -72,18 +92,4 @@ int utils_cstrtrim(char *str, int len, const char *chars) {
   utils_strtrim(&kept, chars);
   memmove(str, kept.str, static_cast<size_t>(kept.len));
   return kept.len;
-}
-
-int utils_strcheck_f(const STRING *source, _t_predicate_func f) {
-  if (source == nullptr || f == nullptr || source->str == nullptr) {
-    return -1;
-  }
-  return first_refused(*source, f);
-}
-
-int utils_cstrcheck_f(const char *str, _t_predicate_func f) {
-  if (str == nullptr || f == nullptr) {
-    return -1;
-  }
-  return first_refused(STRING{str, text_length(str)}, f);
 }
