@@ -1,0 +1,196 @@
+/**
+ * @file documents.hpp
+ * @brief C++17 over Varnel Documents: header-only, no allocation, no exceptions.
+ */
+#ifndef VARNEL_DOCUMENTS_HPP
+#define VARNEL_DOCUMENTS_HPP
+
+#if (defined(_MSVC_LANG) ? _MSVC_LANG : __cplusplus) < 201703L
+#error "documents.hpp needs C++17"
+#endif
+
+#include <Varnel/documents.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace varnel {
+
+/** A day of the calendar. */
+struct date {
+  int year;  /**< four digits */
+  int month; /**< 1 to 12 */
+  int day;   /**< 1 to 31 */
+};
+
+/** How far characters may be changed. */
+enum class repair : int {
+  off = VARNEL_REPAIR_OFF,         /**< not at all */
+  columns = VARNEL_REPAIR_COLUMNS, /**< where a column's kind or a filler leaves one way */
+  digits = VARNEL_REPAIR_DIGITS    /**< as columns, and numbers where one look-alike makes the digit hold */
+};
+
+/** The verdict on a document. */
+enum class verdict : std::uint8_t {
+  refused = VARNEL_VERDICT_REFUSED,   /**< no zone */
+  doubtful = VARNEL_VERDICT_DOUBTFUL, /**< a zone, with findings */
+  valid = VARNEL_VERDICT_VALID,       /**< no finding, characters as read */
+  repaired = VARNEL_VERDICT_REPAIRED, /**< no finding after the listed changes */
+  voted = VARNEL_VERDICT_VOTED        /**< no finding, combined from several looks */
+};
+
+/** The status of a field. */
+enum class status : std::uint8_t {
+  empty = VARNEL_STATUS_EMPTY,                   /**< fillers only */
+  bad_characters = VARNEL_STATUS_BAD_CHARACTERS, /**< characters that cannot stand there; no value */
+  not_a_date = VARNEL_STATUS_NOT_A_DATE,         /**< no day of the calendar; no value */
+  unknown = VARNEL_STATUS_UNKNOWN,               /**< not listed; the value is kept */
+  check_failed = VARNEL_STATUS_CHECK_FAILED,     /**< the check digit does not agree; the value is kept */
+  ok = VARNEL_STATUS_OK                          /**< nothing is wrong with it */
+};
+
+/** What stands behind a value. */
+enum class proof : std::uint8_t {
+  none = VARNEL_PROOF_NONE,           /**< nothing */
+  list = VARNEL_PROOF_LIST,           /**< a listed state */
+  composite = VARNEL_PROOF_COMPOSITE, /**< the composite check digit */
+  digit = VARNEL_PROOF_DIGIT,         /**< its own check digit */
+  digits = VARNEL_PROOF_DIGITS        /**< its own check digit and the composite */
+};
+
+/** A stretch of values inside a record; lives as long as the record. */
+template <class T> class record_range {
+public:
+  /** @param first the first value. @param count how many there are. */
+  constexpr record_range(const T *first, std::size_t count) : first_(first), count_(count) {}
+  /** @return the first value's place. */
+  constexpr const T *begin() const { return first_; }
+  /** @return the place after the last value. */
+  constexpr const T *end() const { return first_ + count_; }
+  /** @return how many there are. */
+  constexpr std::size_t size() const { return count_; }
+  /** @return whether there are none. */
+  constexpr bool empty() const { return count_ == 0; }
+  /** @param index from 0, not checked. @return that value. */
+  constexpr const T &operator[](std::size_t index) const { return first_[index]; }
+
+private:
+  const T *first_;
+  std::size_t count_;
+};
+
+/** A field of an inspected zone; its texts live as long as the inspection. */
+class inspected_field {
+public:
+  /** @param field the field of a record. */
+  explicit inspected_field(const varnel_inspected_field &field) : field_(&field) {}
+
+  /** @return which field it is: VARNEL_DOCUMENT_NUMBER and so on. */
+  int id() const { return field_->field; }
+  /** @return its columns as they stand in the zone. */
+  std::string_view text() const { return field_->text; }
+  /** @return its value; nothing where it has none. */
+  std::optional<std::string_view> value() const {
+    return field_->has_value != 0 ? std::optional<std::string_view>(field_->value) : std::nullopt;
+  }
+  /** @return its status. */
+  varnel::status status() const { return static_cast<varnel::status>(field_->status); }
+  /** @return what stands behind its value. */
+  varnel::proof proof() const { return static_cast<varnel::proof>(field_->proof); }
+  /** @return the whole of it: place, source and what its kind adds. */
+  const varnel_inspected_field &record() const { return *field_; }
+
+private:
+  const varnel_inspected_field *field_;
+};
+
+/** An inspected document: a plain value that owns its text. */
+class inspection {
+public:
+  /** @param record as varnel_inspect() wrote it. */
+  explicit inspection(const varnel_inspection &record) : record_(record) {}
+
+  /** @return the verdict on the whole. */
+  varnel::verdict verdict() const { return static_cast<varnel::verdict>(record_.verdict); }
+  /** @return whether there is a zone without a finding: valid, repaired or voted. */
+  bool ok() const { return record_.verdict >= VARNEL_VERDICT_VALID; }
+  /** @return VARNEL_LAYOUT_TD3 and so on; VARNEL_LAYOUT_NONE when refused. */
+  int layout() const { return record_.layout; }
+  /** @return the number of lines of the zone; 0 when refused. */
+  std::size_t lines() const { return record_.line_count; }
+  /** @param index from 0 to below lines(), not checked. @return that line of the zone. */
+  std::string_view line(std::size_t index) const { return record_.zone[index]; }
+  /** @return the layout's fields, in the order of the zone. */
+  record_range<varnel_inspected_field> fields() const { return {record_.fields, record_.field_count}; }
+  /** @return the layout's check digits. */
+  record_range<varnel_check> checks() const { return {record_.checks, record_.check_count}; }
+  /** @return the changes that were made. */
+  record_range<varnel_change> changes() const { return {record_.changes, record_.change_count}; }
+  /** @return what is wrong. */
+  record_range<varnel_finding> findings() const { return {record_.findings, record_.finding_count}; }
+  /** @return what is worth knowing. */
+  record_range<varnel_finding> notices() const { return {record_.notices, record_.notice_count}; }
+
+  /** @param id VARNEL_DOCUMENT_NUMBER and so on. @return that field; nothing where the layout lacks it. */
+  std::optional<inspected_field> field(int id) const {
+    for (const varnel_inspected_field &field : fields()) {
+      if (field.field == id) {
+        return inspected_field(field);
+      }
+    }
+    return std::nullopt;
+  }
+
+  /** @param id VARNEL_DOCUMENT_NUMBER and so on. @return that field's value; empty where there is none. */
+  std::string_view value(int id) const {
+    const std::optional<inspected_field> found = field(id);
+    return found ? found->value().value_or(std::string_view()) : std::string_view();
+  }
+
+  /** @return whether the document had expired on the reference date; nothing where that cannot be said. */
+  std::optional<bool> expired() const {
+    return record_.expired >= 0 ? std::optional<bool>(record_.expired != 0) : std::nullopt;
+  }
+  /** @return what a chip's access protocol hashes (Doc 9303-11); nothing where the zone does not say. */
+  std::optional<std::string_view> chip_access() const {
+    return record_.chip_access[0] != '\0' ? std::optional<std::string_view>(record_.chip_access)
+                                          : std::nullopt;
+  }
+
+  /**
+   * Writes the inspection as JSON, as varnel_inspection_json() does.
+   *
+   * @param[out] out room for the text and a NUL. @param size that room in bytes.
+   * @return the length of the whole text, whatever the room.
+   */
+  int json(char *out, std::size_t size) const { return varnel_inspection_json(&record_, out, size); }
+
+  /** @return the whole record. */
+  const varnel_inspection &record() const { return record_; }
+
+private:
+  varnel_inspection record_;
+};
+
+/**
+ * Finds the zone in a text and inspects it, as varnel_inspect() does.
+ *
+ * @param text  UTF-8 of up to VARNEL_TEXT_MAX bytes, a zone somewhere in it.
+ * @param today the reference date: dates of birth are not after it.
+ * @param level how far characters may be changed.
+ * @return the inspection; nothing for a text that is too long or a date that does not exist.
+ */
+inline std::optional<inspection> inspect(std::string_view text, date today, repair level = repair::off) {
+  const varnel_inspect_options options = {today.year, today.month, today.day, static_cast<int>(level)};
+  varnel_inspection record;
+  if (varnel_inspect(text.data(), text.size(), &options, &record) != ERR_OK) {
+    return std::nullopt;
+  }
+  return inspection(record);
+}
+
+} // namespace varnel
+
+#endif
