@@ -1,1 +1,28 @@
 #include <Varnel/documents/inspect.h>
+
+#include "calendar.hpp"
+#include "search.hpp"
+
+using namespace documents;
+
+namespace {
+
+bool are_valid(const varnel_inspect_options *options) {
+  return options != nullptr && exists(date{options->year, options->month, options->day}) &&
+         options->repair == VARNEL_REPAIR_OFF;
+}
+
+bool is_valid(const char *text, size_t size) {
+  return size <= VARNEL_TEXT_MAX && (text != nullptr || size == 0);
+}
+
+} // namespace
+
+int varnel_inspect(const char *text, size_t size, const varnel_inspect_options *options,
+                   varnel_inspection *inspection) {
+  if (!is_valid(text, size) || !are_valid(options) || inspection == nullptr) {
+    return ERR_INVALID_ARGS;
+  }
+  find_zone(passage{text, 0, static_cast<uint32_t>(size)}, *options, *inspection);
+  return ERR_OK;
+}

@@ -224,6 +224,73 @@ VARNEL_DOCUMENTS_API int varnel_inspect(const char *text, size_t size, const var
  */
 VARNEL_DOCUMENTS_API int varnel_inspection_json(const varnel_inspection *inspection, char *out, size_t size);
 
+/**
+ * Names of what a record has as numbers, as JSON has them.
+ *
+ * Each returns a text that lives as long as the program, or null for a number that has no name.
+ * @{
+ */
+
+/** @param field VARNEL_DOCUMENT_CODE and so on. @return "documentCode" and so on. */
+VARNEL_DOCUMENTS_API const char *varnel_field_name(int field);
+/** @param code VARNEL_FINDING_… or VARNEL_NOTICE_…. @return "checkFailed" and so on. */
+VARNEL_DOCUMENTS_API const char *varnel_finding_name(int code);
+/** @param layout VARNEL_LAYOUT_…. @return "TD1" and so on; null for VARNEL_LAYOUT_NONE. */
+VARNEL_DOCUMENTS_API const char *varnel_layout_name(int layout);
+/** @param layout VARNEL_LAYOUT_…. @return "passport", "visa" or "card"; null for VARNEL_LAYOUT_NONE. */
+VARNEL_DOCUMENTS_API const char *varnel_kind_name(int layout);
+/** @param verdict VARNEL_VERDICT_…. @return "valid" and so on. */
+VARNEL_DOCUMENTS_API const char *varnel_verdict_name(int verdict);
+/** @param status VARNEL_STATUS_…. @return "ok" and so on. */
+VARNEL_DOCUMENTS_API const char *varnel_status_name(int status);
+/** @param proof VARNEL_PROOF_…. @return "digits" and so on. */
+VARNEL_DOCUMENTS_API const char *varnel_proof_name(int proof);
+/** @param repair VARNEL_REPAIR_…. @return "off", "columns" or "digits". */
+VARNEL_DOCUMENTS_API const char *varnel_repair_name(int repair);
+/** @param reason VARNEL_CHANGE_…. @return "class" and so on. */
+VARNEL_DOCUMENTS_API const char *varnel_change_name(int reason);
+/** @param rule VARNEL_RULE_…. @return "plain" or "filler"; null for VARNEL_RULE_NONE. */
+VARNEL_DOCUMENTS_API const char *varnel_rule_name(int rule);
+
+/** @} */
+
+/**
+ * The name of a state, organization or nationality, in English.
+ *
+ * Known are the 279 codes that ICAO Doc 9303-3 permits, codes that documents print without permission, and
+ * withdrawn ones.
+ *
+ * @param code capitals without fillers, NUL-terminated: "D", "UTO"; null is an unknown code.
+ * @return UTF-8 that lives as long as the program; null for an unknown code.
+ */
+VARNEL_DOCUMENTS_API const char *varnel_state_name(const char *code);
+
+/**
+ * The code of two letters of a state or organization.
+ *
+ * @param code as for varnel_state_name().
+ * @return a text that lives as long as the program; null for an unknown code and for one that has none.
+ */
+VARNEL_DOCUMENTS_API const char *varnel_state_alpha2(const char *code);
+
+/**
+ * Whether Doc 9303-3 permits a code.
+ *
+ * @param code as for varnel_state_name().
+ * @return 1 or 0.
+ */
+VARNEL_DOCUMENTS_API int varnel_state_listed(const char *code);
+
+/**
+ * What a document code means: the second letters of passports (Doc 9303-4) and crew member certificates.
+ * Issuers used second letters freely before 2026.
+ *
+ * @param layout VARNEL_LAYOUT_….
+ * @param code   capitals without fillers, NUL-terminated: "PD"; null is an unknown code.
+ * @return English text that lives as long as the program; null for a code without a fixed meaning.
+ */
+VARNEL_DOCUMENTS_API const char *varnel_document_code_meaning(int layout, const char *code);
+
 VARNEL_END_DECLS
 
 /** @} */

@@ -1,0 +1,244 @@
+#include "clean_text.hpp"
+
+#include <string.h>
+
+#include "../ascii.hpp"
+#include "../utf8.hpp"
+#include "layouts.hpp"
+
+namespace documents {
+
+namespace {
+
+using kind = character_kind;
+
+// The letters of other scripts that look like Latin ones.
+struct look_alike {
+  uint16_t code_point;
+  char letter;
+};
+
+// The block of Greek and Cyrillic capitals and small letters, U+0391 to U+0458.
+constexpr look_alike LOOK_ALIKES[] = {
+    // Greek capitals
+    {0x391, 'A'},
+    {0x392, 'B'},
+    {0x395, 'E'},
+    {0x396, 'Z'},
+    {0x397, 'H'},
+    {0x399, 'I'},
+    {0x39A, 'K'},
+    {0x39C, 'M'},
+    {0x39D, 'N'},
+    {0x39F, 'O'},
+    {0x3A1, 'P'},
+    {0x3A4, 'T'},
+    {0x3A5, 'Y'},
+    {0x3A7, 'X'},
+    // Cyrillic capitals
+    {0x405, 'S'},
+    {0x406, 'I'},
+    {0x408, 'J'},
+    {0x410, 'A'},
+    {0x412, 'B'},
+    {0x415, 'E'},
+    {0x41A, 'K'},
+    {0x41C, 'M'},
+    {0x41D, 'H'},
+    {0x41E, 'O'},
+    {0x420, 'P'},
+    {0x421, 'C'},
+    {0x422, 'T'},
+    {0x423, 'Y'},
+    {0x425, 'X'},
+    // Cyrillic small letters
+    {0x430, 'A'},
+    {0x435, 'E'},
+    {0x43E, 'O'},
+    {0x440, 'P'},
+    {0x441, 'C'},
+    {0x443, 'Y'},
+    {0x445, 'X'},
+    {0x455, 'S'},
+    {0x456, 'I'},
+    {0x458, 'J'},
+};
+
+constexpr uint32_t FIRST_LOOK_ALIKE = 0x391;
+constexpr uint32_t LAST_LOOK_ALIKE = 0x458;
+
+// The letter that each of these code points looks like, or NUL.
+struct look_alike_table {
+  char letters[LAST_LOOK_ALIKE - FIRST_LOOK_ALIKE + 1] = {};
+
+  constexpr look_alike_table() {
+    for (const look_alike &l : LOOK_ALIKES) {
+      letters[l.code_point - FIRST_LOOK_ALIKE] = l.letter;
+    }
+  }
+};
+
+constexpr look_alike_table LETTERS;
+
+constexpr bool is_filler_sign(uint32_t c) {
+  return c == 0xFF1C || c == 0x2039 || c == 0x203A || c == 0x2264 || c == 0x3008 || c == 0x27E8 ||
+         c == 0x2329;
+}
+
+constexpr bool is_double_filler_sign(uint32_t c) { return c == 0xAB || c == 0xBB || c == 0x300A; }
+
+constexpr bool is_line_end(uint32_t c) {
+  return (c >= '\n' && c <= '\r') || c == 0x85 || c == 0x2028 || c == 0x2029;
+}
+
+// Unicode's property White_Space, without the line ends.
+constexpr bool is_space(uint32_t c) {
+  return c == ' ' || c == '\t' || c == 0xA0 || c == 0x1680 || (c >= 0x2000 && c <= 0x200A) || c == 0x202F ||
+         c == 0x205F || c == 0x3000;
+}
+
+constexpr char full_width_as(uint32_t c) {
+  if (c >= 0xFF10 && c <= 0xFF19) {
+    return static_cast<char>('0' + (c - 0xFF10));
+  }
+  if (c >= 0xFF21 && c <= 0xFF3A) {
+    return static_cast<char>('A' + (c - 0xFF21));
+  }
+  return c >= 0xFF41 && c <= 0xFF5A ? static_cast<char>('A' + (c - 0xFF41)) : '\0';
+}
+
+constexpr character read_code_point(uint32_t c, uint8_t length) {
+  if (is_line_end(c)) {
+    return {kind::line_end, '\0', length};
+  }
+  if (is_space(c)) {
+    return {kind::space, '\0', length};
+  }
+  if (is_filler_sign(c)) {
+    return {kind::kept, FILLER, length};
+  }
+  if (is_double_filler_sign(c)) {
+    return {kind::two_kept, FILLER, length};
+  }
+  const char letter = c >= FIRST_LOOK_ALIKE && c <= LAST_LOOK_ALIKE ? LETTERS.letters[c - FIRST_LOOK_ALIKE]
+                                                                    : full_width_as(c);
+  if (letter != '\0') {
+    return {kind::kept, letter, length};
+  }
+  return {c == 0xFEFF ? kind::order_mark : kind::dropped, '\0', length};
+}
+
+// Reads a character of more than one byte, or a byte that is none.
+character read_sequence(const char *text, uint32_t size) {
+  const int length = utf8::sequence_length(text, size);
+  if (length == 1) {
+    return {kind::dropped, '\0', 1};
+  }
+  uint32_t c = static_cast<unsigned char>(text[0]) & (0xFFu >> (length + 1));
+  for (int i = 1; i < length; ++i) {
+    c = c << 6 | (static_cast<unsigned char>(text[i]) & 0x3Fu);
+  }
+  return read_code_point(c, static_cast<uint8_t>(length));
+}
+
+constexpr char FILLER_ENTITY[] = {'&', 'l', 't', ';'};
+
+bool begins_with_filler_entity(const char *text, uint32_t size) {
+  return size >= sizeof FILLER_ENTITY && memcmp(text, FILLER_ENTITY, sizeof FILLER_ENTITY) == 0;
+}
+
+// What a byte adds to the kept characters of its line, where that can be told from the byte alone.
+enum : uint8_t { ADDS_NONE, ADDS_ONE, LOOK_CLOSER };
+
+struct byte_table {
+  uint8_t adds[256] = {};
+  char as[128] = {};
+
+  constexpr byte_table() {
+    for (int c = 0; c < 256; ++c) {
+      const int capital = ascii::to_upper(c);
+      if (c >= 128 || c == '&' || is_line_end(static_cast<uint32_t>(c))) {
+        adds[c] = LOOK_CLOSER;
+      } else if (ascii::is_digit(c) || ascii::is_upper(capital) || c == FILLER) {
+        adds[c] = ADDS_ONE;
+        as[c] = static_cast<char>(capital);
+      }
+    }
+  }
+};
+
+constexpr byte_table BYTES;
+
+} // namespace
+
+character read_character(const char *text, uint32_t size) {
+  const unsigned char c = static_cast<unsigned char>(text[0]);
+  if (c >= 128) {
+    return read_sequence(text, size);
+  }
+  if (BYTES.as[c] != '\0') {
+    return {kind::kept, BYTES.as[c], 1};
+  }
+  if (c == '&' && begins_with_filler_entity(text, size)) {
+    return {kind::kept, FILLER, sizeof FILLER_ENTITY};
+  }
+  return {is_line_end(c) ? kind::line_end : is_space(c) ? kind::space : kind::dropped, '\0', 1};
+}
+
+// The next line, whether something of it is kept or not.
+bool line_reader::next_of_any(text_line &line) {
+  if (at_ >= passage_.end) {
+    return false;
+  }
+  line = {at_, at_, 0};
+  while (at_ < passage_.end) {
+    const uint8_t adds = BYTES.adds[static_cast<unsigned char>(passage_.text[at_])];
+    if (adds != LOOK_CLOSER) {
+      line.kept += adds;
+      ++at_;
+      continue;
+    }
+    const character c = read_character(passage_.text + at_, passage_.end - at_);
+    line.end = at_;
+    at_ += c.length;
+    if (c.kind == kind::line_end) {
+      return true;
+    }
+    line.kept += c.kind == kind::kept ? 1u : c.kind == kind::two_kept ? 2u : 0u;
+  }
+  line.end = passage_.end;
+  return true;
+}
+
+bool line_reader::next(text_line &line) {
+  do {
+    if (!next_of_any(line)) {
+      return false;
+    }
+  } while (line.kept == 0);
+  return true;
+}
+
+bool character_reader::next(kept_character &kept) {
+  if (has_second_) {
+    has_second_ = false;
+    kept = {FILLER, false, pair_};
+    return true;
+  }
+  bool after_dropped = false;
+  while (at_ < end_) {
+    const character c = read_character(text_ + at_, end_ - at_);
+    const varnel_source source = {at_, at_ + c.length};
+    at_ += c.length;
+    if (c.kind == kind::kept || c.kind == kind::two_kept) {
+      has_second_ = c.kind == kind::two_kept;
+      pair_ = source;
+      kept = {c.as, after_dropped, source};
+      return true;
+    }
+    after_dropped = after_dropped || c.kind == kind::dropped;
+  }
+  return false;
+}
+
+} // namespace documents

@@ -1,0 +1,87 @@
+// From text to lines of the characters that a zone is made of, each remembering its bytes.
+//
+// Kept are A to Z, 0 to 9 and the filler, and what looks like them: small and full-width letters, the
+// letters of other scripts that share their shape, and the signs that stand in for the filler. All else is
+// dropped, white space silently.
+#ifndef VARNEL_SRC_DOCUMENTS_CLEAN_TEXT_HPP
+#define VARNEL_SRC_DOCUMENTS_CLEAN_TEXT_HPP
+
+#include <Varnel/documents/inspect.h>
+
+#include <stdint.h>
+
+namespace documents {
+
+enum class character_kind : uint8_t {
+  kept,       // one character of a zone
+  two_kept,   // two fillers that share their bytes
+  space,      // white space within a line
+  line_end,   // LF, CR, VT, FF, NEL, LS or PS; CR LF are two, with nothing between them
+  order_mark, // U+FEFF, dropped without a word
+  dropped     // anything else; malformed UTF-8 is dropped byte by byte
+};
+
+struct character {
+  character_kind kind;
+  char as;        // what a kept character is read as
+  uint8_t length; // in bytes
+};
+
+// The character that the text begins with; `size` is at least 1.
+character read_character(const char *text, uint32_t size);
+
+// A stretch of the text that is to be read: offsets count from `text`, whatever part of it is meant.
+struct passage {
+  const char *text;
+  uint32_t begin;
+  uint32_t end;
+};
+
+// A line of the text: its bytes, without its line end, and how many characters of it are kept.
+struct text_line {
+  uint32_t begin;
+  uint32_t end;
+  uint32_t kept;
+};
+
+// Walks the lines of a passage of which something is kept.
+class line_reader {
+public:
+  explicit line_reader(passage p) : passage_(p), at_(p.begin) {}
+
+  // The next line that keeps a character; false when there is none.
+  bool next(text_line &line);
+
+private:
+  bool next_of_any(text_line &line);
+
+  passage passage_;
+  uint32_t at_;
+};
+
+// A kept character of a line.
+struct kept_character {
+  char c;
+  bool after_dropped; // something other than white space was dropped since the one before it
+  varnel_source source;
+};
+
+// Walks the kept characters of a line.
+class character_reader {
+public:
+  character_reader(const char *text, text_line line) : text_(text), at_(line.begin), end_(line.end) {}
+
+  // False at the line's end.
+  bool next(kept_character &kept);
+
+private:
+  const char *text_;
+  uint32_t at_;
+  uint32_t end_;
+  bool has_second_ = false; // the second of two fillers is still to come
+  varnel_source pair_ = {};
+};
+
+} // namespace documents
+
+#endif

@@ -1,0 +1,708 @@
+#include "evaluate.hpp"
+
+#include <string.h>
+
+#include "../ascii.hpp"
+#include "calendar.hpp"
+#include "check_digit.hpp"
+#include "states.hpp"
+
+namespace documents {
+
+namespace {
+
+constexpr int NO_PLACE = -1;
+
+constexpr bool is_filler(char c) { return c == FILLER; }
+
+bool is_all_fillers(const char *text, int length) {
+  for (int i = 0; i < length; ++i) {
+    if (!is_filler(text[i])) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool has_filler(const char *text, int length) {
+  return memchr(text, FILLER, static_cast<size_t>(length)) != nullptr;
+}
+
+bool are_digits(const char *text, int length) {
+  for (int i = 0; i < length; ++i) {
+    if (!ascii::is_digit(text[i])) {
+      return false;
+    }
+  }
+  return true;
+}
+
+int two_digits(const char *text) { return (text[0] - '0') * 10 + (text[1] - '0'); }
+
+// Where the first "<<" begins; `length` when there is none.
+int find_separator(const char *text, int length) {
+  for (int i = 0; i + 1 < length; ++i) {
+    if (is_filler(text[i]) && is_filler(text[i + 1])) {
+      return i;
+    }
+  }
+  return length;
+}
+
+// Copies a text without its outer fillers, every inner run of them as one space. Returns the length.
+int copy_words(char *out, const char *text, int length) {
+  int written = 0;
+  bool after_filler = false;
+  for (int i = 0; i < length; ++i) {
+    if (is_filler(text[i])) {
+      after_filler = written > 0;
+      continue;
+    }
+    if (after_filler) {
+      out[written++] = ' ';
+      after_filler = false;
+    }
+    out[written++] = text[i];
+  }
+  out[written] = '\0';
+  return written;
+}
+
+void write_digits(char *out, int number, int count) {
+  for (int i = count - 1; i >= 0; --i) {
+    out[i] = static_cast<char>('0' + number % 10);
+    number /= 10;
+  }
+}
+
+// A date as ISO 8601 has it, with XX for a month or day that is 0: unknown.
+void write_date(char *out, date d) {
+  memcpy(out, "0000-XX-XX", sizeof "0000-XX-XX");
+  write_digits(out, d.year, 4);
+  if (d.month != 0) {
+    write_digits(out + 5, d.month, 2);
+  }
+  if (d.day != 0) {
+    write_digits(out + 8, d.day, 2);
+  }
+}
+
+date date_of(const varnel_inspected_field &field) { return {field.year, field.month, field.day}; }
+
+// Some states print a single name after the "<<"; then the primary identifier may be empty.
+bool may_be_empty(const varnel_inspection &inspection, int field) {
+  switch (field) {
+  case VARNEL_ISSUING_STATE:
+  case VARNEL_NATIONALITY:
+  case VARNEL_DOCUMENT_NUMBER:
+    return false;
+  case VARNEL_PRIMARY_IDENTIFIER:
+    return find_field(inspection, VARNEL_SECONDARY_IDENTIFIER)->status != VARNEL_STATUS_EMPTY;
+  default:
+    return true;
+  }
+}
+
+// The finding that a status is; VARNEL_FINDING_NONE for one that is none, or that a check digit adds.
+int finding_of(const varnel_inspection &inspection, const varnel_inspected_field &field) {
+  switch (field.status) {
+  case VARNEL_STATUS_EMPTY:
+    return may_be_empty(inspection, field.field) ? VARNEL_FINDING_NONE : VARNEL_FINDING_EMPTY;
+  case VARNEL_STATUS_BAD_CHARACTERS:
+    return VARNEL_FINDING_BAD_CHARACTERS;
+  case VARNEL_STATUS_NOT_A_DATE:
+    return VARNEL_FINDING_NOT_A_DATE;
+  case VARNEL_STATUS_UNKNOWN:
+    return VARNEL_FINDING_UNKNOWN;
+  default:
+    return VARNEL_FINDING_NONE;
+  }
+}
+
+// One zone on its way into a record.
+class evaluation {
+public:
+  evaluation(const zone_reading &zone, const varnel_inspect_options &options, varnel_inspection &inspection)
+      : zone_(zone), form_(*zone.form), reference_{options.year, options.month, options.day},
+        out_(inspection) {}
+
+  void run() {
+    copy_lines();
+    compute_checks();
+    for (int i = 0; i < form_.field_count; ++i) {
+      read(form_.fields[i]);
+    }
+    add_findings();
+    add_dropped();
+    compare_expiry();
+    write_chip_access();
+    set_verdict(out_);
+  }
+
+private:
+  const char *at(stretch place) const { return zone_.lines[place.line] + place.column; }
+
+  varnel_check *check_of(int field) {
+    for (int i = 0; i < out_.check_count; ++i) {
+      if (out_.checks[i].field == field) {
+        return &out_.checks[i];
+      }
+    }
+    return nullptr;
+  }
+
+  bool composite_holds() {
+    const varnel_check *composite = check_of(VARNEL_COMPOSITE);
+    return composite != nullptr && composite->holds;
+  }
+
+  void copy_lines() {
+    out_.layout = form_.id;
+    out_.line_count = out_.source_count = form_.lines;
+    for (int line = 0; line < form_.lines; ++line) {
+      memcpy(out_.zone[line], zone_.lines[line], form_.width);
+      out_.zone[line][form_.width] = '\0';
+      out_.source[line] = source_of({static_cast<uint8_t>(line), 0, form_.width});
+    }
+  }
+
+  // A stretch without columns lies at its column's character, or after the line's last.
+  varnel_source source_of(stretch place) const {
+    const varnel_source *sources = zone_.sources[place.line];
+    if (place.length > 0) {
+      return {sources[place.column].start, sources[place.column + place.length - 1].end};
+    }
+    const uint32_t offset =
+        place.column < form_.width ? sources[place.column].start : sources[form_.width - 1].end;
+    return {offset, offset};
+  }
+
+  // Check digits.
+
+  void compute_checks() {
+    out_.check_count = form_.check_count;
+    for (int i = 0; i < form_.check_count; ++i) {
+      out_.checks[i] = compute(form_.checks[i]);
+    }
+    optional_data_ = form_.optional_data;
+    take_long_number();
+    accept_filler_digit();
+  }
+
+  varnel_check compute(const check_place &place) const {
+    check_sum sum;
+    bool all_fillers = true;
+    for (int i = 0; i < place.covered_count; ++i) {
+      const stretch covered = place.covered[i];
+      sum.add(at(covered), covered.length);
+      all_fillers = all_fillers && is_all_fillers(at(covered), covered.length);
+    }
+    const char found = zone_.lines[place.line][place.column];
+    const char expected = sum.digit();
+    const bool filler_holds = place.field != VARNEL_COMPOSITE && is_filler(found) && all_fillers;
+    return {place.field,      place.line, place.column, found == expected || filler_holds,
+            VARNEL_RULE_NONE, found,      expected};
+  }
+
+  // TD1 and TD2 (Doc 9303-5 and 9303-6, note j): a filler in the number's digit column says that the
+  // number goes on in the optional data, up to its digit, which stands before the first filler there. Doc
+  // 9303 leaves the filler out of the digit's sum; some issuers count it in its place.
+  void take_long_number() {
+    const stretch number = form_.find(VARNEL_DOCUMENT_NUMBER)->place;
+    const char *continuation = at(optional_data_);
+    int taken = 0; // continuation and digit
+    while (taken < optional_data_.length && !is_filler(continuation[taken])) {
+      ++taken;
+    }
+    varnel_check &check = *check_of(VARNEL_DOCUMENT_NUMBER);
+    if (taken < 2 || !is_filler(check.found) || has_filler(at(number), number.length) || !composite_holds()) {
+      return;
+    }
+    const int length = taken - 1;
+    const char found = continuation[length];
+    const char plain = digit_over(number, false, continuation, length);
+    const char with_filler = digit_over(number, true, continuation, length);
+    if (found != plain && found != with_filler) {
+      return;
+    }
+    check.line = optional_data_.line;
+    check.column = static_cast<uint8_t>(optional_data_.column + length);
+    check.found = check.expected = found;
+    check.holds = 1;
+    check.rule = found == plain ? VARNEL_RULE_PLAIN : VARNEL_RULE_FILLER;
+    continuation_ = {optional_data_.line, optional_data_.column, static_cast<uint8_t>(length)};
+    optional_data_.column = static_cast<uint8_t>(optional_data_.column + taken);
+    optional_data_.length = static_cast<uint8_t>(optional_data_.length - taken);
+  }
+
+  char digit_over(stretch number, bool with_filler, const char *continuation, int length) const {
+    check_sum sum;
+    sum.add(at(number), number.length);
+    if (with_filler) {
+      sum.add(FILLER);
+    }
+    sum.add(continuation, length);
+    return sum.digit();
+  }
+
+  // A filler printed for a computed 0 holds for a personal number when the composite does.
+  void accept_filler_digit() {
+    varnel_check *check = check_of(VARNEL_PERSONAL_NUMBER);
+    if (check != nullptr && !check->holds && is_filler(check->found) && check->expected == '0' &&
+        composite_holds()) {
+      check->holds = 1;
+      filler_digit_ = true;
+    }
+  }
+
+  // Fields.
+
+  void read(const field_place &f) {
+    varnel_inspected_field &field = out_.fields[out_.field_count++];
+    field.field = f.field;
+    place(field, part_of(f));
+    switch (f.kind) {
+    case field_kind::code:
+      read_code(field);
+      break;
+    case field_kind::state:
+      read_state(field);
+      break;
+    case field_kind::names:
+      read_name(field, f);
+      break;
+    case field_kind::number:
+      read_number(field);
+      break;
+    case field_kind::birth_date:
+      read_birth_date(field);
+      break;
+    case field_kind::expiry_date:
+      read_expiry_date(field);
+      break;
+    case field_kind::sex:
+      read_sex(field);
+      break;
+    }
+    const varnel_check *check = check_of(field.field);
+    if (field.status == VARNEL_STATUS_OK && check != nullptr && !check->holds) {
+      field.status = VARNEL_STATUS_CHECK_FAILED;
+    }
+    field.proof = static_cast<uint8_t>(proof_of(field, f.kind, check));
+  }
+
+  void place(varnel_inspected_field &field, stretch part) {
+    field.line = part.line;
+    field.column = part.column;
+    field.source = source_of(part);
+    memcpy(field.text, at(part), part.length);
+    text_length_ = part.length;
+  }
+
+  // The columns that are this field's: of a field of names its part, of optional data what a long number
+  // leaves.
+  stretch part_of(const field_place &f) const {
+    const bool shortened = optional_data_.length != form_.optional_data.length &&
+                           f.place.line == form_.optional_data.line &&
+                           f.place.column == form_.optional_data.column;
+    if (shortened) {
+      return optional_data_;
+    }
+    if (f.field == VARNEL_PRIMARY_IDENTIFIER) {
+      const int end = find_separator(at(f.place), f.place.length);
+      return {f.place.line, f.place.column, static_cast<uint8_t>(end)};
+    }
+    if (f.field == VARNEL_SECONDARY_IDENTIFIER && form_.one_field_of_names) {
+      const int separator = find_separator(at(f.place), f.place.length);
+      const int start = separator < f.place.length ? separator + 2 : separator;
+      return {f.place.line, static_cast<uint8_t>(f.place.column + start),
+              static_cast<uint8_t>(f.place.length - start)};
+    }
+    return f.place;
+  }
+
+  static void set(varnel_inspected_field &field, int status, bool has_value) {
+    field.status = static_cast<uint8_t>(status);
+    field.has_value = has_value;
+  }
+
+  void notice(const varnel_inspected_field &field, int code) {
+    add_notice(out_, {static_cast<uint8_t>(code), field.field, static_cast<int8_t>(field.line),
+                      static_cast<int8_t>(field.column)});
+  }
+
+  void read_code(varnel_inspected_field &field) {
+    const char first = field.text[0];
+    const char second = field.text[1];
+    if (!ascii::is_upper(first) ||
+        !(ascii::is_upper(second) || ascii::is_digit(second) || is_filler(second))) {
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      return;
+    }
+    field.value[0] = first;
+    field.value[1] = is_filler(second) ? '\0' : second;
+    const bool visa_after_card = second == 'V' && (first == 'A' || first == 'C' || first == 'I');
+    set(field, form_.has_first_letter(first) && !visa_after_card ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN,
+        true);
+    if (ascii::is_digit(second)) {
+      notice(field, VARNEL_NOTICE_DIGIT_IN_CODE);
+    }
+    const bool is_ai = form_.id == VARNEL_LAYOUT_TD1 && first == 'A' && second == 'I';
+    const bool is_ac = form_.id == VARNEL_LAYOUT_TD2 && first == 'A' && second == 'C';
+    if (is_ai || is_ac) {
+      notice(field, VARNEL_NOTICE_CODE_NOT_ALLOWED);
+    }
+  }
+
+  void read_state(varnel_inspected_field &field) {
+    int letters = 0;
+    while (letters < text_length_ && ascii::is_upper(field.text[letters])) {
+      ++letters;
+    }
+    if (!is_all_fillers(field.text + letters, text_length_ - letters)) {
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      return;
+    }
+    if (letters == 0) {
+      set(field, VARNEL_STATUS_EMPTY, false);
+      return;
+    }
+    memcpy(field.value, field.text, static_cast<size_t>(letters));
+    is_listed_ = find_state(field.value, letters).is_listed();
+    const bool is_permitted = is_listed_ || is_residence_permit_code(field.value, letters);
+    set(field, is_permitted ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN, true);
+    if (is_permitted && !is_listed_) {
+      notice(field, VARNEL_NOTICE_CODE_NOT_LISTED);
+    }
+  }
+
+  void read_name(varnel_inspected_field &field, const field_place &f) {
+    field.truncated = ascii::is_upper(at(f.place)[f.place.length - 1]);
+    if (copy_words(field.value, field.text, text_length_) == 0) {
+      set(field, VARNEL_STATUS_EMPTY, false);
+      return;
+    }
+    bool digits = false;
+    for (int i = 0; i < text_length_; ++i) {
+      digits = digits || ascii::is_digit(field.text[i]);
+    }
+    const bool national = form_.id == VARNEL_LAYOUT_TD3 && memcmp(zone_.lines[0], "PNRUS", 5) == 0;
+    if ((digits && !national) || has_noise_in_tail(field)) {
+      field.value[0] = '\0';
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      return;
+    }
+    set(field, VARNEL_STATUS_OK, true);
+    if (digits) {
+      notice(field, VARNEL_NOTICE_NATIONAL_LETTERS);
+    }
+  }
+
+  // Whether something stands in the secondary identifier after a run of three or more fillers; the "<<"
+  // before it is part of its first run.
+  bool has_noise_in_tail(const varnel_inspected_field &field) const {
+    if (field.field != VARNEL_SECONDARY_IDENTIFIER) {
+      return false;
+    }
+    int run = form_.one_field_of_names ? 2 : 0;
+    for (int i = 0; i < text_length_; ++i) {
+      if (is_filler(field.text[i])) {
+        ++run;
+      } else if (run >= 3) {
+        return true;
+      } else {
+        run = 0;
+      }
+    }
+    return false;
+  }
+
+  void read_number(varnel_inspected_field &field) {
+    const int length = copy_words(field.value, field.text, text_length_);
+    set(field, length == 0 ? VARNEL_STATUS_EMPTY : VARNEL_STATUS_OK, length != 0);
+    if (field.field == VARNEL_DOCUMENT_NUMBER) {
+      memcpy(field.value + length, at(continuation_), continuation_.length);
+    }
+    if (field.field == VARNEL_PERSONAL_NUMBER && filler_digit_) {
+      notice(field, VARNEL_NOTICE_FILLER_DIGIT);
+    }
+  }
+
+  void read_birth_date(varnel_inspected_field &field) {
+    if (is_all_fillers(field.text, 6)) {
+      set(field, VARNEL_STATUS_EMPTY, false);
+      return;
+    }
+    int known = 6;
+    while (known > 2 && is_all_fillers(field.text + known - 2, 2)) {
+      known -= 2;
+    }
+    if (!are_digits(field.text, known)) {
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      return;
+    }
+    // What is unknown is taken as the first month or day where a date has to be compared.
+    const int month = known > 2 ? two_digits(field.text + 2) : 1;
+    const int day = known > 4 ? two_digits(field.text + 4) : 1;
+    const int year = birth_year(two_digits(field.text), month, day, reference_);
+    finish_date(field, {year, month, day}, known);
+  }
+
+  void read_expiry_date(varnel_inspected_field &field) {
+    if (is_all_fillers(field.text, 6)) {
+      set(field, VARNEL_STATUS_EMPTY, false);
+    } else if (!are_digits(field.text, 6)) {
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+    } else {
+      const int year = expiry_year(two_digits(field.text), reference_.year);
+      finish_date(field, {year, two_digits(field.text + 2), two_digits(field.text + 4)}, 6);
+    }
+  }
+
+  void finish_date(varnel_inspected_field &field, date d, int known) {
+    if (!exists(d)) {
+      set(field, VARNEL_STATUS_NOT_A_DATE, false);
+      return;
+    }
+    field.year = static_cast<int16_t>(d.year);
+    field.month = static_cast<uint8_t>(known > 2 ? d.month : 0);
+    field.day = static_cast<uint8_t>(known > 4 ? d.day : 0);
+    write_date(field.value, date_of(field));
+    set(field, VARNEL_STATUS_OK, true);
+  }
+
+  void read_sex(varnel_inspected_field &field) {
+    const char c = field.text[0];
+    if (c != 'M' && c != 'F' && c != 'X' && !is_filler(c)) {
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      return;
+    }
+    field.value[0] = is_filler(c) ? 'X' : c;
+    set(field, VARNEL_STATUS_OK, true);
+    if (c == 'X') {
+      notice(field, VARNEL_NOTICE_SEX_X);
+    }
+  }
+
+  int proof_of(const varnel_inspected_field &field, field_kind kind, const varnel_check *check) {
+    if (field.status != VARNEL_STATUS_OK) {
+      return VARNEL_PROOF_NONE;
+    }
+    if (kind == field_kind::state) {
+      return is_listed_ ? VARNEL_PROOF_LIST : VARNEL_PROOF_NONE;
+    }
+    if (check != nullptr) {
+      return composite_holds() ? VARNEL_PROOF_DIGITS : VARNEL_PROOF_DIGIT;
+    }
+    const bool is_optional_data = field.field == VARNEL_OPTIONAL_DATA_1 ||
+                                  field.field == VARNEL_OPTIONAL_DATA_2 ||
+                                  field.field == VARNEL_OPTIONAL_DATA;
+    return is_optional_data && composite_holds() ? VARNEL_PROOF_COMPOSITE : VARNEL_PROOF_NONE;
+  }
+
+  // Findings.
+
+  void finding(const varnel_inspected_field &field, int code) {
+    add_finding(out_, {static_cast<uint8_t>(code), field.field, static_cast<int8_t>(field.line),
+                       static_cast<int8_t>(field.column)});
+  }
+
+  void add_findings() {
+    for (int i = 0; i < out_.field_count; ++i) {
+      const varnel_inspected_field &field = out_.fields[i];
+      const int code = finding_of(out_, field);
+      if (code != VARNEL_FINDING_NONE) {
+        finding(field, code);
+      }
+      const varnel_check *check = check_of(field.field);
+      if (check != nullptr && !check->holds) {
+        finding(field, VARNEL_FINDING_CHECK_FAILED);
+      }
+      if (field.field == VARNEL_EXPIRY_DATE && expires_before_birth(field)) {
+        finding(field, VARNEL_FINDING_DATES_ORDER);
+      }
+      if ((zone_.unproven >> field.field & 1u) != 0) {
+        finding(field, VARNEL_FINDING_UNPROVEN);
+      }
+    }
+    const varnel_check *composite = check_of(VARNEL_COMPOSITE);
+    if (composite != nullptr && !composite->holds) {
+      add_finding(out_, {VARNEL_FINDING_CHECK_FAILED, VARNEL_COMPOSITE, static_cast<int8_t>(composite->line),
+                         static_cast<int8_t>(composite->column)});
+    }
+  }
+
+  bool expires_before_birth(const varnel_inspected_field &expiry) const {
+    const varnel_inspected_field &birth = *find_field(out_, VARNEL_BIRTH_DATE);
+    return birth.status == VARNEL_STATUS_OK && birth.day != 0 && expiry.status == VARNEL_STATUS_OK &&
+           is_before(date_of(expiry), date_of(birth));
+  }
+
+  void add_dropped() {
+    for (int line = 0; line < form_.lines; ++line) {
+      if (zone_.dropped[line]) {
+        add_notice(out_, {VARNEL_NOTICE_DROPPED, VARNEL_FIELD_NONE, static_cast<int8_t>(line), NO_PLACE});
+      }
+    }
+  }
+
+  void compare_expiry() {
+    const varnel_inspected_field *expiry = find_field(out_, VARNEL_EXPIRY_DATE);
+    if (expiry != nullptr && expiry->status == VARNEL_STATUS_OK) {
+      out_.expired = is_before(date_of(*expiry), reference_);
+    }
+  }
+
+  // What the chip's access protocol hashes (Doc 9303-11): number, birth date and expiry date, each with its
+  // digit, as printed; a long number without the filler in it.
+  void write_chip_access() {
+    if (form_.id != VARNEL_LAYOUT_TD1 && form_.id != VARNEL_LAYOUT_TD2 && form_.id != VARNEL_LAYOUT_TD3) {
+      return;
+    }
+    const int number = find_field(out_, VARNEL_DOCUMENT_NUMBER)->status;
+    const int birth = find_field(out_, VARNEL_BIRTH_DATE)->status;
+    const int expiry = find_field(out_, VARNEL_EXPIRY_DATE)->status;
+    const bool birth_is_right = birth == VARNEL_STATUS_OK || birth == VARNEL_STATUS_EMPTY;
+    if (number != VARNEL_STATUS_OK || !birth_is_right || !check_of(VARNEL_BIRTH_DATE)->holds ||
+        expiry != VARNEL_STATUS_OK) {
+      return;
+    }
+    append_chip_access(form_.find(VARNEL_DOCUMENT_NUMBER)->place);
+    append_chip_access(continuation_);
+    append_chip_access(VARNEL_DOCUMENT_NUMBER);
+    append_chip_access(form_.find(VARNEL_BIRTH_DATE)->place);
+    append_chip_access(VARNEL_BIRTH_DATE);
+    append_chip_access(form_.find(VARNEL_EXPIRY_DATE)->place);
+    append_chip_access(VARNEL_EXPIRY_DATE);
+  }
+
+  void append_chip_access(stretch place) {
+    memcpy(out_.chip_access + chip_access_length_, at(place), place.length);
+    chip_access_length_ += place.length;
+  }
+
+  void append_chip_access(int field) { out_.chip_access[chip_access_length_++] = check_of(field)->found; }
+
+  const zone_reading &zone_;
+  const layout &form_;
+  const date reference_;
+  varnel_inspection &out_;
+  stretch optional_data_ = {}; // what a long number leaves of it
+  stretch continuation_ = {};  // of a long number; else without columns
+  bool filler_digit_ = false;  // a filler stands for the personal number's digit 0
+  int text_length_ = 0;        // of the field that is being read
+  bool is_listed_ = false;     // the state that is being read
+  int chip_access_length_ = 0;
+};
+
+} // namespace
+
+void begin_inspection(const varnel_inspect_options &options, varnel_inspection &inspection) {
+  memset(&inspection, 0, sizeof inspection);
+  inspection.year = static_cast<int16_t>(options.year);
+  inspection.month = static_cast<uint8_t>(options.month);
+  inspection.day = static_cast<uint8_t>(options.day);
+  inspection.repair = static_cast<uint8_t>(options.repair);
+  inspection.expired = -1;
+}
+
+void evaluate(const zone_reading &zone, const varnel_inspect_options &options,
+              varnel_inspection &inspection) {
+  begin_inspection(options, inspection);
+  evaluation(zone, options, inspection).run();
+}
+
+void add_finding(varnel_inspection &inspection, varnel_finding finding) {
+  if (inspection.finding_count < VARNEL_INSPECTION_FINDINGS) {
+    inspection.findings[inspection.finding_count++] = finding;
+  }
+}
+
+void add_notice(varnel_inspection &inspection, varnel_finding notice) {
+  if (inspection.notice_count < VARNEL_INSPECTION_NOTICES) {
+    inspection.notices[inspection.notice_count++] = notice;
+  }
+}
+
+void set_verdict(varnel_inspection &inspection) {
+  inspection.verdict = inspection.finding_count > 0  ? VARNEL_VERDICT_DOUBTFUL
+                       : inspection.change_count > 0 ? VARNEL_VERDICT_REPAIRED
+                                                     : VARNEL_VERDICT_VALID;
+}
+
+const varnel_inspected_field *find_field(const varnel_inspection &inspection, int field) {
+  for (int i = 0; i < inspection.field_count; ++i) {
+    if (inspection.fields[i].field == field) {
+      return &inspection.fields[i];
+    }
+  }
+  return nullptr;
+}
+
+const varnel_check *find_check(const varnel_inspection &inspection, int field) {
+  for (int i = 0; i < inspection.check_count; ++i) {
+    if (inspection.checks[i].field == field) {
+      return &inspection.checks[i];
+    }
+  }
+  return nullptr;
+}
+
+namespace {
+
+bool is_right_date(const varnel_inspection &inspection, int field) {
+  const varnel_inspected_field *date = find_field(inspection, field);
+  return date != nullptr && date->status == VARNEL_STATUS_OK;
+}
+
+// Digits that hold of fields that are not empty; the composite is of none.
+int holding_digits_of_something(const varnel_inspection &inspection) {
+  int count = 0;
+  for (int i = 0; i < inspection.check_count; ++i) {
+    const varnel_inspected_field *field = find_field(inspection, inspection.checks[i].field);
+    count += inspection.checks[i].holds && (field == nullptr || field->status != VARNEL_STATUS_EMPTY);
+  }
+  return count;
+}
+
+bool is_listed_issuer(const varnel_inspection &inspection) {
+  return find_field(inspection, VARNEL_ISSUING_STATE)->proof == VARNEL_PROOF_LIST;
+}
+
+bool has_filler_in_names(const varnel_inspection &inspection, const layout &form) {
+  const stretch primary = form.find(VARNEL_PRIMARY_IDENTIFIER)->place;
+  const stretch secondary = form.find(VARNEL_SECONDARY_IDENTIFIER)->place;
+  return has_filler(inspection.zone[primary.line] + primary.column, primary.length) ||
+         has_filler(inspection.zone[secondary.line] + secondary.column, secondary.length);
+}
+
+} // namespace
+
+bool is_zone(const varnel_inspection &inspection) {
+  if (is_right_date(inspection, VARNEL_BIRTH_DATE) || is_right_date(inspection, VARNEL_EXPIRY_DATE) ||
+      holding_digits_of_something(inspection) >= 2) {
+    return true;
+  }
+  const layout &form = LAYOUTS[inspection.layout];
+  return form.has_first_letter(inspection.zone[0][0]) && is_listed_issuer(inspection) &&
+         has_filler_in_names(inspection, form);
+}
+
+zone_score score_of(const varnel_inspection &inspection) {
+  int holding = 0;
+  for (int i = 0; i < inspection.check_count; ++i) {
+    holding += inspection.checks[i].holds;
+  }
+  return {holding, inspection.check_count, inspection.finding_count};
+}
+
+bool is_better(zone_score a, zone_score b) {
+  const int a_share = a.holding * b.digits;
+  const int b_share = b.holding * a.digits;
+  if (a_share != b_share) {
+    return a_share > b_share;
+  }
+  return a.holding != b.holding ? a.holding > b.holding : a.findings < b.findings;
+}
+
+} // namespace documents

@@ -1,0 +1,56 @@
+// What a zone says once it is known which characters stand where: fields, check digits, findings, verdict.
+#ifndef VARNEL_SRC_DOCUMENTS_EVALUATE_HPP
+#define VARNEL_SRC_DOCUMENTS_EVALUATE_HPP
+
+#include <Varnel/documents/inspect.h>
+
+#include "layouts.hpp"
+
+namespace documents {
+
+// The characters of a zone and where they were read.
+struct zone_reading {
+  const layout *form; // of LAYOUTS
+  char lines[VARNEL_ZONE_LINES][VARNEL_ZONE_WIDTH];
+  varnel_source sources[VARNEL_ZONE_LINES][VARNEL_ZONE_WIDTH];
+  bool dropped[VARNEL_ZONE_LINES]; // characters other than white space were dropped within the line
+  uint32_t unproven;               // 1 << field: a value that may have been misread (finding `unproven`)
+};
+
+// Empties the record and writes the reference date and the level of repair into it.
+void begin_inspection(const varnel_inspect_options &options, varnel_inspection &inspection);
+
+// Writes the whole record, without changes: valid where nothing is found.
+void evaluate(const zone_reading &zone, const varnel_inspect_options &options, varnel_inspection &inspection);
+
+// Appends a finding or a notice; what a record has no room for is left out.
+void add_finding(varnel_inspection &inspection, varnel_finding finding);
+void add_notice(varnel_inspection &inspection, varnel_finding notice);
+
+// Doubtful with findings, else repaired with changes, else valid.
+void set_verdict(varnel_inspection &inspection);
+
+// The entry of a field or a check digit; null where the layout lacks it.
+const varnel_inspected_field *find_field(const varnel_inspection &inspection, int field);
+const varnel_check *find_check(const varnel_inspection &inspection, int field);
+
+// Whether enough agrees to say that this is a zone: a date that is right, two digits that hold, or the
+// first letter, a listed state and a filler in the names.
+bool is_zone(const varnel_inspection &inspection);
+
+// How good a zone is.
+struct zone_score {
+  int holding; // digits that hold, also of empty fields
+  int digits;  // that its layout has
+  int findings;
+};
+
+zone_score score_of(const varnel_inspection &inspection);
+
+// Whether `a` is better than `b`: by the share of its digits that hold, then by their number, then by the
+// fewer findings.
+bool is_better(zone_score a, zone_score b);
+
+} // namespace documents
+
+#endif

@@ -1,0 +1,325 @@
+// An inspection as JSON: the form that every language and the command share.
+#include <Varnel/documents/inspect.h>
+
+#include <string.h>
+
+#include "layouts.hpp"
+#include "names.hpp"
+
+using namespace documents;
+
+namespace {
+
+// Writes text into a room that may be too small, and counts what the whole needs.
+class json_writer {
+public:
+  json_writer(char *out, size_t size) : out_(out), room_(size > 0 ? size - 1 : 0) {}
+
+  void raw(const char *text, size_t length) {
+    if (length_ < room_) {
+      const size_t free = room_ - length_;
+      memcpy(out_ + length_, text, length < free ? length : free);
+    }
+    length_ += length;
+  }
+
+  // A literal, without its NUL.
+  template <size_t Size> void raw(const char (&literal)[Size]) { raw(literal, Size - 1); }
+
+  void raw(char c) { raw(&c, 1); }
+
+  void number(unsigned value) {
+    char digits[10];
+    int first = sizeof digits;
+    do {
+      digits[--first] = static_cast<char>('0' + value % 10);
+      value /= 10;
+    } while (value > 0);
+    raw(digits + first, sizeof digits - static_cast<size_t>(first));
+  }
+
+  void number_or_null(int value, bool is_null) {
+    if (is_null) {
+      raw("null");
+    } else {
+      number(static_cast<unsigned>(value));
+    }
+  }
+
+  // A number with leading zeros.
+  void padded(int value, int width) {
+    char digits[4];
+    for (int i = width - 1; i >= 0; --i) {
+      digits[i] = static_cast<char>('0' + value % 10);
+      value /= 10;
+    }
+    raw(digits, static_cast<size_t>(width));
+  }
+
+  void boolean(bool value) {
+    if (value) {
+      raw("true");
+    } else {
+      raw("false");
+    }
+  }
+
+  // A string; null for a null pointer. Control characters do not occur.
+  void string(const char *text) {
+    if (text == nullptr) {
+      raw("null");
+      return;
+    }
+    raw('"');
+    const char *begin = text;
+    for (; *text != '\0'; ++text) {
+      if (*text == '"' || *text == '\\') {
+        raw(begin, static_cast<size_t>(text - begin));
+        raw('\\');
+        begin = text;
+      }
+    }
+    raw(begin, static_cast<size_t>(text - begin));
+    raw('"');
+  }
+
+  // Ends the text and returns its whole length.
+  int finish(size_t size) {
+    if (size > 0) {
+      out_[length_ < room_ ? length_ : room_] = '\0';
+    }
+    return static_cast<int>(length_);
+  }
+
+private:
+  char *out_;
+  size_t room_; // for text, the NUL left out
+  size_t length_ = 0;
+};
+
+void write_source(json_writer &json, varnel_source source) {
+  json.raw("{\"start\":");
+  json.number(source.start);
+  json.raw(",\"end\":");
+  json.number(source.end);
+  json.raw('}');
+}
+
+void write_zone(json_writer &json, const varnel_inspection &inspection) {
+  json.raw(",\"zone\":[");
+  for (int i = 0; i < inspection.line_count; ++i) {
+    if (i > 0) {
+      json.raw(',');
+    }
+    json.string(inspection.zone[i]);
+  }
+  json.raw("],\"source\":[");
+  for (int i = 0; i < inspection.source_count; ++i) {
+    if (i > 0) {
+      json.raw(',');
+    }
+    write_source(json, inspection.source[i]);
+  }
+  json.raw(']');
+}
+
+// What a field has beyond what every field has.
+void write_additions(json_writer &json, const varnel_inspection &inspection,
+                     const varnel_inspected_field &field) {
+  const char *value = field.has_value ? field.value : nullptr;
+  switch (LAYOUTS[inspection.layout].find(field.field)->kind) {
+  case field_kind::state:
+    json.raw(",\"name\":");
+    json.string(varnel_state_name(value));
+    json.raw(",\"alpha2\":");
+    json.string(varnel_state_alpha2(value));
+    break;
+  case field_kind::names:
+    json.raw(",\"truncated\":");
+    json.boolean(field.truncated);
+    break;
+  case field_kind::birth_date:
+  case field_kind::expiry_date:
+    json.raw(",\"year\":");
+    json.number_or_null(field.year, value == nullptr);
+    json.raw(",\"month\":");
+    json.number_or_null(field.month, field.month == 0);
+    json.raw(",\"day\":");
+    json.number_or_null(field.day, field.day == 0);
+    break;
+  case field_kind::code:
+    json.raw(",\"meaning\":");
+    json.string(varnel_document_code_meaning(inspection.layout, value));
+    break;
+  default:
+    break;
+  }
+}
+
+void write_field(json_writer &json, const varnel_inspection &inspection,
+                 const varnel_inspected_field &field) {
+  json.string(varnel_field_name(field.field));
+  json.raw(":{\"text\":");
+  json.string(field.text);
+  json.raw(",\"value\":");
+  json.string(field.has_value ? field.value : nullptr);
+  json.raw(",\"line\":");
+  json.number(field.line);
+  json.raw(",\"column\":");
+  json.number(field.column);
+  json.raw(",\"source\":");
+  write_source(json, field.source);
+  json.raw(",\"status\":");
+  json.string(varnel_status_name(field.status));
+  json.raw(",\"proof\":");
+  json.string(varnel_proof_name(field.proof));
+  write_additions(json, inspection, field);
+  json.raw('}');
+}
+
+void write_fields(json_writer &json, const varnel_inspection &inspection) {
+  json.raw(",\"fields\":{");
+  for (int i = 0; i < inspection.field_count; ++i) {
+    if (i > 0) {
+      json.raw(',');
+    }
+    write_field(json, inspection, inspection.fields[i]);
+  }
+  json.raw('}');
+}
+
+void write_checks(json_writer &json, const varnel_inspection &inspection) {
+  json.raw(",\"checks\":{");
+  for (int i = 0; i < inspection.check_count; ++i) {
+    const varnel_check &check = inspection.checks[i];
+    if (i > 0) {
+      json.raw(',');
+    }
+    json.string(varnel_field_name(check.field));
+    json.raw(":{\"line\":");
+    json.number(check.line);
+    json.raw(",\"column\":");
+    json.number(check.column);
+    json.raw(",\"found\":\"");
+    json.raw(check.found);
+    json.raw("\",\"expected\":\"");
+    json.raw(check.expected);
+    json.raw("\",\"holds\":");
+    json.boolean(check.holds);
+    json.raw(",\"rule\":");
+    json.string(varnel_rule_name(check.rule));
+    json.raw('}');
+  }
+  json.raw('}');
+}
+
+void write_changes(json_writer &json, const varnel_inspection &inspection) {
+  json.raw(",\"changes\":[");
+  for (int i = 0; i < inspection.change_count; ++i) {
+    const varnel_change &change = inspection.changes[i];
+    if (i > 0) {
+      json.raw(',');
+    }
+    json.raw("{\"line\":");
+    json.number(change.line);
+    json.raw(",\"column\":");
+    json.number(change.column);
+    json.raw(",\"from\":");
+    json.string(change.from);
+    json.raw(",\"to\":");
+    json.string(change.to);
+    json.raw(",\"reason\":");
+    json.string(varnel_change_name(change.reason));
+    json.raw('}');
+  }
+  json.raw(']');
+}
+
+void write_findings(json_writer &json, const varnel_finding *findings, int count) {
+  json.raw('[');
+  for (int i = 0; i < count; ++i) {
+    const varnel_finding &finding = findings[i];
+    if (i > 0) {
+      json.raw(',');
+    }
+    json.raw("{\"code\":");
+    json.string(varnel_finding_name(finding.code));
+    json.raw(",\"field\":");
+    json.string(varnel_field_name(finding.field));
+    json.raw(",\"line\":");
+    json.number_or_null(finding.line, finding.line < 0);
+    json.raw(",\"column\":");
+    json.number_or_null(finding.column, finding.column < 0);
+    json.raw('}');
+  }
+  json.raw(']');
+}
+
+void write_nearest(json_writer &json, const varnel_inspection &inspection) {
+  json.raw(",\"nearest\":");
+  if (inspection.nearest_layout == VARNEL_LAYOUT_NONE) {
+    json.raw("null");
+    return;
+  }
+  const layout &form = LAYOUTS[inspection.nearest_layout];
+  json.raw("{\"layout\":");
+  json.string(varnel_layout_name(form.id));
+  json.raw(",\"lines\":[");
+  for (int i = 0; i < form.lines; ++i) {
+    if (i > 0) {
+      json.raw(',');
+    }
+    json.raw("{\"expected\":");
+    json.number(form.width);
+    json.raw(",\"found\":");
+    json.number(inspection.nearest[i]);
+    json.raw('}');
+  }
+  json.raw("]}");
+}
+
+void write_inspection(json_writer &json, const varnel_inspection &inspection) {
+  json.raw("{\"version\":1,\"date\":\"");
+  json.padded(inspection.year, 4);
+  json.raw('-');
+  json.padded(inspection.month, 2);
+  json.raw('-');
+  json.padded(inspection.day, 2);
+  json.raw("\",\"repair\":");
+  json.string(varnel_repair_name(inspection.repair));
+  json.raw(",\"verdict\":");
+  json.string(varnel_verdict_name(inspection.verdict));
+  json.raw(",\"kind\":");
+  json.string(varnel_kind_name(inspection.layout));
+  json.raw(",\"layout\":");
+  json.string(varnel_layout_name(inspection.layout));
+  write_zone(json, inspection);
+  write_fields(json, inspection);
+  write_checks(json, inspection);
+  write_changes(json, inspection);
+  json.raw(",\"findings\":");
+  write_findings(json, inspection.findings, inspection.finding_count);
+  json.raw(",\"notices\":");
+  write_findings(json, inspection.notices, inspection.notice_count);
+  write_nearest(json, inspection);
+  json.raw(",\"expired\":");
+  if (inspection.expired < 0) {
+    json.raw("null");
+  } else {
+    json.boolean(inspection.expired != 0);
+  }
+  json.raw(",\"chipAccess\":");
+  json.string(inspection.chip_access[0] != '\0' ? inspection.chip_access : nullptr);
+  json.raw('}');
+}
+
+} // namespace
+
+int varnel_inspection_json(const varnel_inspection *inspection, char *out, size_t size) {
+  if (inspection == nullptr || (out == nullptr && size > 0)) {
+    return ERR_INVALID_ARGS;
+  }
+  json_writer json(out, size);
+  write_inspection(json, *inspection);
+  return json.finish(size);
+}

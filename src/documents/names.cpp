@@ -1,0 +1,92 @@
+#include "names.hpp"
+
+#include "layouts.hpp"
+#include "states.hpp"
+
+using namespace documents;
+
+namespace {
+
+struct meaning {
+  char code[3];
+  char text[72];
+};
+
+// Doc 9303-4, section 4.4: the second letters of passports.
+constexpr meaning PASSPORT_MEANINGS[] = {
+    {"PP", "national / ordinary passport"},
+    {"PE", "emergency passport"},
+    {"PD", "diplomatic passport"},
+    {"PO", "official / service passport"},
+    {"PR", "refugee passport"},
+    {"PT", "alien / non-citizen passport"},
+    {"PS", "stateless passport"},
+    {"PL", "laissez-passer"},
+    {"PM", "military passport"},
+    {"PU", "single-sheet emergency travel document (Part 8; not a passport book)"},
+};
+
+constexpr char CREW_MEMBER[] = "crew member certificate";
+
+// The state of a NUL-terminated code.
+state state_of(const char *code) {
+  int length = 0;
+  while (code != nullptr && length < 4 && code[length] != '\0') {
+    ++length;
+  }
+  return find_state(code, length);
+}
+
+// Whether `code` is the code of two letters.
+bool is_code(const char *code, const char *letters) {
+  return code[0] == letters[0] && code[1] == letters[1] && code[2] == '\0';
+}
+
+} // namespace
+
+const char *varnel_state_name(const char *code) { return state_of(code).name; }
+
+const char *varnel_state_alpha2(const char *code) {
+  const char *alpha2 = state_of(code).alpha2;
+  return alpha2[0] != '\0' ? alpha2 : nullptr;
+}
+
+int varnel_state_listed(const char *code) { return state_of(code).is_listed(); }
+
+const char *varnel_document_code_meaning(int layout, const char *code) {
+  if (code == nullptr) {
+    return nullptr;
+  }
+  if (layout == VARNEL_LAYOUT_TD1 && is_code(code, "AC")) {
+    return CREW_MEMBER;
+  }
+  if (layout != VARNEL_LAYOUT_TD3) {
+    return nullptr;
+  }
+  for (const meaning &m : PASSPORT_MEANINGS) {
+    if (is_code(code, m.code)) {
+      return m.text;
+    }
+  }
+  return nullptr;
+}
+
+const char *varnel_field_name(int field) { return name_of(FIELD_NAMES, field); }
+
+const char *varnel_finding_name(int code) { return name_of(FINDING_NAMES, code); }
+
+const char *varnel_layout_name(int layout) { return name_of(LAYOUT_NAMES, layout); }
+
+const char *varnel_kind_name(int layout) { return name_of(KIND_NAMES, layout); }
+
+const char *varnel_verdict_name(int verdict) { return name_of(VERDICT_NAMES, verdict); }
+
+const char *varnel_status_name(int status) { return name_of(STATUS_NAMES, status); }
+
+const char *varnel_proof_name(int proof) { return name_of(PROOF_NAMES, proof); }
+
+const char *varnel_repair_name(int repair) { return name_of(REPAIR_NAMES, repair); }
+
+const char *varnel_change_name(int reason) { return name_of(CHANGE_NAMES, reason); }
+
+const char *varnel_rule_name(int rule) { return name_of(RULE_NAMES, rule); }

@@ -1,0 +1,16 @@
+// The search for a zone in a text, taken as it was read.
+#ifndef VARNEL_SRC_DOCUMENTS_SEARCH_HPP
+#define VARNEL_SRC_DOCUMENTS_SEARCH_HPP
+
+#include "clean_text.hpp"
+#include "evaluate.hpp"
+
+namespace documents {
+
+// Finds the best zone of the passage and writes the whole record; without a zone, a refusal. Returns
+// whether there is a zone.
+bool find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection);
+
+} // namespace documents
+
+#endif
