@@ -688,21 +688,16 @@ bool is_zone(const varnel_inspection &inspection) {
          has_filler_in_names(inspection, form);
 }
 
-zone_score score_of(const varnel_inspection &inspection) {
+int score_of(const varnel_inspection &inspection) {
+  constexpr int shares = 60; // a multiple of the numbers of digits that layouts have
+  static_assert(shares % 3 == 0 && shares % 4 == 0 && shares % 5 == 0);
+  static_assert(VARNEL_CHECKS < 8 && VARNEL_INSPECTION_FINDINGS < 31);
   int holding = 0;
   for (int i = 0; i < inspection.check_count; ++i) {
     holding += inspection.checks[i].holds;
   }
-  return {holding, inspection.check_count, inspection.finding_count};
-}
-
-bool is_better(zone_score a, zone_score b) {
-  const int a_share = a.holding * b.digits;
-  const int b_share = b.holding * a.digits;
-  if (a_share != b_share) {
-    return a_share > b_share;
-  }
-  return a.holding != b.holding ? a.holding > b.holding : a.findings < b.findings;
+  const int share = holding * shares / inspection.check_count;
+  return (share * 8 + holding) * 32 + (31 - inspection.finding_count);
 }
 
 } // namespace documents

@@ -38,18 +38,9 @@ const varnel_check *find_check(const varnel_inspection &inspection, int field);
 // first letter, a listed state and a filler in the names.
 bool is_zone(const varnel_inspection &inspection);
 
-// How good a zone is.
-struct zone_score {
-  int holding; // digits that hold, also of empty fields
-  int digits;  // that its layout has
-  int findings;
-};
-
-zone_score score_of(const varnel_inspection &inspection);
-
-// Whether `a` is better than `b`: by the share of its digits that hold, then by their number, then by the
-// fewer findings.
-bool is_better(zone_score a, zone_score b);
+// How good a zone is, the higher the better and always above 0: by the share of its digits that hold (also
+// of empty fields), then by their number, then by the fewer findings. Below 2^15.
+int score_of(const varnel_inspection &inspection);
 
 } // namespace documents
 

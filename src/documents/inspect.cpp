@@ -26,3 +26,11 @@ int varnel_inspect(const char *text, size_t size, const varnel_inspect_options *
   find_zone(passage{text, 0, static_cast<uint32_t>(size)}, *options, *inspection);
   return ERR_OK;
 }
+
+int varnel_inspect_all(const char *text, size_t size, const varnel_inspect_options *options,
+                       varnel_inspection *inspections, int capacity) {
+  if (!is_valid(text, size) || !are_valid(options) || inspections == nullptr || capacity < 1) {
+    return ERR_INVALID_ARGS;
+  }
+  return find_zones(passage{text, 0, static_cast<uint32_t>(size)}, *options, inspections, capacity);
+}

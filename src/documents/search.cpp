@@ -17,16 +17,18 @@ void read_lines(const char *text, text_line line, int first, int width, zone_rea
   }
 }
 
-// How many lines of which width a line of so many characters is, when it holds a whole zone.
+// How many lines of which width.
 struct shape {
   int lines;
   int width;
 };
 
-constexpr shape RUNS[] = {{2, td2::LINE_LENGTH}, {2, td3::LINE_LENGTH}, {3, td1::LINE_LENGTH}};
+// The shapes that zones have, the wider the later.
+constexpr shape SHAPES[] = {{3, td1::LINE_LENGTH}, {2, td2::LINE_LENGTH}, {2, td3::LINE_LENGTH}};
 
+// The shape of a whole zone in one line of so many characters.
 constexpr shape shape_of_run(uint32_t kept) {
-  for (const shape s : RUNS) {
+  for (const shape s : SHAPES) {
     if (kept == static_cast<uint32_t>(s.lines * s.width)) {
       return s;
     }
@@ -52,6 +54,66 @@ constexpr bool is_near(uint32_t kept, int width) {
   return kept <= static_cast<uint32_t>(width + NEAR) && distance(kept, width) <= NEAR;
 }
 
+// The last lines read, and what they may be.
+class line_window {
+public:
+  void push(text_line line) {
+    lines_[0] = lines_[1];
+    lines_[1] = lines_[2];
+    lines_[2] = line;
+  }
+
+  // Oldest first. Before the first line of the text stand lines that keep nothing.
+  const text_line *last(int count) const { return lines_ + (VARNEL_ZONE_LINES - count); }
+
+  bool has_width(int count, int width) const {
+    for (int i = VARNEL_ZONE_LINES - count; i < VARNEL_ZONE_LINES; ++i) {
+      if (lines_[i].kept != static_cast<uint32_t>(width)) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+private:
+  text_line lines_[VARNEL_ZONE_LINES] = {};
+};
+
+// The last lines of a window as a zone: how many they are, and its shape.
+struct candidate {
+  int lines;
+  shape form;
+};
+
+constexpr candidate NO_CANDIDATE = {0, {0, 0}};
+
+// A line's length decides what it can end: at most one candidate.
+candidate candidate_of(const line_window &window) {
+  const shape run = shape_of_run(window.last(1)->kept);
+  if (run.lines > 0) {
+    return {1, run};
+  }
+  for (const shape s : SHAPES) {
+    if (window.has_width(s.lines, s.width)) {
+      return {s.lines, s};
+    }
+  }
+  return NO_CANDIDATE;
+}
+
+void read_zone(const char *text, const line_window &window, candidate c, zone_reading &zone) {
+  zone.unproven = 0;
+  for (bool &dropped : zone.dropped) {
+    dropped = false;
+  }
+  const text_line *lines = window.last(c.lines);
+  for (int i = 0; i < c.lines; ++i) {
+    read_lines(text, lines[i], i, c.form.width, zone);
+  }
+  zone.form = &LAYOUTS[layout_of(c.form.lines, c.form.width, zone.lines[0])];
+}
+
+// The best zone of a passage.
 class search {
 public:
   search(passage p, const varnel_inspect_options &options, varnel_inspection &inspection)
@@ -61,68 +123,51 @@ public:
     line_reader lines(passage_);
     text_line line;
     while (lines.next(line)) {
-      lines_[0] = lines_[1];
-      lines_[1] = lines_[2];
-      lines_[2] = line;
-      consider_run();
-      consider_window({3, td1::LINE_LENGTH});
-      consider_window({2, td2::LINE_LENGTH});
-      consider_window({2, td3::LINE_LENGTH});
+      window_.push(line);
+      const candidate c = candidate_of(window_);
+      if (c.lines > 0) {
+        consider(c);
+      }
+      if (best_score_ == 0) {
+        consider_near_misses();
+      }
     }
-    if (!found_) {
+    if (best_score_ == 0) {
       refuse();
-    } else if (!best_is_written_) {
+      return false;
+    }
+    if (!best_is_written_) {
       evaluate(best_, options_, inspection_);
     }
-    return found_;
+    return true;
   }
 
 private:
-  // The last lines read, oldest first. Before the first line of the text stand lines that keep nothing.
-  const text_line *last(int count) const { return lines_ + (VARNEL_ZONE_LINES - count); }
-
-  void consider_run() {
-    const shape run = shape_of_run(lines_[2].kept);
-    if (run.lines > 0) {
-      consider(last(1), 1, run);
-    }
-  }
-
-  void consider_window(shape s) {
-    const text_line *window = last(s.lines);
-    int sum = 0;
-    for (int i = 0; i < s.lines; ++i) {
-      if (!is_near(window[i].kept, s.width)) {
-        return;
-      }
-      sum += distance(window[i].kept, s.width);
-    }
-    if (!found_) {
-      consider_near_miss(window, s, sum);
-    }
-    if (sum == 0) {
-      consider(window, s.lines, s);
-    }
-  }
-
   // Of zones that are equally good the last one on the page wins.
-  void consider(const text_line *lines, int count, shape s) {
+  void consider(candidate c) {
     zone_reading zone;
-    zone.unproven = 0;
-    for (bool &dropped : zone.dropped) {
-      dropped = false;
-    }
-    for (int i = 0; i < count; ++i) {
-      read_lines(passage_.text, lines[i], i, s.width, zone);
-    }
-    zone.form = &LAYOUTS[layout_of(s.lines, s.width, zone.lines[0])];
+    read_zone(passage_.text, window_, c, zone);
     evaluate(zone, options_, inspection_);
-    const zone_score score = score_of(inspection_);
-    best_is_written_ = is_zone(inspection_) && !(found_ && is_better(best_score_, score));
+    const int score = is_zone(inspection_) ? score_of(inspection_) : 0;
+    best_is_written_ = score > 0 && score >= best_score_;
     if (best_is_written_) {
-      found_ = true;
       best_ = zone;
       best_score_ = score;
+    }
+  }
+
+  void consider_near_misses() {
+    for (const shape s : SHAPES) {
+      const text_line *window = window_.last(s.lines);
+      int sum = 0;
+      bool near = true;
+      for (int i = 0; i < s.lines; ++i) {
+        near = near && is_near(window[i].kept, s.width);
+        sum += near ? distance(window[i].kept, s.width) : 0;
+      }
+      if (near) {
+        consider_near_miss(window, s, sum);
+      }
     }
   }
 
@@ -175,18 +220,128 @@ private:
   const passage passage_;
   const varnel_inspect_options &options_;
   varnel_inspection &inspection_;
-  text_line lines_[VARNEL_ZONE_LINES] = {};
-  bool found_ = false;
+  line_window window_;
+  int best_score_ = 0;           // 0: no zone yet
   bool best_is_written_ = false; // the record holds the best zone
   zone_reading best_;
-  zone_score best_score_ = {};
   near_miss near_;
+};
+
+// All zones of a passage that do not overlap, the best first where they would, in the order of the page.
+//
+// Zones that overlap, each with the next, form a cluster, and what is taken of one cluster does not depend
+// on any other. The zones of a cluster are all of one shape, so that a score for each of its lines, that of
+// the zone which ends there, is all there is to remember.
+class search_for_all {
+public:
+  search_for_all(passage p, const varnel_inspect_options &options, varnel_inspection *inspections,
+                 int capacity)
+      : passage_(p), options_(options), inspections_(inspections), capacity_(capacity) {}
+
+  int run() {
+    line_reader lines(passage_);
+    line_window window;
+    text_line line;
+    for (int number = 0; found_ < capacity_ && lines.next(line); ++number) {
+      window.push(line);
+      const candidate c = candidate_of(window);
+      const int score = c.lines > 0 ? evaluate_last(window, c) : 0;
+      if (score > 0) {
+        const int first = number - c.lines + 1;
+        if (first >= first_ + count_) {
+          write_cluster();
+          begin_ = window.last(c.lines)->begin;
+          first_ = first;
+          count_ = 0;
+          form_ = c;
+        }
+        while (count_ <= number - first_) {
+          scores_[count_++] = 0;
+        }
+        scores_[count_ - 1] = static_cast<uint16_t>(score);
+      }
+    }
+    write_cluster();
+    return found_;
+  }
+
+private:
+  // As many as the shortest lines of a zone, each with its line end, can be.
+  static constexpr int MOST_LINES = VARNEL_TEXT_MAX / (td1::LINE_LENGTH + 1) + 1;
+  static constexpr uint16_t TAKEN = 0x8000; // above every score
+
+  // Writes the next record, and returns its score; 0 when it is no zone.
+  int evaluate_last(const line_window &window, candidate c) {
+    zone_reading zone;
+    read_zone(passage_.text, window, c, zone);
+    varnel_inspection &inspection = inspections_[found_];
+    evaluate(zone, options_, inspection);
+    return is_zone(inspection) ? score_of(inspection) : 0;
+  }
+
+  // The line with the highest score, the last of them; below 0 when none is left.
+  int find_best() const {
+    int best = -1;
+    for (int i = 0; i < count_; ++i) {
+      if (scores_[i] > 0 && scores_[i] < TAKEN && (best < 0 || scores_[i] >= scores_[best])) {
+        best = i;
+      }
+    }
+    return best;
+  }
+
+  void take(int best) {
+    for (int i = best - form_.lines + 1; i < best + form_.lines; ++i) {
+      if (i >= 0 && i < count_) {
+        scores_[i] = 0;
+      }
+    }
+    scores_[best] = TAKEN;
+  }
+
+  void write_cluster() {
+    for (int best = find_best(); best >= 0; best = find_best()) {
+      take(best);
+    }
+    line_reader lines(passage{passage_.text, begin_, passage_.end});
+    line_window window;
+    text_line line;
+    for (int i = 0; i < count_ && found_ < capacity_ && lines.next(line); ++i) {
+      window.push(line);
+      if (scores_[i] == TAKEN) {
+        evaluate_last(window, form_);
+        ++found_;
+      }
+    }
+  }
+
+  const passage passage_;
+  const varnel_inspect_options &options_;
+  varnel_inspection *inspections_;
+  const int capacity_;
+  int found_ = 0;
+  // The cluster: where its first line begins and which line that is, its lines up to the last zone's end,
+  // and their scores.
+  uint32_t begin_ = 0;
+  int first_ = 0;
+  int count_ = 0;
+  candidate form_ = NO_CANDIDATE;
+  uint16_t scores_[MOST_LINES];
 };
 
 } // namespace
 
 bool find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection) {
   return search(p, options, inspection).run();
+}
+
+int find_zones(passage p, const varnel_inspect_options &options, varnel_inspection *inspections,
+               int capacity) {
+  const int found = search_for_all(p, options, inspections, capacity).run();
+  if (found == 0) {
+    find_zone(p, options, inspections[0]);
+  }
+  return found;
 }
 
 } // namespace documents

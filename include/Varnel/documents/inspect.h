@@ -214,6 +214,25 @@ VARNEL_DOCUMENTS_API int varnel_inspect(const char *text, size_t size, const var
                                         varnel_inspection *inspection);
 
 /**
+ * Finds all zones of a text that do not overlap and inspects each.
+ *
+ * Where zones overlap, the better one is taken, by the measure of varnel_inspect().
+ *
+ * @param text             as for varnel_inspect().
+ * @param size             as for varnel_inspect().
+ * @param options          as for varnel_inspect().
+ * @param[out] inspections room for the records; null is a bad argument. They are written in the order of the
+ *                         page, their offsets counted from the start of the whole text.
+ * @param capacity         how many there is room for, at least 1. Zones after these are not looked for.
+ * @return how many zones were inspected; 0 when the text has none, and then the first record is a refusal.
+ *         ERR_INVALID_ARGS for a bad argument, and then nothing was written. Records beyond those counted may
+ *         be written over.
+ */
+VARNEL_DOCUMENTS_API int varnel_inspect_all(const char *text, size_t size,
+                                            const varnel_inspect_options *options,
+                                            varnel_inspection *inspections, int capacity);
+
+/**
  * Writes an inspection as one line of JSON (UTF-8, no line end).
  *
  * @param inspection as varnel_inspect() wrote it; null is a bad argument.
