@@ -1,5 +1,5 @@
 // Calendar dates, Soundex, the character classes and the element tables: a sequence of questions decoded
-// from the input, each answered by the library and by the plain transcription.
+// from the input, each answered by the library and by the plain reading.
 #include "harness.hpp"
 
 #include <predicates.hpp>

@@ -1,6 +1,6 @@
 // Trimming, checking, matching, tokenising, comparing and replacing, on texts in guarded memory: a
 // sequence of operations decoded from the input, each answered by the library and by the plain
-// transcription.
+// reading.
 #include "harness.hpp"
 
 #include <reference.hpp>

@@ -1,5 +1,5 @@
 // The field writers: a sequence of operations, decoded from the input, on one record with a buffer of any
-// small size. The library and the plain transcription write side by side, each into its own record, and
+// small size. The library and the plain reading write side by side, each into its own record, and
 // are compared after every operation.
 #include "harness.hpp"
 
@@ -376,7 +376,7 @@ void copy_array(pair &, fuzz::input &in) {
 void number_to_text(pair &, fuzz::input &in) {
   const int room = any_room(in);
   int64_t number = in.flag() ? in.any_int() : static_cast<int64_t>(in.any_uint64());
-  number = number == INT64_MIN ? INT64_MAX : number; // which the plain transcription cannot negate
+  number = number == INT64_MIN ? INT64_MAX : number; // which the plain reading cannot negate
   const int pad = in.any_int();
   memory ours(room > 0 ? room : 0);
   memory expected(room > 0 ? room : 0);

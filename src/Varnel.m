@@ -84,7 +84,7 @@ static NSString *first_choice(const unsigned char *slots, NSString *const texts[
 
 - (NSString *)getValueForKey:(int)key inResult:(PARSE_RESULT *)result {
   const STRING text = varnel_value(result, key);
-  // A text that fills the record's buffer to its last byte has no NUL behind it.
+  // A text that fills the record's buffer to its last byte has no NUL after it.
   if (text.len > 0 && text.str + text.len == result->buffer + result->buffer_size) {
     return AUTORELEASE_STRING([[NSString alloc] initWithBytes:text.str
                                                        length:(NSUInteger)text.len

@@ -16,7 +16,7 @@ constexpr int smaller(int a, int b) { return a < b ? a : b; }
 
 constexpr int larger(int a, int b) { return a > b ? a : b; }
 
-// The length of a NUL-terminated text; null counts as empty, more than an int can tell as INT_MAX.
+// The length of a NUL-terminated text; null counts as empty, more than an int holds as INT_MAX.
 inline int text_length(const char *text) {
   const size_t length = text != nullptr ? strlen(text) : 0;
   return length < INT_MAX ? static_cast<int>(length) : INT_MAX;

@@ -19,7 +19,10 @@
 
 /**
  * @defgroup varnel_document Reading a document
- * @brief The whole way in: text to record, record to twelve values. And the version.
+ * @brief From text to values in one call, or by way of a record. And the version.
+ *
+ * Threads: any number may call these functions at once, each with a record, buffer or document of its own.
+ * Records and documents that are only read may be shared.
  *
  * @code{.c}
  * PARSE_RESULT result;
@@ -38,7 +41,9 @@
  * @defgroup varnel_record The result record
  * @brief Lending a buffer to a record, emptying it, asking its slots.
  *
- * A record and its buffer belong to the caller, are used by one thread at a time, and need no teardown.
+ * A record and its buffer belong to the caller and need no teardown.
+ *
+ * Threads: while one writes to a record, no other may use it. Records that are only read may be shared.
  */
 
 /**
@@ -81,8 +86,6 @@ extern VARNEL_API const unsigned char VarnelVersionString[];
  * @param buffer_size capacity of `buffer` in bytes; below 1 is a bad argument. VARNEL_BUFFER_SIZE is enough
  *                    for every document.
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing changed.
- *
- * Thread-safe on separate records.
  */
 VARNEL_API int result_init(PARSE_RESULT *pResult, char *buffer, int buffer_size);
 
@@ -92,8 +95,6 @@ VARNEL_API int result_init(PARSE_RESULT *pResult, char *buffer, int buffer_size)
  *
  * @param pResult the record, set up by result_init(); null, or a record without a buffer, is a bad argument.
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing changed.
- *
- * Thread-safe on separate records.
  */
 VARNEL_API int result_clear(PARSE_RESULT *pResult);
 
@@ -127,8 +128,6 @@ typedef struct _VARNEL_PAIR {
  * @param text the text, NUL bytes included; null counts 0.
  * @param size its length in bytes; 0 counts 0.
  * @return the count, at most VARNEL_EXAMINED_MAX: no more of a text is ever examined.
- *
- * Thread-safe.
  */
 VARNEL_API int varnel_utf16_length(const char *text, size_t size);
 
@@ -143,12 +142,14 @@ VARNEL_API int varnel_utf16_length(const char *text, size_t size);
  *   text goes unread by as many bytes as the two counts differ.
  * - **The reference date is fixed** at 15 February 2018 and is not today: years of birth 00 to 17 are 2000 to
  *   2017, 18 to 99 are 1918 to 1999, in every year to come.
- * - **Slots are left over between attempts**: what a parser wrote before it refused the zone stays and is
- *   exported with the values of the one that accepted it.
+ * - **A refused record may hold values**: what a parser wrote before it refused the zone stays. A text that
+ *   is accepted shows values of the accepting parser only, because no other writes anything for that text:
+ *   the layouts differ in length or in the letters they begin with.
  * - **No check digit is compared.**
  *
  * @param text        the text, UTF-8 of at least `length` bytes, or of VARNEL_EXAMINED_MAX bytes if `length`
- *                    is more; line breaks, blanks and noise are welcome. Null is a bad argument.
+ *                    is more; line breaks, spaces and noise are fine. It must not overlap `buffer` or
+ *                    `result`, which are cleared before it is read. Null is a bad argument.
  * @param length      its length in UTF-16 units, as varnel_utf16_length() counts; 0 or less is a bad
  *                    argument.
  * @param[out] result the record, set up anew here; null is a bad argument.
@@ -160,7 +161,7 @@ VARNEL_API int varnel_utf16_length(const char *text, size_t size);
  *         that refusing parsers wrote; ERR_INVALID_ARGS for a bad argument, and then the record is empty, or
  *         unchanged when `result`, `buffer` or `buffer_size` is at fault.
  *
- * Allocates nothing; uses about a kilobyte of stack. Thread-safe on separate records.
+ * Allocates nothing; uses about a kilobyte of stack.
  */
 VARNEL_API int varnel_parse_mrz(const char *text, int length, PARSE_RESULT *result, char *buffer,
                                 int buffer_size);
@@ -176,8 +177,6 @@ VARNEL_API int varnel_parse_mrz(const char *text, int length, PARSE_RESULT *resu
  * @param field  slot number, 0 to 138; any other slot is empty.
  * @return a view into the record's buffer, valid until that is cleared or freed; for an empty slot {"", 0},
  *         never null.
- *
- * Threads may read one record together as long as none writes to it.
  */
 VARNEL_API STRING varnel_value(const PARSE_RESULT *result, int field);
 
@@ -195,8 +194,6 @@ VARNEL_API STRING varnel_value(const PARSE_RESULT *result, int field);
  * @param[out] pairs the twelve pairs, room for VARNEL_VALUE_COUNT; null is a bad argument. Keys are constants
  *                   of the library; values are views into the record's buffer, valid as long as that.
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing was written.
- *
- * Threads may read one record together as long as none writes to it.
  */
 VARNEL_API int varnel_export(const PARSE_RESULT *result, VARNEL_PAIR pairs[VARNEL_VALUE_COUNT]);
 

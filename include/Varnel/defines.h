@@ -154,7 +154,7 @@ enum {
       FIELD_COUNT = 139 /**< slots in a record, numbered 0 to 138 */
 };
 
-/** Families of parsers. Only PARSER_TYPE_MRZ exists here; the others keep the numbering fixed. */
+/** Families of parsers. Of these, the library has PARSER_TYPE_MRZ; the numbers of the others are reserved. */
 typedef enum _EPARSER_TYPE {
   PARSER_TYPE_AamvaPDF417 = 0,
   PARSER_TYPE_AamvaMagneticStripe = 1,
@@ -165,7 +165,8 @@ typedef enum _EPARSER_TYPE {
   PARSER_TYPE_MAX = 6 /**< none; what every record of this library holds */
 } EPARSER_TYPE;
 
-/** Concrete parsers. Only the four PARSER_MRZ_* exist here; the others keep the numbering fixed. */
+/** Concrete parsers. Of these, the library has the four PARSER_MRZ_*; the numbers of the others are reserved.
+ */
 typedef enum _EPARSER {
   PARSER_STRIPE01_1T = 0,
   PARSER_STRIPE01_2T = 1,
@@ -252,8 +253,7 @@ typedef struct _FIELD {
  * The record owns nothing. It is made usable by result_init(), filled by the layout parsers and the
  * field writers, and emptied by result_clear(). 0 <= data_size <= buffer_size always holds, and every
  * filled slot points inside buffer[0 .. data_size). Text is only ever appended: rewriting a slot leaves
- * its old text in the buffer as dead space. One thread at a time may use a record; any number of
- * threads may use a record each.
+ * its old text in the buffer as dead space. While one thread writes to a record, no other may use it.
  */
 typedef struct _PARSE_RESULT {
   EPARSER_TYPE parser_type;  /**< PARSER_TYPE_MAX: no parser sets it */
@@ -274,7 +274,7 @@ typedef struct _DATETIME {
   int sec;   /**< 0 to 59 */
 } DATETIME;
 
-/** What a layout parser is told beside the text. */
+/** What a layout parser gets beside the text. */
 typedef struct _CONTEXT {
   DATETIME date; /**< reference date; only its year is read, to place two-digit years in a century */
 } CONTEXT;
@@ -282,12 +282,27 @@ typedef struct _CONTEXT {
 /**
  * A character test: gets one character sign-extended from a signed char (so bytes 0x80 to 0xFF arrive
  * as -128 to -1) and returns non-zero for yes.
+ *
+ * While it runs it may read and write any record or buffer, also the one that the calling function writes
+ * to: the record then stays whole (see ::_t_writer_func), and what the texts say is the caller's doing. It
+ * must not free memory that the calling function reads from or writes to. It may leave by an exception or
+ * by longjmp(): the calling function keeps nothing, and a record that it was to write to is unchanged by it.
+ * Exceptions need the library's sources compiled with unwind tables for what calls the predicate, as its own
+ * build does with GCC and clang.
  */
 typedef int (*_t_predicate_func)(int c);
 
 /**
  * A caller's own writer for utils_write_field_w(): writes at most `o_len` characters to `out` and
  * returns how many it wrote; 0 or less means nothing. `data` is passed through untouched.
+ *
+ * What it may do is what a predicate may do. If it uses the record that it writes for:
+ *
+ * - **It writes other slots**: they begin where its own text begins, at `out`, so that the texts overlap. Its
+ *   slot is set to `out` all the same, and `data_size` grows by both, as far as the buffer goes.
+ * - **It clears the record**: its slot is set to `out`, and everything up to its end counts as used.
+ * - **It lends the record another buffer**: its slot is cut to what lies in that buffer, and empty when
+ *   nothing does.
  */
 typedef int (*_t_writer_func)(void *data, char *out, int o_len);
 

@@ -16,7 +16,8 @@
  * vertical tab, form feed and carriage return, whatever the process locale. Values outside 0 to 127, and so
  * all bytes above 0x7F, are in none of these: only the complements accept them, and patter_trim_address().
  *
- * All are pure functions, safe to call from any thread, and fit wherever a `_t_predicate_func` goes:
+ * All are pure functions, which any number of threads may call at once, and fit wherever a
+ * `_t_predicate_func` goes:
  * utils_strcheck_f(), utils_strtrim_f(), utils_match_f() and their kin.
  * @{
  */
@@ -26,10 +27,10 @@ VARNEL_BEGIN_DECLS
 /**
  * Characters of a signed decimal number: digits, white space, `-` and `+`.
  *
- * Signs pass anywhere: where they may stand is for the caller to say.
+ * Signs pass anywhere: where a sign is allowed is for the caller to say.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_is_atoi_valid(int c);
 
@@ -37,7 +38,7 @@ VARNEL_API int pattern_is_atoi_valid(int c);
  * Everything but digits.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isNotDigit(int c);
 
@@ -45,7 +46,7 @@ VARNEL_API int pattern_isNotDigit(int c);
  * Characters of city names: letters, digits, white space and `' - . _ \ /`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isCityChar(int c);
 
@@ -53,7 +54,7 @@ VARNEL_API int pattern_isCityChar(int c);
  * Characters kept when a city name is cleaned: letters, digits and `_ - \ /`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isClearCityChar(int c);
 
@@ -61,7 +62,7 @@ VARNEL_API int pattern_isClearCityChar(int c);
  * Everything but what pattern_isClearCityChar() accepts.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isNotClearCityChar(int c);
 
@@ -69,7 +70,7 @@ VARNEL_API int pattern_isNotClearCityChar(int c);
  * Characters of personal names: letters, digits, white space and `$ ' , - . _ \ /`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isNameChar(int c);
 
@@ -77,7 +78,7 @@ VARNEL_API int pattern_isNameChar(int c);
  * Characters of street addresses: letters, digits, white space and `# $ ' , - . _ \ /`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isAddressChar(int c);
 
@@ -85,7 +86,7 @@ VARNEL_API int pattern_isAddressChar(int c);
  * The narrower set of address characters: letters, digits, white space and `, - _ $ #`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isAddressChar2(int c);
 
@@ -93,7 +94,7 @@ VARNEL_API int pattern_isAddressChar2(int c);
  * Characters kept when an address is cleaned: letters, digits and `' - . _ \ /`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isClearAddressChar(int c);
 
@@ -101,7 +102,7 @@ VARNEL_API int pattern_isClearAddressChar(int c);
  * The narrower set kept when an address is cleaned: letters, digits, `_` and `-`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isClearAddressChar2(int c);
 
@@ -109,7 +110,7 @@ VARNEL_API int pattern_isClearAddressChar2(int c);
  * Everything but what pattern_isClearAddressChar() accepts.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isNotClearAddressChar(int c);
 
@@ -117,17 +118,17 @@ VARNEL_API int pattern_isNotClearAddressChar(int c);
  * Everything but what pattern_isClearAddressChar2() accepts.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isNotClearAddressChar2(int c);
 
 /**
- * Capital letters and white space.
+ * Uppercase letters and white space.
  *
  * **Digits are refused**, on purpose: the class is narrower than real postal codes.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isClearPostalCode(int c);
 
@@ -135,7 +136,7 @@ VARNEL_API int pattern_isClearPostalCode(int c);
  * Characters of licence numbers: digits and white space.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_isLicenseNumber(int c);
 
@@ -143,7 +144,7 @@ VARNEL_API int pattern_isLicenseNumber(int c);
  * Word characters: letters, digits and `_`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_is_w(int c);
 
@@ -151,7 +152,7 @@ VARNEL_API int pattern_is_w(int c);
  * Everything but what pattern_is_w() accepts.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_is_not_w(int c);
 
@@ -159,15 +160,15 @@ VARNEL_API int pattern_is_not_w(int c);
  * Word characters and white space.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_is_ws(int c);
 
 /**
- * Printable symbols, from `!` (33) to `}` (125). Blank and `~` (126) are not among them.
+ * Printable symbols, from `!` (33) to `}` (125). Space and `~` (126) are not among them.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_valid_symbols(int c);
 
@@ -175,7 +176,7 @@ VARNEL_API int pattern_valid_symbols(int c);
  * Everything but what pattern_valid_symbols() accepts.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int pattern_not_valid_symbols(int c);
 
@@ -183,7 +184,7 @@ VARNEL_API int pattern_not_valid_symbols(int c);
  * What to trim off a field: white space and NUL. The name has no `n` at the end of `patter`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int patter_trim_space(int c);
 
@@ -192,7 +193,7 @@ VARNEL_API int patter_trim_space(int c);
  * 0x7F are trimmed. The name has no `n` at the end of `patter`.
  *
  * @param c the character, -128 to 127; any other value is in no positive class.
- * @return 1 when it is in the class, else 0. Thread-safe.
+ * @return 1 when it is in the class, else 0.
  */
 VARNEL_API int patter_trim_address(int c);
 

@@ -2,8 +2,7 @@
  * @file utils.h
  * @brief Text utilities: field writers, trimming, matching, calendar dates, Soundex.
  *
- * All functions work in the caller's memory and keep no state: any number of threads may call them at
- * once on separate data. None allocates and none depends on the process locale.
+ * All functions work in the caller's memory. None keeps state, allocates or depends on the process locale.
  */
 #ifndef VARNEL_UTILS_H
 #define VARNEL_UTILS_H
@@ -18,15 +17,20 @@
  *
  * - **Memory.** Nothing is allocated and nothing is kept: records, buffers, views and sets belong to the
  *   caller. Views that come back point into the caller's text and live as long as that text.
- * - **Text** is a STRING, `len` bytes from `str`, with no NUL needed behind it. It is empty when `len` is
- *   below 1 or `str` is null. Bytes are characters: UTF-8 passes through byte by byte.
+ * - **Text** is a STRING, `len` bytes from `str`, with no NUL needed after it. It is empty when `len` is
+ *   below 1 or `str` is null. A few functions treat a negative `len` unlike 0, which would need a faulty
+ *   caller; they say so. Bytes are characters: UTF-8 passes through byte by byte.
  * - **Sets** of characters are NUL-terminated lists in which order and repetition do not matter. A null
  *   set is the empty set.
  * - **Predicates** get each character sign-extended from a signed char, so bytes above 0x7F arrive as -128
- *   to -1, and answer non-zero for yes; the NUL behind a C text is never put to them.
+ *   to -1, and return non-zero for yes; they are never asked about the NUL that ends a C text. What else
+ *   a predicate may do: see ::_t_predicate_func.
+ * - **Overlap.** Where a function writes to a buffer, the texts it reads lie elsewhere, unless it says
+ *   otherwise.
  * - **Sizes** are in bytes, **positions** count from 0 unless said otherwise.
- * - **Threads.** Reentrant: calls on separate records, buffers and views never meet. Texts that are only
- *   read may be shared.
+ * - **Threads.** Any number of threads may call any of these functions at once, as long as what one of them
+ *   writes to (a record, a buffer, a view, an array) is used by no other. Texts and records that are only
+ *   read may be shared. Predicates and writers of the caller's have to allow as much.
  * - **Locale.** Letters are A to Z and a to z, digits 0 to 9, in every locale.
  */
 
@@ -56,12 +60,12 @@ extern VARNEL_API const char DIGITS[11];
  * @param field   slot number, 0 to 138; any other answers no.
  * @return ERR_OK when the slot holds text, else ERR_FAILED.
  *
- * Changes nothing. Threads may query one record together as long as none writes to it.
+ * Changes nothing.
  */
 VARNEL_API int utils_is_valid_field(const PARSE_RESULT *pResult, int field);
 
 /**
- * Finds the first of several slots that holds text, as utils_is_valid_field() tells.
+ * Finds the first of several slots that holds text, by the rule of utils_is_valid_field().
  *
  * @param pResult    the record, set up by result_init(); null finds nothing.
  * @param fields     slot numbers in order of preference; numbers outside 0 to 138 count as empty slots.
@@ -71,7 +75,7 @@ VARNEL_API int utils_is_valid_field(const PARSE_RESULT *pResult, int field);
  *                   when there is none.
  * @return ERR_OK, or ERR_NOT_FOUND when none of the slots holds text.
  *
- * Changes nothing in the record. Threads may query one record together as long as none writes to it.
+ * Changes nothing in the record.
  */
 VARNEL_API int utils_get_valid_field(const PARSE_RESULT *pResult, const int *fields, int count,
                                      STRING *value);
@@ -85,11 +89,11 @@ VARNEL_API int utils_get_valid_field(const PARSE_RESULT *pResult, const int *fie
  * @ingroup varnel_utils
  * @brief Copy views into plain buffers, filtering on the way.
  *
- * One loop is behind all of them and behind the slot writers. For each character of the source: a
+ * All of them and the slot writers share one loop. For each character of the source: a
  * removed character becomes `rep`, or is left out when `rep` is NUL; then a character of the duplicate
  * set that equals the last one written is left out. A replaced character therefore collapses with an equal
- * neighbour: with removed "<", duplicate " " and a blank as `rep`, `SMITH<<JOHN` becomes `SMITH JOHN`.
- * A single leading blank is kept.
+ * neighbour: with removed "<", duplicate " " and a space as `rep`, `SMITH<<JOHN` becomes `SMITH JOHN`.
+ * A single leading space is kept.
  *
  * The `utils_strcpy` family writes no terminator and returns how many characters it wrote. The
  * `utils_strwrite` family keeps one byte for a NUL and returns how many bytes it used, the NUL included;
@@ -110,8 +114,6 @@ VARNEL_API int utils_get_valid_field(const PARSE_RESULT *pResult, const int *fie
  * @param duplicate_chars set of characters of which a run becomes one; null for none.
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the number of characters written, 0 to `o_len`.
- *
- * Thread-safe on separate outputs.
  */
 VARNEL_API int utils_strcpy(char *out, int o_len, const STRING *src, const char *removed_chars,
                             const char *duplicate_chars, char rep);
@@ -127,8 +129,6 @@ VARNEL_API int utils_strcpy(char *out, int o_len, const STRING *src, const char 
  *                  character that equals the last one written.
  * @param rep       what a removed character becomes; NUL leaves it out.
  * @return the number of characters written, 0 to `o_len`.
- *
- * Thread-safe on separate outputs, as far as the predicates are.
  */
 VARNEL_API int utils_strcpy_f(char *out, int o_len, const STRING *src, _t_predicate_func removed,
                               _t_predicate_func duplicate, char rep);
@@ -149,8 +149,6 @@ VARNEL_API int utils_strcpy_f(char *out, int o_len, const STRING *src, _t_predic
  * @param duplicate_chars set of characters of which a run becomes one; null for none.
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the number of characters written, 0 to `o_len`.
- *
- * Thread-safe on separate outputs.
  */
 VARNEL_API int utils_strcpy_array(char *out, int o_len, const STRING *src, int count, char sep,
                                   const char *removed_chars, const char *duplicate_chars, char rep);
@@ -167,8 +165,6 @@ VARNEL_API int utils_strcpy_array(char *out, int o_len, const STRING *src, int c
  * @param duplicate_chars set of characters of which a run becomes one; null for none.
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the number of bytes used, the NUL included; 0 when nothing was written, not even a NUL.
- *
- * Thread-safe on separate outputs.
  */
 VARNEL_API int utils_strwrite(char *out, int o_len, const STRING *src, const char *removed_chars,
                               const char *duplicate_chars, char rep);
@@ -183,8 +179,6 @@ VARNEL_API int utils_strwrite(char *out, int o_len, const STRING *src, const cha
  * @param duplicate whether a run of a character becomes one; null for never.
  * @param rep       what a removed character becomes; NUL leaves it out.
  * @return the number of bytes used, the NUL included; 0 when nothing was written, not even a NUL.
- *
- * Thread-safe on separate outputs, as far as the predicates are.
  */
 VARNEL_API int utils_strwrite_f(char *out, int o_len, const STRING *src, _t_predicate_func removed,
                                 _t_predicate_func duplicate, char rep);
@@ -196,8 +190,6 @@ VARNEL_API int utils_strwrite_f(char *out, int o_len, const STRING *src, _t_pred
  * @param o_len    room at `out` in bytes, the NUL included; below 2 writes nothing.
  * @param text     NUL-terminated text; null or empty writes nothing.
  * @return the number of bytes used, the NUL included; 0 when nothing was written, not even a NUL.
- *
- * Thread-safe on separate outputs.
  */
 VARNEL_API int utils_strwrite_s(char *out, int o_len, const char *text);
 
@@ -213,8 +205,6 @@ VARNEL_API int utils_strwrite_s(char *out, int o_len, const char *text);
  * @param duplicate_chars set of characters of which a run becomes one; null for none.
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the number of bytes used, the NUL included; 0 when nothing was written, not even a NUL.
- *
- * Thread-safe on separate outputs.
  */
 VARNEL_API int utils_strwrite_array(char *out, int o_len, const STRING *src, int count, char sep,
                                     const char *removed_chars, const char *duplicate_chars, char rep);
@@ -228,17 +218,19 @@ VARNEL_API int utils_strwrite_array(char *out, int o_len, const STRING *src, int
  * @ingroup varnel_utils
  * @brief Append a value to a record's buffer and point one slot at it.
  *
- * A value goes to the first free byte of the record's buffer, and `data_size` moves on behind it. Behind
- * the value a NUL is stored and counted while that leaves the buffer's last byte free (`data_size` below
+ * A value goes to the first free byte of the record's buffer, and `data_size` moves on past it. After the
+ * value a NUL is stored and counted while that leaves the buffer's last byte free (`data_size` below
  * `buffer_size - 1`); with exactly one byte left there is none, and the next value takes that byte.
  *
  * - A value that does not fit is cut to the free space, silently. It then fills the buffer to its end
  *   without a terminator, and what is written later leaves its slots empty.
  * - A value that comes out empty empties its slot, whatever it held before.
- * - Writing a slot again appends anew; the old text stays behind as dead space until result_clear().
+ * - Writing a slot again appends anew; the old text stays in the buffer as dead space until
+ *   result_clear().
  * - The slot returned belongs to the record and its text to the record's buffer.
  *
- * The record must have been set up by result_init(), and is written by one thread at a time.
+ * The record must have been set up by result_init(). A source may be the text of another slot of the same
+ * record; it must not reach into the record's free space.
  * @{
  */
 
@@ -252,8 +244,6 @@ VARNEL_API int utils_strwrite_array(char *out, int o_len, const STRING *src, int
  * @param duplicate_chars set of characters of which a run becomes one; null for none.
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the slot, filled or emptied; null when `pResult` or `field` is bad, and then nothing changed.
- *
- * Thread-safe on separate records.
  */
 VARNEL_API FIELD *utils_write_field(PARSE_RESULT *pResult, int field, const STRING *src,
                                     const char *removed_chars, const char *duplicate_chars, char rep);
@@ -268,8 +258,6 @@ VARNEL_API FIELD *utils_write_field(PARSE_RESULT *pResult, int field, const STRI
  * @param duplicate whether a run of a character becomes one; null for never.
  * @param rep       what a removed character becomes; NUL leaves it out.
  * @return the slot, filled or emptied; null when `pResult` or `field` is bad, and then nothing changed.
- *
- * Thread-safe on separate records, as far as the predicates are.
  */
 VARNEL_API FIELD *utils_write_field_f(PARSE_RESULT *pResult, int field, const STRING *src,
                                       _t_predicate_func removed, _t_predicate_func duplicate, char rep);
@@ -281,8 +269,6 @@ VARNEL_API FIELD *utils_write_field_f(PARSE_RESULT *pResult, int field, const ST
  * @param field   slot number, 0 to 138; any other writes nothing.
  * @param text    NUL-terminated text; an empty one empties the slot, null writes nothing.
  * @return the slot, filled or emptied; null when an argument is bad, and then nothing changed.
- *
- * Thread-safe on separate records.
  */
 VARNEL_API FIELD *utils_write_field_s(PARSE_RESULT *pResult, int field, const char *text);
 
@@ -291,15 +277,13 @@ VARNEL_API FIELD *utils_write_field_s(PARSE_RESULT *pResult, int field, const ch
  *
  * The writer is called exactly once, also when the buffer is full: its room is then 0.
  *
- * @param pResult the record; null writes nothing and calls nobody.
- * @param field   slot number, 0 to 138; any other writes nothing and calls nobody.
+ * @param pResult the record; null writes nothing and does not call the writer.
+ * @param field   slot number, 0 to 138; any other writes nothing and does not call the writer.
  * @param data    passed through to the writer untouched; may be null.
  * @param wf      the writer; null writes nothing. What it returns below 1 empties the slot; more than
  *                its room counts as its room.
  * @return the slot, filled or emptied; null when `pResult`, `field` or `wf` is bad, and then nothing
  *         changed.
- *
- * Thread-safe on separate records, as far as the writer is.
  */
 VARNEL_API FIELD *utils_write_field_w(PARSE_RESULT *pResult, int field, void *data, _t_writer_func wf);
 
@@ -319,8 +303,6 @@ VARNEL_API FIELD *utils_write_field_w(PARSE_RESULT *pResult, int field, void *da
  * @param duplicate_chars set of characters of which a run becomes one; null for none.
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the slot, filled or emptied; null when `pResult` or `field` is bad, and then nothing changed.
- *
- * Thread-safe on separate records.
  */
 VARNEL_API FIELD *utils_write_field_array(PARSE_RESULT *pResult, int field, const STRING *src, int count,
                                           char sep, const char *removed_chars, const char *duplicate_chars,
@@ -337,8 +319,6 @@ VARNEL_API FIELD *utils_write_field_array(PARSE_RESULT *pResult, int field, cons
  * @param pDate   the date; null writes nothing. The time of day is not read.
  * @return the slot; null when an argument is bad or fewer than 8 bytes are free. This writer alone refuses
  *         for want of room: the slot then keeps the value it had.
- *
- * Thread-safe on separate records.
  */
 VARNEL_API FIELD *utils_write_field_date(PARSE_RESULT *pResult, int field, const DATETIME *pDate);
 
@@ -355,11 +335,9 @@ VARNEL_API FIELD *utils_write_field_date(PARSE_RESULT *pResult, int field, const
  * @param num      the number, any of them.
  * @param[out] out where to write to; null writes nothing.
  * @param o_len    room at `out` in bytes, and the width when padding; below 1 writes nothing.
- * @param pad      bit 0 set fills the whole of `o_len` with leading zeros, behind the sign if there is
+ * @param pad      bit 0 set fills the whole of `o_len` with leading zeros, after the sign if there is
  *                 one; other bits are not looked at.
  * @return the number of characters written; 0 when digits and sign do not fit, and then nothing was written.
- *
- * Thread-safe on separate outputs.
  */
 VARNEL_API int utils_itoa(int64_t num, char *out, int o_len, int pad);
 
@@ -367,9 +345,7 @@ VARNEL_API int utils_itoa(int64_t num, char *out, int o_len, int pad);
  * The character of a digit.
  *
  * @param n the digit's value, 0 to 9.
- * @return '0' to '9', or a blank for any other value.
- *
- * Thread-safe.
+ * @return '0' to '9', or a space for any other value.
  */
 VARNEL_API char utils_itoch(int n);
 
@@ -380,12 +356,11 @@ VARNEL_API char utils_itoch(int n);
  *
  * @ingroup varnel_utils_trim
  *
- * @param[in,out] s the view, of length 0 or more; null, null text and length 0 are left alone.
- * @param begin     how many characters to drop; 0 or less drops nothing. From the view's length on
- *                  everything is dropped; the emptied view then stays on its last character, not past its
- *                  end.
- *
- * Thread-safe on separate views.
+ * @param[in,out] s the view, of length 0 or more; null, null text and length 0 are left alone. A negative
+ *                  length is not allowed: the view would then start before the text.
+ * @param begin     how many characters to drop; 0 or less drops nothing. With the view's length or more,
+ *                  everything is dropped; a view that becomes empty points at its last character, not past
+ *                  it.
  */
 VARNEL_API void utils_strtrim_begin(STRING *s, int begin);
 
@@ -397,8 +372,7 @@ VARNEL_API void utils_strtrim_begin(STRING *s, int begin);
  * @brief Narrow a view at its ends; find the first character that a predicate refuses.
  *
  * Trimming moves the view and leaves the text alone; only utils_cstrtrim() rewrites a buffer. A view that
- * is empty already, with a null `str` or a `len` below 1, stays exactly as it is. Views of the same text
- * may be trimmed by several threads at once.
+ * is empty already, with a null `str` or a `len` below 1, stays exactly as it is.
  * @{
  */
 
@@ -407,8 +381,6 @@ VARNEL_API void utils_strtrim_begin(STRING *s, int begin);
  *
  * @param[in,out] source the view to narrow; null does nothing.
  * @param chars          set of characters to drop; null or empty drops nothing.
- *
- * Thread-safe on separate views.
  */
 VARNEL_API void utils_strtrim_start(STRING *source, const char *chars);
 
@@ -417,8 +389,6 @@ VARNEL_API void utils_strtrim_start(STRING *source, const char *chars);
  *
  * @param[in,out] source the view to narrow; null does nothing.
  * @param chars          set of characters to drop; null or empty drops nothing.
- *
- * Thread-safe on separate views.
  */
 VARNEL_API void utils_strtrim_end(STRING *source, const char *chars);
 
@@ -426,10 +396,8 @@ VARNEL_API void utils_strtrim_end(STRING *source, const char *chars);
  * Drops leading and then trailing characters that are in a set.
  *
  * @param[in,out] source the view to narrow; null does nothing. A view of dropped characters only ends up
- *                       behind the last of them with length 0.
+ *                       after the last of them with length 0.
  * @param chars          set of characters to drop; null or empty drops nothing.
- *
- * Thread-safe on separate views.
  */
 VARNEL_API void utils_strtrim(STRING *source, const char *chars);
 
@@ -438,8 +406,6 @@ VARNEL_API void utils_strtrim(STRING *source, const char *chars);
  *
  * @param[in,out] source the view to narrow; null does nothing.
  * @param f              whether to drop a character; null drops nothing.
- *
- * Thread-safe on separate views, as far as the predicate is.
  */
 VARNEL_API void utils_strtrim_start_f(STRING *source, _t_predicate_func f);
 
@@ -448,8 +414,6 @@ VARNEL_API void utils_strtrim_start_f(STRING *source, _t_predicate_func f);
  *
  * @param[in,out] source the view to narrow; null does nothing.
  * @param f              whether to drop a character; null drops nothing.
- *
- * Thread-safe on separate views, as far as the predicate is.
  */
 VARNEL_API void utils_strtrim_end_f(STRING *source, _t_predicate_func f);
 
@@ -458,8 +422,6 @@ VARNEL_API void utils_strtrim_end_f(STRING *source, _t_predicate_func f);
  *
  * @param[in,out] source the view to narrow; null does nothing.
  * @param f              whether to drop a character; null drops nothing.
- *
- * Thread-safe on separate views, as far as the predicate is.
  */
 VARNEL_API void utils_strtrim_f(STRING *source, _t_predicate_func f);
 
@@ -471,8 +433,6 @@ VARNEL_API void utils_strtrim_f(STRING *source, _t_predicate_func f);
  * @param len         length of the text in bytes; below 1 does nothing.
  * @param chars       set of characters to drop at both ends; null does nothing.
  * @return the length of the trimmed text; `len` itself where nothing was done.
- *
- * Thread-safe on separate buffers.
  */
 VARNEL_API int utils_cstrtrim(char *str, int len, const char *chars);
 
@@ -483,20 +443,16 @@ VARNEL_API int utils_cstrtrim(char *str, int len, const char *chars);
  * @param f      the predicate that every character has to pass; null is an error.
  * @return 0 when all characters pass; the position of the first that does not, counted from 1; -1 for a bad
  *         argument.
- *
- * Thread-safe, as far as the predicate is.
  */
 VARNEL_API int utils_strcheck_f(const STRING *source, _t_predicate_func f);
 
 /**
- * Puts every character of a C text to a predicate; the NUL at its end is never asked about.
+ * Asks a predicate about every character of a C text, but never about the NUL at its end.
  *
  * @param str NUL-terminated text; null is an error. An empty text passes.
  * @param f   the predicate that every character has to pass; null is an error.
  * @return 0 when all characters pass; the position of the first that does not, counted from 1; -1 for a bad
  *         argument.
- *
- * Thread-safe, as far as the predicate is.
  */
 VARNEL_API int utils_cstrcheck_f(const char *str, _t_predicate_func f);
 
@@ -520,17 +476,16 @@ VARNEL_API int utils_cstrcheck_f(const char *str, _t_predicate_func f);
  * when another character ends it; **when the text ends it, it is a match all the same**. A `min` above
  * `max` is taken literally: the run is reported as soon as it has `max` characters.
  *
- * @param pSource    the text; null, null text and length 0 find nothing.
+ * @param pSource    the text; null, null text and length 0 find nothing. A negative length has no run either,
+ *                   but `match` and `tail` are written: {start of the source, 0} and the source itself.
  * @param f          the class; null finds nothing.
  * @param min        shortest run, in characters; below 1 finds nothing.
  * @param max        longest run, in characters; below 1 finds nothing.
  * @param[out] match the run; {start of the source, 0} when there is none. May be null, or `pSource`.
- * @param[out] tail  the text behind the run; the whole source when there is none. May be null, or
+ * @param[out] tail  the text after the run; the whole source when there is none. May be null, or
  *                   `pSource`.
  * @return 1 when a run was found, else 0. With arguments that find nothing, `match` and `tail` stay
  *         untouched.
- *
- * Thread-safe on separate outputs, as far as the predicate is.
  */
 VARNEL_API int utils_match_f(const STRING *pSource, _t_predicate_func f, int min, int max, STRING *match,
                              STRING *tail);
@@ -540,17 +495,16 @@ VARNEL_API int utils_match_f(const STRING *pSource, _t_predicate_func f, int min
  *
  * Here too a text that ends before the run has `min` characters is a match of what it has.
  *
- * @param pSource    the text; null, null text and length 0 find nothing.
+ * @param pSource    the text; null, null text and length 0 find nothing; a negative length as for
+ *                   utils_match_f().
  * @param f          the class; null finds nothing.
  * @param min        shortest run, in characters; below 1 finds nothing.
  * @param max        longest run, in characters; below 1 finds nothing.
  * @param[out] match the run; {start of the source, 0} when there is none. May be null, or `pSource`.
- * @param[out] tail  the text behind the run; the whole source when there is none. May be null, or
+ * @param[out] tail  the text after the run; the whole source when there is none. May be null, or
  *                   `pSource`.
  * @return 1 when the text begins with a run, else 0. With arguments that find nothing, `match` and `tail`
  *         stay untouched.
- *
- * Thread-safe on separate outputs, as far as the predicate is.
  */
 VARNEL_API int utils_match_start_f(const STRING *pSource, _t_predicate_func f, int min, int max,
                                    STRING *match, STRING *tail);
@@ -563,11 +517,9 @@ VARNEL_API int utils_match_start_f(const STRING *pSource, _t_predicate_func f, i
  *
  * @param source     the text; not null. An empty one gives an empty token.
  * @param[out] token the token, empty when the text begins with a delimiter; not null and not `tail`.
- * @param[out] tail  the text behind the token and its delimiter; not null. May be `source`, to walk on.
+ * @param[out] tail  the text after the token and its delimiter; not null. May be `source`, to walk on.
  * @param delimiters set of characters that end a token; null or empty makes the whole text one token.
  * @param flags      bit 0: skip leading delimiters first.
- *
- * Thread-safe on separate outputs.
  */
 VARNEL_API void utils_strtok(const STRING *source, STRING *token, STRING *tail, const char *delimiters,
                              int flags);
@@ -580,8 +532,6 @@ VARNEL_API void utils_strtok(const STRING *source, STRING *token, STRING *tail, 
  * @param num        number of the token, from 0; below 0 finds nothing.
  * @param delimiters set of characters that end a token; null or empty makes the whole text one token.
  * @return 0, or -1 when there is no such token.
- *
- * Thread-safe on separate outputs.
  */
 VARNEL_API int utils_strntok(const STRING *source, STRING *out, int num, const char *delimiters);
 
@@ -589,7 +539,7 @@ VARNEL_API int utils_strntok(const STRING *source, STRING *out, int num, const c
  * Cuts a text into tokens.
  *
  * With `flags` 0, neighbouring delimiters have an empty token between them and a leading delimiter has one
- * before it, but a trailing delimiter has none behind it: "A,,B," gives "A", "" and "B".
+ * before it, but a trailing delimiter has none after it: "A,,B," gives "A", "" and "B".
  *
  * @param source     the text; null or empty gives no tokens.
  * @param[out] out   array of `count` views for the tokens; null gives none. Entries beyond the returned
@@ -598,23 +548,19 @@ VARNEL_API int utils_strntok(const STRING *source, STRING *out, int num, const c
  * @param delimiters set of characters that end a token; null or empty makes the whole text one token.
  * @param flags      bit 0: leave out empty tokens.
  * @return the number of tokens stored, 0 to `count`.
- *
- * Thread-safe on separate outputs.
  */
 VARNEL_API int utils_strsplit(const STRING *source, STRING *out, int count, const char *delimiters,
                               int flags);
 
 /**
- * Removes the tokens that equal one of several texts, as utils_strcmp() tells. The others move up and keep
- * their order. The pointers are not checked.
+ * Removes the tokens that equal one of several texts, by the rule of utils_strcmp(). The others move up and
+ * keep their order. The pointers are not checked.
  *
  * @param[in,out] tokens array of `count` views. Entries from the returned count on are left over.
  * @param count          number of tokens; 0 or less keeps none.
  * @param patterns       array of `p_count` NUL-terminated texts. A null text equals a token without text.
  * @param p_count        number of texts; 0 or less removes nothing.
  * @return the number of tokens kept.
- *
- * Thread-safe on separate arrays.
  */
 VARNEL_API int utils_rmtok(STRING *tokens, int count, const char **patterns, int p_count);
 
@@ -624,27 +570,25 @@ VARNEL_API int utils_rmtok(STRING *tokens, int count, const char **patterns, int
  * **Lengths are ordered before characters**: of two texts of different lengths the longer one is greater,
  * whatever they say. Only texts of one length are compared by their bytes, as signed characters.
  *
- * @param s   the view; null, or null text, comes before every text.
+ * @param s   the view; null, or null text, comes before every text. A negative length is a length like any
+ *            other here: {p, -3} comes before the empty text.
  * @param str NUL-terminated text, or null.
  * @return 0 when equal, also when both are null; the difference of the lengths where they differ (a single
  *         1 or -1 where only one side is null); else 1 when the first different byte of `s` is the greater,
  *         -1 when it is the smaller.
- *
- * Thread-safe.
  */
 VARNEL_API int utils_strcmp(const STRING *s, const char *str);
 
 /**
  * Compares two views by the rules of utils_strcmp(), lengths before characters.
  *
- * @param tok1  the first view; null, or null text, comes before every text.
+ * @param tok1  the first view; null, or null text, comes before every text. Negative lengths are compared
+ *              like others.
  * @param tok2  the second view, likewise.
- * @param flags bit 0: where both characters are letters, compare their upper-case forms.
+ * @param flags bit 0: where both characters are letters, compare their uppercase forms.
  * @return 0 when equal, also when neither has text; the difference of the lengths where they differ (a
  *         single 1 or -1 where only one side has text); else 1 when the first different character of
  *         `tok1` is the greater, -1 when it is the smaller.
- *
- * Thread-safe.
  */
 VARNEL_API int utils_tokcmp(const STRING *tok1, const STRING *tok2, int flags);
 
@@ -655,7 +599,7 @@ VARNEL_API int utils_tokcmp(const STRING *tok1, const STRING *tok2, int flags);
  * @param needle   the text to find; null or empty finds nothing.
  * @return the position of the occurrence, from 0; -1 when there is none.
  *
- * Thread-safe.
+ * The time grows with the product of the two lengths at worst: meant for short texts.
  */
 VARNEL_API int utils_strstr(const STRING *haystack, const STRING *needle);
 
@@ -664,17 +608,18 @@ VARNEL_API int utils_strstr(const STRING *haystack, const STRING *needle);
  *
  * Occurrences do not overlap, and replaced text is not searched again. This function never deletes: a
  * replacement must not be empty. No terminator is written and no room is kept for one; when the text
- * shrinks, the bytes behind its new end are left over.
+ * shrinks, the bytes after its new end are left over.
  *
  * @param[in,out] buffer the text; null does nothing.
  * @param len            length of the text in bytes; 0 or less has no occurrences.
  * @param max_len        capacity of `buffer` in bytes, looked at only when the text would grow: the first
  *                       occurrence with no room left ends the work, and what was replaced before stays.
- * @param from           the text to replace; null or empty does nothing. Outside `buffer`.
- * @param to             its replacement; null or empty does nothing. Outside `buffer`.
+ * @param from           the text to replace; null or empty does nothing. It must lie outside `buffer`.
+ * @param to             its replacement; null or empty does nothing. It must lie outside `buffer`: a view of
+ *                       the buffer shows whatever the buffer holds by the time it is copied.
  * @return the new length of the text; `len` itself where nothing was done.
  *
- * Thread-safe on separate buffers. Every replacement moves the rest of the text: meant for short fields.
+ * Every replacement moves the rest of the text: meant for short fields.
  */
 VARNEL_API int utils_strreplace(char *buffer, int len, int max_len, const STRING *from, const STRING *to);
 
@@ -703,8 +648,6 @@ VARNEL_API int utils_strreplace(char *buffer, int len, int max_len, const STRING
  * @param text      the text; null, null text and fewer than 8 characters fail. Only the first 8 are read.
  * @param[out] date the date, with the time of day 0:00:00; null fails. Untouched on failure.
  * @return 0, or -1 when neither order gives a date.
- *
- * Thread-safe on separate dates.
  */
 VARNEL_API int utils_parse_date(const STRING *text, DATETIME *date);
 
@@ -717,20 +660,16 @@ VARNEL_API int utils_parse_date(const STRING *text, DATETIME *date);
  *
  * @param date the date; null fails.
  * @return 0 when all parts are in range, else -1.
- *
- * Thread-safe.
  */
 VARNEL_API int utils_validate_date(const DATETIME *date);
 
 /**
  * Moves a day into its month. Nothing is refused.
  *
- * @param year  the year, which tells the length of February by the Gregorian rule.
+ * @param year  the year, which decides the length of February by the Gregorian rule.
  * @param month the month, 1 to 12; for any other the day comes back as it is.
  * @param day   the day, any number.
  * @return 1 for a day below 1, the last day of the month for one beyond it, else `day`.
- *
- * Thread-safe.
  */
 VARNEL_API int utils_validate_days_in_month(int year, int month, int day);
 
@@ -746,8 +685,6 @@ VARNEL_API int utils_validate_days_in_month(int year, int month, int day);
  *                  date comes back for every count, and of years that do not fit an int the low 32 bits.
  * @param[out] date the date, with the time of day 0:00:00; null fails.
  * @return ERR_OK, or ERR_INVALID_ARGS when `date` is null.
- *
- * Thread-safe on separate dates.
  */
 VARNEL_API int utils_days2date(uint64_t days, DATETIME *date);
 
@@ -768,12 +705,12 @@ VARNEL_API int utils_days2date(uint64_t days, DATETIME *date);
 
 /** A Soundex code: four characters with no terminator. */
 typedef struct _SOUNDEX_CODE {
-  char alpha;   /**< the name's first letter, upper case */
+  char alpha;   /**< the name's first letter, uppercase */
   char code[3]; /**< three digit characters, '0' where no letter fills the place */
 } SOUNDEX_CODE;
 
 /**
- * The Soundex class of each letter, indexed by the upper-case letter minus 'A': 0 for a vowel (breaks a
+ * The Soundex class of each letter, indexed by the uppercase letter minus 'A': 0 for a vowel (breaks a
  * run), 1 to 6 for the digit written, 7 for H, W and Y (skipped, and the run goes on).
  */
 extern VARNEL_API const unsigned char _soundex_dic[26];
@@ -781,16 +718,15 @@ extern VARNEL_API const unsigned char _soundex_dic[26];
 /**
  * Encodes a name: "Robert" and "Rupert" are both R163.
  *
- * The name is read only until three digits are written: what stands behind is never looked at, so that
+ * The name is read only until three digits are written: what comes after is never looked at, so that
  * "Washington DC" is W252. Before that, anything but a letter refuses the name: "O'Brien" fails.
  *
- * @param name      the name, letters of either case; null and empty fail and write nothing.
+ * @param name      the name, letters of either case; null, empty and a negative length fail and write
+ *                  nothing.
  * @param[out] code the code, exactly four characters without a terminator; null fails. After a failure at
- *                  a character it holds what was written so far: the first character in upper case, the
+ *                  a character it holds what was written so far: the first character in uppercase, the
  *                  digits found and '0' for the rest (O000 for "O'Brien", 1000 for "1st").
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument or a character that is no letter.
- *
- * Thread-safe on separate codes.
  */
 VARNEL_API int utils_soundex_encode(const STRING *name, SOUNDEX_CODE *code);
 
@@ -800,8 +736,6 @@ VARNEL_API int utils_soundex_encode(const STRING *name, SOUNDEX_CODE *code);
  * @param str       NUL-terminated name; null and empty fail and write nothing.
  * @param[out] code the code; null fails. After a failure at a character it holds what was written so far.
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument or a character that is no letter.
- *
- * Thread-safe on separate codes.
  */
 VARNEL_API int utils_soundex_encode_str(const char *str, SOUNDEX_CODE *code);
 

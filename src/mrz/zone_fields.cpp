@@ -16,7 +16,7 @@ namespace {
 // The tests that the copying loop is asked with, as types of their own so that they are inlined.
 constexpr auto is_nothing = [](char) { return false; };
 
-// Copies a text of the zone with every run of fillers as one blank.
+// Copies a text of the zone with every run of fillers as one space.
 int copy_words(char *out, int o_len, STRING text) {
   int written = 0;
   int i = 0;
@@ -35,7 +35,7 @@ int copy_words(char *out, int o_len, STRING text) {
   }
 }
 
-// As utils_write_field() with fillers to be replaced by blanks and runs of blanks to be collapsed.
+// As utils_write_field() with fillers to be replaced by spaces and runs of spaces to be collapsed.
 void write_text(PARSE_RESULT *result, int field, STRING text) {
   fill_slot(result, field, copy_words(free_space(result), free_size(result), text));
 }

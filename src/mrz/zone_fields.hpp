@@ -14,7 +14,7 @@ inline STRING cut(STRING line, columns c) { return STRING{line.str + c.start, c.
 
 inline STRING cut_from(STRING line, int start) { return STRING{line.str + start, line.len - start}; }
 
-// The document codes of cards: I, A or C, and no V behind it, which marks a visa.
+// The document codes of cards: I, A or C, and no V after it, which marks a visa.
 inline bool has_card_code(const char *zone) {
   return (zone[0] == 'I' || zone[0] == 'A' || zone[0] == 'C') && zone[1] != 'V';
 }
@@ -27,7 +27,7 @@ int write_names(PARSE_RESULT *result, STRING name);
 // "M" or "F"; any other character leaves the slot alone.
 void write_sex(PARSE_RESULT *result, char sex);
 
-// Writes the number without its outer fillers, inner ones as blanks. A number of fillers only empties
+// Writes the number without its outer fillers, inner ones as spaces. A number of fillers only empties
 // the slot.
 void write_document_number(PARSE_RESULT *result, STRING number);
 
@@ -43,7 +43,7 @@ int write_expiration_date(PARSE_RESULT *result, STRING date, int birth_year);
 
 void write_document_type(PARSE_RESULT *result, STRING type);
 
-// What is alike in the two-line layouts: line 1 behind the document code, and, for TD2 cards and visas,
+// What is alike in the two-line layouts: line 1 after the document code, and, for TD2 cards and visas,
 // line 2.
 int write_issuer_and_names(PARSE_RESULT *result, STRING line);
 int write_holder(PARSE_RESULT *result, STRING line, const CONTEXT *context);

@@ -1,5 +1,5 @@
 // The identifiers are data elements of the AAMVA DL/ID card design standard. Row order is part of the
-// data: the first match wins, and an element that stands twice goes to another slot the second time.
+// data: the first match wins, and an element that is listed twice goes to another slot the second time.
 #include <Varnel/pdf417/barcode_mapping.h>
 
 namespace {

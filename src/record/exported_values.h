@@ -1,6 +1,6 @@
 /*
  * The twelve values that a document is exported as: keys and slots in export order. A value is the text
- * of the first of its slots that is not empty. Plain C, so that every face walks the same list.
+ * of the first of its slots that is not empty. Plain C, so that every binding walks the same list.
  */
 #ifndef VARNEL_SRC_EXPORTED_VALUES_H
 #define VARNEL_SRC_EXPORTED_VALUES_H
@@ -23,7 +23,7 @@ static const EXPORTED_VALUE EXPORTED_VALUES[] = {
     {"expirationDate", {FIELD_EXPIRATION_DATE}},
     {"gender", {FIELD_SEX}},
     {"countryCode", {FIELD_COUNTRY_CODE}},
-    /* The descriptions come behind both jurisdiction codes, and in this order, on purpose. */
+    /* The descriptions come after both jurisdiction codes, and in this order, on purpose. */
     {"jurisdictionCode",
      {FIELD_RESIDENCE_JURISDICTION, FIELD_ADDRESS_JURISDICTION, FIELD_ENDORSEMENT_DESC,
       FIELD_RESTRICTION_DESC, FIELD_VEHICLE_CLASS_DESC}},

@@ -2,9 +2,9 @@
  * @file reference.hpp
  * @brief The plain way to read each rule: slow, obvious, compared with the library.
  *
- * Every function of the library stands here a second time, under its own name in the namespace
- * `reference`, written step by step with plain loops. Nothing here calls the library: only its public
- * types are used. The unit tests compare both on many random inputs, the fuzz targets on whatever the
+ * The functions of the library are here a second time, in the namespace `reference`, step by step with plain
+ * loops: under the same names, but for the entry, parse_mrz(), and the export, value_for_key() and
+ * export_values(). Nothing here calls the library: only its public types are used. The unit tests compare both on many random inputs, the fuzz targets on whatever the
  * fuzzer finds, and the benchmarks take this as their baseline; so nothing here allocates, but for
  * export_values(), which hands out plain strings.
  *

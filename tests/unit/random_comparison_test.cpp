@@ -668,7 +668,7 @@ TEST(RandomComparison, Normalisation) {
               reference::normalize_mrz(source.data(), length, expected.data(), room, &m))
         << shown(text);
     ASSERT_EQ(n, m) << shown(text);
-    // Behind the terminator the output is nobody's contract.
+    // What comes after the terminator is not promised.
     const std::size_t used = n < 0 ? static_cast<std::size_t>(room) : static_cast<std::size_t>(n) + 1;
     ASSERT_EQ(out.bytes().substr(0, used), expected.bytes().substr(0, used)) << shown(text);
     ASSERT_TRUE(out.guards_intact()) << shown(text);

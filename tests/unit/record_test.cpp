@@ -17,7 +17,7 @@ namespace {
 
 // ---- layout in memory -------------------------------------------------------------------------------
 
-TEST(Layout, MembersStandInTheirPublishedOrder) {
+TEST(Layout, MembersAreInTheOrderOfTheHeader) {
   EXPECT_LT(offsetof(STRING, str), offsetof(STRING, len));
   EXPECT_EQ(offsetof(FIELD, value), 0U);
   EXPECT_EQ(offsetof(PARSE_RESULT, parser_type), 0U);

@@ -12,6 +12,9 @@
  * @brief From scanned text to a filled record: normalisation, layout parsers and their primitives.
  *
  * The layouts are those of ICAO Doc 9303. varnel_parse_mrz() is the whole way in one call.
+ *
+ * Threads: any number may call these functions at once, each with a record and outputs of its own. Texts that
+ * are only read may be shared.
  */
 
 /**
@@ -20,7 +23,7 @@
  * @brief What the layouts share: character tests, check-digit sums, extractors of codes, dates and names.
  *
  * Extractors take views and copy no text. All functions are pure but for what they write through their
- * output pointers; they may be called from any thread.
+ * output pointers.
  *
  * **No parser compares a check digit**: the sums are here for callers who want to judge a zone themselves.
  * @{
@@ -32,10 +35,10 @@ VARNEL_BEGIN_DECLS
 extern VARNEL_API const int MRZ_WEIGHTS[3];
 
 /**
- * The MRZ character set: capital letters A to Z, digits and the filler `<` (ICAO Doc 9303).
+ * The MRZ character set: uppercase letters A to Z, digits and the filler `<` (ICAO Doc 9303).
  *
  * @param c the character; values outside 0 to 127 are not in the set.
- * @return 1 when it is in the set, else 0. Thread-safe.
+ * @return 1 when it is in the set, else 0.
  */
 VARNEL_API int MRZ_common_pattern_valid_mrz(int c);
 
@@ -43,25 +46,25 @@ VARNEL_API int MRZ_common_pattern_valid_mrz(int c);
  * Characters of a date: digits. A filler, which ICAO Doc 9303 allows for an unknown date, is refused.
  *
  * @param c the character; values outside 0 to 127 are not in the set.
- * @return 1 when it is in the set, else 0. Thread-safe.
+ * @return 1 when it is in the set, else 0.
  */
 VARNEL_API int MRZ_common_pattern_valid_mrz_date(int c);
 
 /**
- * Characters of a name: capital letters A to Z and the filler `<`.
+ * Characters of a name: uppercase letters A to Z and the filler `<`.
  *
  * @param c the character; values outside 0 to 127 are not in the set.
- * @return 1 when it is in the set, else 0. Thread-safe.
+ * @return 1 when it is in the set, else 0.
  */
 VARNEL_API int MRZ_common_pattern_valid_mrz_name(int c);
 
 /**
- * Characters of a country code: capital letters A to Z and the filler `<`.
+ * Characters of a country code: uppercase letters A to Z and the filler `<`.
  *
  * The same set as that of a name, under a name of its own, so that either may change alone.
  *
  * @param c the character; values outside 0 to 127 are not in the set.
- * @return 1 when it is in the set, else 0. Thread-safe.
+ * @return 1 when it is in the set, else 0.
  */
 VARNEL_API int MRZ_common_pattern_valid_mrz_cc(int c);
 
@@ -77,18 +80,16 @@ VARNEL_API int MRZ_common_pattern_valid_mrz_cc(int c);
  * @param[in,out] pos  the position in the cycle of weights, 0 or more: on return moved on by `len`, on
  *                     failure untouched. Null starts at 0.
  * @return the sum, not yet taken modulo 10; -1 for null or a character outside the MRZ character set.
- *
- * Thread-safe on separate positions.
  */
 VARNEL_API int MRZ_common_calc_control_sum(const char *str, int len, int *pos);
 
 /**
- * Tells whether a character is the check digit of a sum (ICAO Doc 9303).
+ * Whether a character is the check digit of a sum (ICAO Doc 9303).
  *
  * @param sum a sum of MRZ_common_calc_control_sum(). A failed one, -1, has no check digit. The remainder
  *            keeps its sign: a negative sum matches only when it is a multiple of ten, and then 0.
  * @param c   the check character. A filler stands for 0; anything but a digit or a filler is none.
- * @return 1 when it is, else 0. Thread-safe.
+ * @return 1 when it is, else 0.
  */
 VARNEL_API int MRZ_common_validate_control_sum(int sum, char c);
 
@@ -98,12 +99,11 @@ VARNEL_API int MRZ_common_validate_control_sum(int sum, char c);
  *
  * @param in       the field, 3 characters or more. All of them must be letters or fillers, though only the
  *                 first three are read. Null, null text and shorter views are a bad argument.
- * @param[out] out four characters, zeroed by the caller; not null. The first three are written, NUL behind
+ * @param[out] out four characters, zeroed by the caller; not null. The first three are written, NUL after
  *                 the code's end; the fourth is the caller's terminator. Untouched on failure.
  * @return ERR_OK; ERR_INVALID_FORMAT for another character; ERR_INVALID_ARGS for a bad argument.
  *
- * Thread-safe on separate outputs. Standard: ICAO Doc 9303 codes of states and organisations, which are
- * not looked up in a list.
+ * Standard: ICAO Doc 9303 codes of states and organisations, which are not looked up in a list.
  */
 VARNEL_API int MRZ_common_extract_cc(const STRING *in, char out[4]);
 
@@ -117,8 +117,6 @@ VARNEL_API int MRZ_common_extract_cc(const STRING *in, char out[4]);
  * @param[out] date the date, with the time of day 0:00:00; not null. Untouched on failure.
  * @return ERR_OK; ERR_INVALID_FORMAT for a character that is no digit, the filler included;
  *         ERR_INVALID_ARGS for a bad argument.
- *
- * Thread-safe on separate dates.
  */
 VARNEL_API int MRZ_common_extract_date(const STRING *in, DATETIME *date);
 
@@ -141,7 +139,7 @@ VARNEL_API int MRZ_common_extract_date(const STRING *in, DATETIME *date);
  *         four outputs are {null, 0}; ERR_INVALID_ARGS for a bad argument or a null output, and then they
  *         are untouched.
  *
- * The outputs are views into the field. Thread-safe on separate outputs.
+ * The outputs are views into the field.
  */
 VARNEL_API int MRZ_common_extract_name(const STRING *s, STRING *full_name, STRING *last_name,
                                        STRING *first_name, STRING *middle_name);

@@ -14,9 +14,9 @@ VARNEL_BEGIN_DECLS
  *
  * Reduces scanned text to the MRZ character set of ICAO Doc 9303.
  *
- * Digits, capital letters and `<` stay, small letters are raised, all else is dropped: blanks, line breaks,
- * punctuation, NUL, every byte above 0x7F. The lines of a zone thus become one run, of which the length
- * tells the layout.
+ * Digits, uppercase letters and `<` stay, lowercase letters become uppercase, all else is dropped: spaces,
+ * line breaks, punctuation, NUL, every byte above 0x7F. The lines of a zone thus become one run, whose length
+ * and first letter decide the layout.
  *
  * **The limit counts what is read, not what is kept**: no more than the first `o_len - 1` bytes of the
  * input are looked at, even when most of them are dropped.
@@ -29,7 +29,7 @@ VARNEL_BEGIN_DECLS
  * @return ERR_OK, also when nothing is left of the text and the zone is empty; ERR_INVALID_ARGS for a bad
  *         argument, and then nothing was written.
  *
- * No character is ever an error. Thread-safe on separate outputs.
+ * No character is ever an error.
  */
 VARNEL_API int normalize_mrz(const char *input, int i_len, char *output, int o_len, int *result_len);
 

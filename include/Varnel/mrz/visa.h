@@ -23,7 +23,7 @@ VARNEL_BEGIN_DECLS
  * data is not kept.
  *
  * @param input   the normalised zone, 88 or 72 characters, as normalize_mrz() leaves it; needs no NUL.
- *                Null is a bad argument.
+ *                It must not overlap the record or its buffer. Null is a bad argument.
  * @param i_len   its length in characters. Below 0 is a bad argument, and any but 88 and 72 another
  *                layout.
  * @param result  the record to write to, set up by result_init(); null is a bad argument.
@@ -39,7 +39,7 @@ VARNEL_BEGIN_DECLS
  * digit is compared.** Dates are written with eight digits and not checked for range. Values that do not fit
  * the record's buffer are cut, by the rules of the slot writers, and that is no failure.
  *
- * Thread-safe on separate records. Standard: ICAO Doc 9303-7.
+ * Standard: ICAO Doc 9303-7.
  */
 VARNEL_API int MRZ_visa_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context);
 

@@ -54,7 +54,7 @@ extern VARNEL_API const int MAP_AAMVA_2D08_SIZE;        /**< rows of MAP_AAMVA_2
  *                          next row, add 1 and search again. Null starts at row 0.
  * @return the slot of the first row that matches, or -1 when none does.
  *
- * Thread-safe on separate positions. Standard: AAMVA DL/ID card design standard, data element identifiers.
+ * Standard: AAMVA DL/ID card design standard, data element identifiers.
  */
 VARNEL_API int utils_barcode2fieldtype(int barcode, const MAPPING *map, int size, int *pTblIndex);
 
