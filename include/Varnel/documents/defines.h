@@ -27,6 +27,12 @@ enum {
   VARNEL_LAYOUT_FRA_ID = 6 /**< French identity card issued until 2021, 2 lines of 36 */
 };
 
+/** Sizes of zones. */
+enum {
+  VARNEL_ZONE_LINES = 3, /**< lines of a zone, at most */
+  VARNEL_ZONE_WIDTH = 44 /**< characters of a line, at most */
+};
+
 /**
  * The fields of a zone: X(constant, key), the key being the name in JSON.
  *

@@ -102,8 +102,6 @@ enum {
 /** Sizes. */
 enum {
   VARNEL_TEXT_MAX = 65536,      /**< bytes of a text that can be inspected */
-  VARNEL_ZONE_LINES = 3,        /**< lines of a zone, at most */
-  VARNEL_ZONE_WIDTH = 44,       /**< characters of a line, at most */
   VARNEL_INSPECTED_FIELDS = 11, /**< fields of a layout, at most */
   VARNEL_CHECKS = 5,            /**< check digits of a layout, at most */
   VARNEL_CHANGES = 96,          /**< changes that a record holds */
