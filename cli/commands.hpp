@@ -1,15 +1,33 @@
-// The commands of varnel, each a function from options to an exit code.
+// The commands of varnel. Each is described and run in a file of its own; COMMANDS lists them.
 #ifndef VARNEL_CLI_COMMANDS_HPP
 #define VARNEL_CLI_COMMANDS_HPP
 
-#include "options.hpp"
+#include "arguments.hpp"
+#include "exit_codes.hpp"
 #include "output.hpp"
+
+#include <array>
+#include <string_view>
 
 namespace varnel::cli {
 
-int run_parse(const options &asked, output &out);
-int run_element(const options &asked, output &out);
-int run_soundex(const options &asked, output &out);
+struct command {
+  std::string_view name;
+  std::string_view summary;
+  std::string_view operand; /**< such as FILE */
+  std::string_view operand_help;
+  bool needs_operand;                              /**< at least one */
+  std::array<option, 10> options;                  /**< up to the first without a name */
+  std::string_view examples;                       /**< lines of the help */
+  int (*run)(const arguments &asked, output &out); /**< gives the exit code */
+};
+
+extern const command PARSE_COMMAND;
+extern const command ELEMENT_COMMAND;
+extern const command SOUNDEX_COMMAND;
+
+/** In the order in which the help lists them. */
+inline constexpr const command *COMMANDS[] = {&PARSE_COMMAND, &ELEMENT_COMMAND, &SOUNDEX_COMMAND};
 
 } // namespace varnel::cli
 

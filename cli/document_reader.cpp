@@ -51,9 +51,9 @@ bool document_reader::fill() {
 
 // Only the head of a document is kept; of the rest nothing but its length matters.
 void document_reader::hold(std::string_view bytes) {
-  if (length_ < COUNTED) {
+  if (length_ < held_.size()) {
     const std::size_t held = static_cast<std::size_t>(length_);
-    std::memcpy(held_.data() + held, bytes.data(), std::min(bytes.size(), COUNTED - held));
+    std::memcpy(held_.data() + held, bytes.data(), std::min(bytes.size(), held_.size() - held));
   }
   length_ += bytes.size();
 }
@@ -67,7 +67,7 @@ void document_reader::forget() {
 void document_reader::give(document_text &document, std::uint64_t length) const {
   document.line = first_line_;
   document.over_long = split_ != split::whole && length > LONGEST;
-  const std::uint64_t counted = document.over_long ? 0 : std::min<std::uint64_t>(length, COUNTED);
+  const std::uint64_t counted = document.over_long ? 0 : std::min<std::uint64_t>(length, held_.size());
   document.text = std::string_view(held_.data(), static_cast<std::size_t>(counted));
 }
 
@@ -76,7 +76,7 @@ bool document_reader::next_whole(document_text &document) {
   if (ended_) {
     return false;
   }
-  while (length_ < COUNTED && fill()) {
+  while (length_ < held_.size() && fill()) {
     hold(std::string_view(input_.data() + from_, to_ - from_));
     from_ = to_;
   }

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 namespace varnel::cli {
 
@@ -24,7 +25,7 @@ enum class split {
 
 /** One document as it stands in the input. */
 struct document_text {
-  /** The bytes that may count for the result: no more than the first document_reader::COUNTED. */
+  /** The bytes that may count for the result: no more of its first ones than are kept. */
   std::string_view text;
   /** The number of its first line in the input, from 1. */
   std::uint64_t line = 0;
@@ -34,7 +35,7 @@ struct document_text {
 
 class document_reader {
 public:
-  /** 1023 UTF-16 units are examined, and no unit takes more than three bytes of UTF-8. */
+  /** What varnel_parse_mrz() may look at: 1023 UTF-16 units, each of no more than three bytes of UTF-8. */
   static constexpr std::size_t COUNTED = std::size_t{3} * VARNEL_EXAMINED_MAX;
   /** A line or block of more bytes than this (1 MiB) is not a document. */
   static constexpr std::uint64_t LONGEST = std::uint64_t{1} << 20;
@@ -47,7 +48,8 @@ public:
    */
   using read_function = std::function<std::ptrdiff_t(char *into, std::size_t room)>;
 
-  explicit document_reader(split how) : split_(how) {}
+  /** @param counted how many bytes of a document are kept, its first ones */
+  explicit document_reader(split how, std::size_t counted = COUNTED) : split_(how), held_(counted) {}
 
   /** Turns to a new input; whatever was left of the one before is forgotten. */
   void open(read_function read);
@@ -84,7 +86,7 @@ private:
   bool blank_ = true;            // the line that is being read has been blank so far
 
   // Filled with zeros from the start, so that the first document takes as much memory as the last.
-  std::array<char, COUNTED> held_ = {};
+  std::vector<char> held_;
   std::array<char, READ_SIZE> input_ = {};
 };
 

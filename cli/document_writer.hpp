@@ -1,54 +1,47 @@
-// Writes what was read of documents: JSON lines, CSV rows or tables for people.
+// Writes the records of documents: JSON lines, CSV rows or tables for people.
 #ifndef VARNEL_CLI_DOCUMENT_WRITER_HPP
 #define VARNEL_CLI_DOCUMENT_WRITER_HPP
 
-#include "options.hpp"
-#include "output.hpp"
+#include "document_rows.hpp"
 
 #include <Varnel/Varnel.h>
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace varnel::cli {
 
+inline constexpr option SLOTS_OPTION = {"slots", "",
+                                        "Show every filled slot of the record too, by its constant's name"};
+
 class document_writer {
 public:
-  document_writer(output &out, format how, bool with_slots, bool coloured);
+  document_writer(output &out, const document_rows &rows, bool with_slots);
 
   /** What stands before the first document: the header row of CSV. */
   void begin();
 
-  /** Whether titles are shown at all: only tables have any. */
-  bool shows_titles() const { return format_ == format::table; }
-
   /**
    * One document that was read.
    *
-   * @param number the document's number, from 1
-   * @param title  the heading of its table, which no other format shows; none when empty
+   * @param more further members of its JSON object, each with a comma before it; none in other formats
    */
-  void accepted(std::uint64_t number, const PARSE_RESULT &result, std::string_view title);
+  void accepted(const document &from, const PARSE_RESULT &result, std::string_view more = "");
 
-  /** One document that was refused. */
-  void refused(std::uint64_t number, std::string_view title);
+  /** One document that was refused, or could not be read. */
+  void refused(const document &from);
 
 private:
-  void json(const PARSE_RESULT &result);
+  void json(const document &from, const PARSE_RESULT &result, std::string_view more);
   void json_slots(const PARSE_RESULT &result);
-  void csv(std::uint64_t number, const PARSE_RESULT &result);
+  void csv(const document &from, const PARSE_RESULT &result);
   void csv_slots(const PARSE_RESULT &result);
   void table(const PARSE_RESULT &result);
-  void table_row(std::string_view name, std::string_view value);
-  void heading(std::string_view title);
 
   output &out_;
-  format format_;
+  document_rows rows_;
   bool with_slots_;
-  bool coloured_;
-  bool first_table_ = true;
   std::array<std::string, VARNEL_VALUE_COUNT> json_leads_; // what stands before each value of an object
 };
 

@@ -1,25 +1,27 @@
-#include "commands.hpp"
+#include "command_line.hpp"
+#include "complaints.hpp"
+#include "platform.hpp"
 
 #include <cerrno>
-#include <csignal>
 #include <cstring>
 #include <memory>
-
-#include <unistd.h>
 
 namespace varnel::cli {
 
 namespace {
 
-int run(const options &asked, output &out) {
-  switch (asked.what) {
-  case command::parse:
-    return run_parse(asked, out);
-  case command::element:
-    return run_element(asked, out);
-  case command::soundex:
-    return run_soundex(asked, out);
+int run(const command_line &line, output &out) {
+  if (line.asked != nullptr) {
+    return line.asked->run(line.given, out);
   }
+  if (!line.text.empty()) {
+    out.put(line.text);
+    return EXIT_ALL_READ;
+  }
+  if (!line.complaint.empty()) {
+    return complain_of_usage(line.complaint);
+  }
+  write_all(STANDARD_ERROR, help_text());
   return EXIT_TROUBLE;
 }
 
@@ -39,18 +41,9 @@ int finish(int code, output &out) {
 
 int main(int argc, char **argv) {
   using namespace varnel::cli;
-  // A write to a closed pipe fails instead, whatever the caller made of the signal.
-  static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
-
-  const auto standard_output = std::make_unique<output>(STDOUT_FILENO);
-  output &out = *standard_output;
-  const command_line line = read_command_line(argc, argv);
-  if (!line.complaint.empty()) {
-    complain(line.complaint);
-  }
-  if (!line.asked) {
-    out.put(line.text);
-    return finish(line.code, out);
-  }
-  return finish(run(*line.asked, out), out);
+  prepare_process();
+  const auto standard_output = std::make_unique<output>(STANDARD_OUTPUT);
+  const int code = finish(run(read_command_line(argc, argv), *standard_output), *standard_output);
+  end_as_signalled();
+  return code;
 }

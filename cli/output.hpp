@@ -59,15 +59,6 @@ private:
   std::array<char, SIZE> buffer_ = {};
 };
 
-/** Writes all of the bytes; returns 0, or the errno of the write that failed. */
-int write_all(int descriptor, std::string_view bytes);
-
-/** The descriptor is a terminal that wants colour: NO_COLOR is unset or empty, TERM is not "dumb". */
-bool wants_colour(int descriptor);
-
-/** Writes one line to standard error: "varnel: " and the message, control characters made visible. */
-void complain(std::string_view message);
-
 } // namespace varnel::cli
 
 #endif

@@ -1,10 +1,8 @@
 #include "progress.hpp"
 
-#include "output.hpp"
+#include "platform.hpp"
 
 #include <algorithm>
-
-#include <unistd.h>
 
 namespace varnel::cli {
 
@@ -13,7 +11,7 @@ namespace {
 constexpr std::chrono::milliseconds PAUSE{100};
 constexpr std::uint64_t BAR_WIDTH = 24;
 
-void show(std::string_view text) { write_all(STDERR_FILENO, text); }
+void show(std::string_view text) { write_all(STANDARD_ERROR, text); }
 
 std::string sentence(const tally &counts) {
   return "varnel: " + std::to_string(counts.documents) +
@@ -24,7 +22,7 @@ std::string sentence(const tally &counts) {
 } // namespace
 
 progress::progress(std::uint64_t total)
-    : shown_(isatty(STDERR_FILENO) == 1), total_(total), next_(std::chrono::steady_clock::now()) {}
+    : shown_(is_terminal(STANDARD_ERROR)), total_(total), next_(std::chrono::steady_clock::now()) {}
 
 void progress::draw(const tally &counts) {
   if (!shown_ || std::chrono::steady_clock::now() < next_) {

@@ -4,7 +4,7 @@ _varnel() {
   COMPREPLY=()
   for ((i = 1; i < COMP_CWORD; i++)); do
     case "${COMP_WORDS[i]}" in
-      parse | element | soundex)
+      help | parse | element | soundex)
         command="${COMP_WORDS[i]}"
         break
         ;;
@@ -33,7 +33,7 @@ _varnel() {
   case "$command" in
     parse)
       if [[ "$word" == -* ]]; then
-        COMPREPLY=($(compgen -W "--each --format --help --slots" -- "$word"))
+        COMPREPLY=($(compgen -W "--each --format --help --slots --verbose --version --with-source" -- "$word"))
       else
         compopt -o filenames 2>/dev/null
         local IFS=$'\n'
@@ -41,10 +41,13 @@ _varnel() {
       fi
       ;;
     element | soundex)
-      COMPREPLY=($(compgen -W "--format --help" -- "$word"))
+      COMPREPLY=($(compgen -W "--format --help --version" -- "$word"))
+      ;;
+    help)
+      COMPREPLY=($(compgen -W "help parse element soundex --help --version" -- "$word"))
       ;;
     *)
-      COMPREPLY=($(compgen -W "parse element soundex --help --version" -- "$word"))
+      COMPREPLY=($(compgen -W "help parse element soundex --help --version" -- "$word"))
       ;;
   esac
 }

@@ -80,6 +80,25 @@ class Lines(unittest.TestCase):
         self.assertEqual(err.decode(), "varnel: /nonexistent: No such file or directory\n"
                          f"varnel: {two}: line 1: longer than 1 MiB, refused\n")
 
+    def test_with_source_every_document_has_its_line(self):
+        text = b"\n" + PASSPORT_LINE + b"x\n"
+        self.assertEqual(each("line", text, "--with-source")[1],
+                         b'{"file":"-","line":1,"refused":true}\n{"file":"-","line":2,' + PASSPORT_JSON[1:] +
+                         b'{"file":"-","line":3,"refused":true}\n')
+        self.assertEqual(each("block", b"\n\n" + PASSPORT, "--with-source", "--format", "csv")[1].splitlines()[1],
+                         b"1,-,3," + PASSPORT_ROW[:-1])
+        self.assertTrue(each("block", PASSPORT, "--with-source", "--format", "table")[1].startswith(
+            b"document 1 (standard input, line 1)\n"))
+
+    def test_reasons_are_given_when_asked_for(self):
+        code, out, err = each("line", b"x\n" + PASSPORT_LINE + b"\n", "--verbose")
+        self.assertEqual((code, out), (1, b"null\n" + PASSPORT_JSON + b"null\n"))
+        first, second = err.decode().splitlines()
+        self.assertTrue(first.startswith("varnel: standard input: document 1 (line 1): not a machine-readable "
+                                         "zone: 1 character after clean-up, "), first)
+        self.assertTrue(second.startswith("varnel: standard input: document 3 (line 3): not a machine-readable "
+                                          "zone: 0 characters after clean-up, "), second)
+
     def test_100000_lines(self):
         documents = PASSPORT_LINE * 99 + b"\n"
         answers = PASSPORT_JSON * 99 + b"null\n"

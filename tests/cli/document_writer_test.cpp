@@ -17,13 +17,13 @@ namespace {
 std::string written(format how, bool with_slots, const std::string &name) {
   const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::tmpfile(), std::fclose);
   output out(fileno(file.get()));
-  document_writer writer(out, how, with_slots, false);
+  document_writer writer(out, document_rows(out, how, false, false), with_slots);
   char buffer[8192];
   PARSE_RESULT record;
   result_init(&record, buffer, sizeof buffer);
   const STRING source = {name.data(), static_cast<int>(name.size())};
   utils_write_field(&record, FIELD_FAMILY_NAME, &source, nullptr, nullptr, ' ');
-  writer.accepted(7, record, "");
+  writer.accepted({"", 7, "", 1, ""}, record);
   EXPECT_TRUE(out.flush());
   std::string text(1 << 16, '\0');
   std::rewind(file.get());
@@ -58,6 +58,7 @@ TEST(Json, EscapesWhatMustBe) {
   EXPECT_EQ(json_name("\\"), R"(\\)");
   EXPECT_EQ(json_name("\x01\t\n\x1f\x7f"), R"(\u0001\u0009\u000a\u001f\u007f)");
   EXPECT_EQ(json_name("\x80\xc3\xff"), R"(\ufffd\ufffd\ufffd)");
+  EXPECT_EQ(json_name("\u00c9\u20ac\U0001f6c2"), "\u00c9\u20ac\U0001f6c2");
 }
 
 TEST(Json, TakesValuesOfAnyLength) {

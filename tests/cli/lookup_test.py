@@ -53,8 +53,17 @@ class Elements(unittest.TestCase):
                                             b"varnel: unknown element 'DAAA'", b"varnel: unknown element ''",
                                             b"varnel: unknown element '\xc4AA'"])
 
-    def test_identifiers_are_capital_letters(self):
-        self.assertEqual(varnel("element", "daq"), (1, b"", b"varnel: unknown element 'daq'; did you mean 'DAQ'?\n"))
+    def test_small_letters_are_taken_for_capitals(self):
+        self.assertEqual(varnel("element", "dau", "dAu"), (0, varnel("element", "DAU")[1] * 2, b""))
+
+    def test_a_hyphen_reads_identifiers_from_standard_input_one_a_line(self):
+        expected = varnel("element", "--format", "csv", "DDL", "DAU", "DAQ")
+        self.assertEqual(varnel("element", "--format", "csv", "DDL", "-", "DAQ", text=b"\ndau\n\n"), expected)
+        self.assertEqual(varnel("element", "-", text=b"ZZZ\n"), (1, b"", b"varnel: unknown element 'ZZZ'\n"))
+
+    def test_a_zone_in_the_place_of_an_identifier_is_not_repeated(self):
+        self.assertEqual(varnel("element", "P<UTOERIKSSON<<ANNA"),
+                         (1, b"", b"varnel: unknown element (not repeated: it looks like a zone)\n"))
 
     def test_nothing_known_makes_no_table(self):
         self.assertEqual(varnel("element", "--format", "table", "ZZZ")[:2], (1, b""))
@@ -84,6 +93,31 @@ class Names(unittest.TestCase):
         self.assertEqual(err.decode(), "".join(
             f"varnel: no Soundex code for '{name}': it is not a name of letters A to Z\n"
             for name in ("O'Brien", "Smith Jones", "", "1st", "\u00c9mile")))
+
+    def test_operands_are_taken_as_they_were_typed(self):
+        code, out, err = varnel("soundex", "[Anna,Bob]", "++", "[]", "Lee")
+        self.assertEqual((code, out), (1, b'{"name":"Lee","code":"L000"}\n'))
+        self.assertEqual([line.split(b"'")[1] for line in err.splitlines()], [b"[Anna,Bob]", b"++", b"[]"])
+
+    def test_a_hyphen_reads_names_from_standard_input_one_a_line(self):
+        code, out, err = varnel("soundex", "Lee", "-", text=b"Robert\n\nWashington DC\nRupert")
+        self.assertEqual((code, err), (0, b""))
+        self.assertEqual([json.loads(line)["name"] for line in out.splitlines()],
+                         ["Lee", "Robert", "Washington DC", "Rupert"])
+
+    def test_a_zone_in_the_place_of_a_name_is_not_repeated(self):
+        for zone in ("P<UTOERIKSSON<<ANNA", "L898902C36UTO7408122F1204159ZE184226B0000010"):
+            self.assertEqual(varnel("soundex", zone)[2], b"varnel: no Soundex code for (not repeated: it looks like a "
+                             b"zone): it is not a name of letters A to Z\n")
+
+    def test_tables_mask_what_could_steer_a_terminal(self):
+        name = "Washington\x1b[2J\x9b2J\u202e"
+        out = varnel("soundex", "--format", "table", name)[1].decode()
+        self.assertEqual(out, "NAME                CODE\nWashington?[2J?2J?  W252\n")
+
+    def test_tables_are_aligned_by_characters(self):
+        out = varnel("soundex", "--format", "table", "Abcd\u00e9", "Lee")[1].decode()
+        self.assertEqual(out, "NAME   CODE\nAbcd\u00e9  A123\nLee    L000\n")
 
     def test_what_follows_the_third_digit_may_be_any_bytes(self):
         code, out, _ = varnel("soundex", "Washington\udcff\"")

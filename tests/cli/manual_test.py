@@ -7,8 +7,8 @@ import unittest
 
 from support import SOURCES, varnel
 
-COMMANDS = ["parse", "element", "soundex"]
-LONG_OPTION = re.compile(r"--([a-z]+)")
+COMMANDS = ["help", "parse", "element", "soundex"]
+LONG_OPTION = re.compile(r"--([a-z-]+)")
 
 
 def options_of(*command):
@@ -29,16 +29,17 @@ def run(*command, text=""):
 class Help(unittest.TestCase):
     def test_the_options_are_these(self):
         self.assertEqual(options_of(), {"help", "version"})
-        self.assertEqual(options_of("parse"), {"help", "each", "format", "slots"})
-        self.assertEqual(options_of("element"), {"help", "format"})
-        self.assertEqual(options_of("soundex"), {"help", "format"})
+        self.assertEqual(options_of("parse"), {"help", "version", "each", "format", "slots", "with-source", "verbose"})
+        self.assertEqual(options_of("element"), {"help", "version", "format"})
+        self.assertEqual(options_of("soundex"), {"help", "version", "format"})
+        self.assertEqual(options_of("help"), {"help", "version"})
 
     def test_the_commands_are_these(self):
-        listed = varnel("--help")[1].decode().split("Subcommands:\n")[1].split("\n\n")[0]
+        listed = varnel("--help")[1].decode().split("Commands:\n")[1].split("\n\n")[0]
         self.assertEqual(re.findall(r"^  (\S+)", listed, re.M), COMMANDS)
 
 
-ALL_OPTIONS = {"help", "version", "each", "format", "slots"}
+ALL_OPTIONS = {"help", "version", "each", "format", "slots", "with-source", "verbose"}
 
 
 class Manual(unittest.TestCase):
@@ -59,7 +60,7 @@ class Manual(unittest.TestCase):
     def test_what_a_line_and_a_block_are_is_said_alike(self):
         for text in (source("varnel.1"), varnel("parse", "--help")[1].decode()):
             said = " ".join(text.split())
-            self.assertIn("line: the whole zone on one line; block: zones as printed, parted by blank lines", said)
+            self.assertIn("line: the whole zone on one line; block: zones as printed, separated by empty lines", said)
 
     def test_all_commands_and_exit_codes_are_described(self):
         page = source("varnel.1")
@@ -91,6 +92,7 @@ class Bash(unittest.TestCase):
         self.assertEqual(self.complete("varnel", "so"), {"soundex"})
         for command in COMMANDS:
             self.assertEqual(self.complete("varnel", command, "--"), {f"--{name}" for name in options_of(command)})
+        self.assertEqual(self.complete("varnel", "help", "p"), {"parse"})
 
     def test_values(self):
         self.assertEqual(self.complete("varnel", "parse", "--format", ""), {"json", "table", "csv"})
@@ -113,12 +115,13 @@ class Zsh(unittest.TestCase):
     def test_the_options_are_those_of_help(self):
         text = source("completion/_varnel")
         self.assertEqual(set(LONG_OPTION.findall(text)), ALL_OPTIONS)
-        self.assertEqual(re.findall(r"^        '(\w+):", text, re.M), COMMANDS)
+        self.assertEqual(re.findall(r"^    '(\w+):", text, re.M), COMMANDS)
         parse = text.split("parse)\n")[1].split(";;")[0]
-        self.assertEqual(set(LONG_OPTION.findall(parse)) | set(re.findall(r"\$(\w+)", parse)), options_of("parse"))
-        for command in ("element", "soundex"):
+        listed = set(re.findall(r"'--([a-z-]+)", parse)) | set(re.findall(r"\$(\w+)", parse))
+        self.assertEqual(listed | {"version"}, options_of("parse"))
+        for command in ("help", "element", "soundex"):
             line = re.search(rf"^ +{command}\) (_arguments .*) ;;", text, re.M).group(1)
-            self.assertEqual(set(re.findall(r"\$(\w+)", line)), options_of(command))
+            self.assertEqual({*re.findall(r"\$(\w+)", line), "version"}, options_of(command))
 
     @unittest.skipUnless(shutil.which("zsh"), "no zsh here")
     def test_it_is_good_zsh(self):
@@ -131,7 +134,8 @@ class Zsh(unittest.TestCase):
         done = run("zsh", "-fc", '_arguments() { print -rl -- "$@"; }; source "$1"', "zsh",
                    str(SOURCES / "cli" / "completion" / "_varnel"))
         self.assertEqual((done.returncode, done.stderr), (0, ""))
-        for argument in ("(- *)-h[print help and leave]", "(- *)--help[print help and leave]"):
+        for argument in ("(- *)-h[print help and leave]", "(- *)--help[print help and leave]",
+                         "(- *)-V[print the version and leave]", "(- *)--version[print the version and leave]"):
             self.assertIn(argument, done.stdout.splitlines())
 
     def test_values_may_stand_behind_an_equals_sign(self):
@@ -141,9 +145,9 @@ class Zsh(unittest.TestCase):
 class Fish(unittest.TestCase):
     def test_the_options_are_those_of_help(self):
         lines = source("completion/varnel.fish").splitlines()
-        options = {name: line for line in lines for name in re.findall(r" -l (\w+)", line)}
+        options = {name: line for line in lines for name in re.findall(r" -l ([a-z-]+)", line)}
         self.assertEqual(set(options), ALL_OPTIONS)
-        for name in ("each", "format", "slots"):
+        for name in ("each", "format", "slots", "with-source", "verbose"):
             offered = re.search(r"__fish_seen_subcommand_from ([a-z ]+)'", options[name]).group(1).split()
             self.assertEqual(offered, [command for command in COMMANDS if name in options_of(command)])
 

@@ -59,7 +59,7 @@ class Inputs(Folder):
         good = self.file("p", PASSPORT)
         missing = pathlib.Path(self.place.name) / "missing"
         code, out, err = varnel("parse", good, missing, good)
-        self.assertEqual((code, out), (2, PASSPORT_JSON * 2))
+        self.assertEqual((code, out), (2, PASSPORT_JSON + b"null\n" + PASSPORT_JSON))
         self.assertEqual(err.decode(), f"varnel: {missing}: No such file or directory\n")
 
     def test_a_missing_file_named_like_a_zone_is_not_repeated(self):
@@ -88,7 +88,24 @@ class Inputs(Folder):
 
     def test_trouble_outweighs_refusal(self):
         code, out, _ = varnel("parse", self.file("empty", b""), "/nonexistent")
-        self.assertEqual((code, out), (2, b"null\n"))
+        self.assertEqual((code, out), (2, b"null\nnull\n"))
+
+    def test_a_file_that_cannot_be_read_keeps_its_place_among_several(self):
+        good = self.file("p", PASSPORT)
+        row = b"," * 12 + b"\n"
+        self.assertEqual(varnel("parse", "--format=csv", "/nonexistent", good, self.place.name)[:2],
+                         (2, CSV_HEADER + b"1" + row + b"2," + PASSPORT_ROW + b"3" + row))
+        code, out, _ = varnel("parse", "--format=table", "/nonexistent", good)
+        self.assertTrue(out.startswith(b"/nonexistent\nrefused\n\n" + str(good).encode() + b"\n"), out)
+        self.assertEqual(code, 2)
+
+    def test_operands_are_taken_as_they_were_typed(self):
+        names = ["[one.txt]", "++", "[]", "[a,b]", "'q'", '"q"', "a=b", "{x}", "%%", "1", "parse"]
+        for name in names:
+            self.file(name, PASSPORT)
+        self.assertEqual(varnel("parse", *names, cwd=self.place.name), (0, PASSPORT_JSON * len(names), b""))
+        self.assertEqual(varnel("parse", "[none]", "++none", cwd=self.place.name)[2],
+                         b"varnel: [none]: No such file or directory\nvarnel: ++none: No such file or directory\n")
 
     def test_control_characters_of_a_file_name_are_made_visible(self):
         _, _, err = varnel("parse", "no\033[31m\nsuch")
@@ -229,6 +246,24 @@ class Formats(Folder):
         code, out, _ = varnel("parse", "--format", "table", good, bad, "-", text=PASSPORT)
         self.assertEqual((code, out), (1, str(good).encode() + b"\n" + table + b"\n" + str(bad).encode() +
                                        b"\nrefused\n\nstandard input\n" + table))
+
+    def test_with_source_json_names_file_and_line(self):
+        good, bad = self.file("good", PASSPORT), self.file('a"b', b"")
+        code, out, _ = varnel("parse", "--with-source", good, bad, "-", text=PASSPORT)
+        expected = (f'{{"file":"{good}","line":1,'.encode() + PASSPORT_JSON[1:] +
+                    f'{{"file":"{self.place.name}/a\\"b","line":1,"refused":true}}\n'.encode() +
+                    b'{"file":"-","line":1,' + PASSPORT_JSON[1:])
+        self.assertEqual((code, out), (1, expected))
+
+    def test_with_source_csv_names_file_and_line(self):
+        bad = self.file("a,b", b"")
+        code, out, _ = varnel("parse", "--with-source", "--format", "csv", "-", bad, text=PASSPORT)
+        self.assertEqual((code, out), (1, CSV_HEADER.replace(b"document,", b"document,file,line,") +
+                                       b"1,-,1," + PASSPORT_ROW + f'2,"{bad}",1,,,,,,,,,,,,\n'.encode()))
+
+    def test_with_source_tables_are_headed_by_it(self):
+        out = varnel("parse", "--with-source", "--format", "table", text=PASSPORT)[1]
+        self.assertTrue(out.startswith(b"standard input\nfirstName  "), out)
 
     def test_the_last_of_several_formats_counts(self):
         self.assertEqual(varnel("parse", "--format", "csv", "--format=json", text=PASSPORT)[1], PASSPORT_JSON)

@@ -23,7 +23,7 @@ class Broken(unittest.TestCase):
     def test_a_full_disk(self):
         calls = [["parse", "-"], ["parse", "--each", "line"], ["parse", "--each", "block", "--format", "csv"],
                  ["parse", "--format", "table"], ["element", "DAQ"], ["soundex", "Lee"], ["--help"], ["--version"],
-                 ["parse", "--help"], []]
+                 ["parse", "--help"]]
         for arguments in calls:
             with self.subTest(arguments=arguments), open("/dev/full", "wb") as full:
                 code, _, err = varnel(*arguments, text=PASSPORT_LINE, stdout=full)

@@ -4,14 +4,14 @@ import unittest
 
 from support import PASSPORT, SOURCES, varnel
 
-HELP_HINT = " (varnel --help tells more)\n"
+HELP_HINT = " (see varnel --help)\n"
 
 
 class Help(unittest.TestCase):
     def test_alone_it_explains_itself(self):
         code, out, err = varnel()
-        self.assertEqual((code, err), (2, b""))
-        self.assertEqual(out, varnel("--help")[1])
+        self.assertEqual((code, out), (2, b""))
+        self.assertEqual(err, varnel("--help")[1])
 
     def test_help_states_commands_examples_and_exit_codes(self):
         for arguments in (["--help"], ["-h"]):
@@ -21,18 +21,37 @@ class Help(unittest.TestCase):
                          "\n  2  "):
                 self.assertIn(part, out.decode())
 
-    def test_every_command_has_its_own_help_with_the_exit_codes(self):
+    def test_exit_codes_are_stated_once(self):
+        self.assertEqual(varnel("--help")[1].count(b"Exit codes:"), 1)
+        for command in ("parse", "element", "soundex"):
+            out = varnel(command, "--help")[1]
+            self.assertNotIn(b"Exit codes:", out)
+            self.assertTrue(out.endswith(b"\nvarnel --help lists the exit codes.\n\n"), out)
+
+    def test_every_command_has_its_own_help_with_an_example(self):
         for command, options in (("parse", ["--each", "--slots", "--format", "FILE"]),
                                  ("element", ["--format", "ID"]), ("soundex", ["--format", "NAME"])):
             code, out, err = varnel(command, "--help")
             self.assertEqual((code, err), (0, b""))
-            for part in [f"varnel {command} ", *options, "Exit codes:\n  0  ", "\n  1  ", "\n  2  "]:
+            for part in [f"Usage: varnel {command} ", *options, f"Examples:\n  varnel {command} ",
+                         "  -h,--help                   Print this help and leave\n",
+                         "  -V,--version                Print the version and leave\n"]:
                 self.assertIn(part, out.decode())
+
+    def test_the_command_help_prints_the_same_help(self):
+        self.assertEqual(varnel("help"), varnel("--help"))
+        for command in ("parse", "element", "soundex", "help"):
+            with self.subTest(command=command):
+                self.assertEqual(varnel("help", command), varnel(command, "--help"))
+        self.assertEqual(varnel("help", "prase"), (2, b"", b"varnel: unknown command 'prase'; did you mean 'parse'?" +
+                                                   HELP_HINT.encode()))
 
     def test_version_is_that_of_the_library(self):
         header = (SOURCES / "include" / "Varnel" / "Varnel.h").read_text(encoding="utf-8")
         version = header.split('#define VARNEL_VERSION "')[1].split('"')[0]
-        self.assertEqual(varnel("--version"), (0, f"varnel {version}\n".encode(), b""))
+        for arguments in (["--version"], ["-V"], ["parse", "--version"], ["element", "-V"], ["soundex", "Lee", "-V"]):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(varnel(*arguments), (0, f"varnel {version}\n".encode(), b""))
 
 
 class Mistakes(unittest.TestCase):
@@ -48,7 +67,6 @@ class Mistakes(unittest.TestCase):
             self.assertEqual(self.complaint(word), f"unknown command '{word}'; did you mean '{meant}'?")
 
     def test_commands_that_are_options(self):
-        self.assertEqual(self.complaint("help"), "unknown command 'help'; did you mean '--help'?")
         self.assertEqual(self.complaint("version"), "unknown command 'version'; did you mean '--version'?")
 
     def test_a_command_like_no_other(self):
@@ -56,7 +74,7 @@ class Mistakes(unittest.TestCase):
 
     def test_dashes_in_the_place_of_the_command(self):
         self.assertEqual(self.complaint("--", "prase"), "unknown command 'prase'; did you mean 'parse'?")
-        self.assertEqual(varnel("--"), (2, varnel("--help")[1], b""))
+        self.assertEqual(varnel("--"), (2, b"", varnel("--help")[1]))
 
     def test_a_file_in_the_place_of_the_command(self):
         path = str(SOURCES / "LICENSE")
@@ -64,7 +82,9 @@ class Mistakes(unittest.TestCase):
 
     def test_a_zone_in_the_place_of_the_command_is_not_repeated(self):
         for arguments in ([PASSPORT.decode()], ["--", PASSPORT.decode()], ["-" + PASSPORT.decode()],
-                          ["parse", "--P<UTO"]):
+                          ["parse", "--P<UTO"], ["parse", "--format", PASSPORT.decode()],
+                          ["parse", "--each=" + PASSPORT.decode()], ["help", PASSPORT.decode()],
+                          ["parse", "--each", "L898902C36UTO7408122F1204159ZE184226B0000010"]):
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.complaint(*arguments), "the text of a document is read from standard "
                                  "input: varnel parse < FILE")
@@ -91,7 +111,7 @@ class Mistakes(unittest.TestCase):
                 (["--format", "csv"], "--format", "parse")):
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.complaint(*arguments),
-                                 f"'{option}' goes behind the command: varnel {command} {option} ...")
+                                 f"'{option}' goes after the command: varnel {command} {option} ...")
         self.assertEqual(self.complaint("--each", "line", "soundex", "Lee"), "unknown option '--each'")
 
     def test_an_option_like_no_other(self):
@@ -117,6 +137,9 @@ class Mistakes(unittest.TestCase):
         for arguments in (["parse", "--each"], ["parse", "--each", "--", "x"], ["parse", "--each", "--slots"]):
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.complaint(*arguments), "--each needs a value: line or block")
+
+    def test_values_that_are_not_taken(self):
+        self.assertEqual(self.complaint("parse", "--slots=yes"), "--slots takes no value")
 
     def test_missing_operands(self):
         self.assertEqual(self.complaint("element"), "element needs at least one ID")

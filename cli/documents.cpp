@@ -1,0 +1,166 @@
+#include "documents.hpp"
+
+#include "complaints.hpp"
+#include "exit_codes.hpp"
+#include "formats.hpp"
+#include "input.hpp"
+#include "platform.hpp"
+#include "progress.hpp"
+
+#include <memory>
+#include <vector>
+
+namespace varnel::cli {
+
+namespace {
+
+// Bytes of all files together; 0 when the size of one is not known.
+std::uint64_t total_size(const std::vector<std::string> &operands) {
+  std::uint64_t total = 0;
+  for (const std::string &operand : operands) {
+    const std::uint64_t size = file_size(operand);
+    if (size == 0) {
+      return 0;
+    }
+    total += size;
+  }
+  return total;
+}
+
+class document_run {
+public:
+  document_run(const arguments &asked, output &out, document_command &command, std::size_t counted)
+      : operands_(asked.operands.empty() ? std::vector<std::string>{"-"} : asked.operands),
+        split_(split_of(asked)), batch_(split_ != split::whole), titled_(format_of(asked) == format::table),
+        with_source_(asked.has("with-source")),
+        reasons_(!batch_ || asked.has("verbose") || is_terminal(STANDARD_ERROR)), out_(out),
+        command_(command), reader_(split_, counted), progress_(batch_ ? total_size(operands_) : 0) {}
+
+  int run() {
+    command_.begin();
+    for (const std::string &operand : operands_) {
+      if (out_.error() != 0 || stopped()) {
+        break;
+      }
+      out_.flush(); // an output file that is read shows by its size
+      read_all_of(operand);
+    }
+    if (batch_ && out_.error() == 0) {
+      progress_.erase();
+      out_.flush();
+      progress_.summarise(counts_, hint());
+    }
+    return trouble_ ? EXIT_TROUBLE : counts_.refused > 0 ? EXIT_SOME_REFUSED : EXIT_ALL_READ;
+  }
+
+private:
+  void read_all_of(const std::string &operand) {
+    input from(operand);
+    // What is known is shown before more is waited for.
+    reader_.open([&](char *into, std::size_t room) {
+      progress_.erase();
+      out_.flush();
+      if (batch_ && !from.is_terminal()) {
+        progress_.draw(counts_);
+      }
+      const std::ptrdiff_t count = from.read(into, room);
+      progress_.advance(count > 0 ? static_cast<std::uint64_t>(count) : 0);
+      return count;
+    });
+    if (from.is_terminal() && is_terminal(STANDARD_ERROR)) {
+      complain("reading from the terminal; end the text with Ctrl-D");
+    }
+    document_text text;
+    while (out_.error() == 0 && !stopped() && reader_.next(text)) {
+      read(text, operand, from.name());
+    }
+    if (reader_.failed() && !stopped()) {
+      report_unreadable(operand, from);
+    }
+  }
+
+  void read(const document_text &text, const std::string &operand, const std::string &name) {
+    const std::uint64_t number = ++counts_.documents;
+    const std::string title = titled_ ? title_of(number, text.line, name) : "";
+    const document from = {text.text, number, operand, text.line, title};
+    if (text.over_long) {
+      command_.skip(from);
+      ++counts_.refused;
+      report(name + (split_ == split::line ? ": line " : ": block at line ") + std::to_string(text.line) +
+             ": longer than 1 MiB, refused");
+    } else if (!command_.read(from)) {
+      ++counts_.refused;
+      if (reasons_) {
+        report_refused(from, name);
+      }
+    }
+  }
+
+  void report_refused(const document &from, const std::string &name) {
+    const std::string reason = command_.reason(from);
+    if (!reason.empty()) {
+      const std::string place =
+          batch_ ? ": document " + std::to_string(from.number) + " (line " + std::to_string(from.line) + ")"
+                 : "";
+      report(name + place + ": " + reason);
+    }
+  }
+
+  // Among several files each keeps its place in the output.
+  void report_unreadable(const std::string &operand, const input &from) {
+    trouble_ = true;
+    if (!batch_ && operands_.size() > 1) {
+      const std::uint64_t number = ++counts_.documents;
+      const std::string title = titled_ ? title_of(number, 1, from.name()) : "";
+      command_.skip({"", number, operand, 1, title});
+    }
+    report(from.complaint());
+  }
+
+  // Zones as they are printed, read by the line, are refused one and all.
+  std::string_view hint() const {
+    const bool none_read = counts_.documents > 1 && counts_.refused == counts_.documents;
+    return split_ == split::line && none_read ? "; documents of several lines are read with --each block"
+                                              : "";
+  }
+
+  std::string title_of(std::uint64_t number, std::uint64_t line, const std::string &name) const {
+    if (!batch_) {
+      return operands_.size() > 1 || with_source_ ? name : "";
+    }
+    const std::string source = with_source_ ? " (" + name + ", line " + std::to_string(line) + ")" : "";
+    return "document " + std::to_string(number) + source;
+  }
+
+  void report(const std::string &message) {
+    progress_.erase();
+    out_.flush(); // the output stands before what is said of it
+    complain(message);
+  }
+
+  std::vector<std::string> operands_;
+  split split_;
+  bool batch_;
+  bool titled_;
+  bool with_source_;
+  bool reasons_;
+  output &out_;
+  document_command &command_;
+  document_reader reader_;
+  progress progress_;
+  tally counts_;
+  bool trouble_ = false;
+};
+
+} // namespace
+
+split split_of(const arguments &asked) {
+  const std::string_view word = asked.value("each");
+  return word == "line" ? split::line : word == "block" ? split::block : split::whole;
+}
+
+int read_documents(const arguments &asked, output &out, document_command &command, std::size_t counted) {
+  return std::make_unique<document_run>(asked, out, command, counted)->run();
+}
+
+} // namespace varnel::cli

@@ -1,0 +1,68 @@
+// What commands that read documents have in common: files and standard input, one document each or many
+// of them, with numbers, progress, complaints and exit codes. A command says what it makes of one document.
+#ifndef VARNEL_CLI_DOCUMENTS_HPP
+#define VARNEL_CLI_DOCUMENTS_HPP
+
+#include "arguments.hpp"
+#include "document_reader.hpp"
+#include "output.hpp"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace varnel::cli {
+
+inline constexpr option EACH_OPTION = {
+    "each", "line|block",
+    "Read many documents from each file; line: the whole zone on one line;\n"
+    "block: zones as printed, separated by empty lines"};
+inline constexpr option WITH_SOURCE_OPTION = {
+    "with-source", "", "Print the file and the line at which each document begins (JSON and CSV)"};
+inline constexpr option VERBOSE_OPTION = {
+    "verbose", "",
+    "With --each, say why each document was refused (default: when standard error\nis a terminal)"};
+
+split split_of(const arguments &asked);
+
+/** A document, and where it came from. */
+struct document {
+  std::string_view text;  /**< as document_text has it */
+  std::uint64_t number;   /**< from 1, over all inputs */
+  std::string_view file;  /**< the operand as it was typed; "-" is standard input */
+  std::uint64_t line;     /**< its first line in the input, from 1 */
+  std::string_view title; /**< the heading that its table has; none when empty */
+};
+
+class document_command {
+public:
+  virtual ~document_command() = default;
+
+  /** Writes what comes before the first document, such as the header of CSV. */
+  virtual void begin() {}
+
+  /** Reads one document and writes the answer; false when it was refused. */
+  virtual bool read(const document &from) = 0;
+
+  /** Writes the answer that takes the place of a document that could not be read at all. */
+  virtual void skip(const document &from) = 0;
+
+  /**
+   * Why read() has just refused the document, with nothing of its text; empty when there is nothing to
+   * say. Without --each it is always asked.
+   */
+  virtual std::string reason(const document &from) = 0;
+};
+
+/**
+ * Reads all documents that the arguments name and hands each to the command.
+ *
+ * @param counted how many bytes of each document matter to the command; no more are kept
+ * @return        the exit code
+ */
+int read_documents(const arguments &asked, output &out, document_command &command,
+                   std::size_t counted = document_reader::COUNTED);
+
+} // namespace varnel::cli
+
+#endif

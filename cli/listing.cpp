@@ -1,0 +1,69 @@
+#include "listing.hpp"
+
+#include "colours.hpp"
+#include "quoting.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace varnel::cli {
+
+namespace {
+
+char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+} // namespace
+
+listing::listing(output &out, format how, row heading) : out_(out), format_(how), widths_(heading.size()) {
+  if (format_ == format::csv) {
+    put_csv(heading);
+  } else if (format_ == format::table) {
+    for (std::string &cell : heading) {
+      std::transform(cell.begin(), cell.end(), cell.begin(), capital);
+    }
+    keep(std::move(heading));
+  }
+}
+
+void listing::add(row cells) {
+  if (format_ == format::csv) {
+    put_csv(cells);
+  } else if (format_ == format::table) {
+    keep(std::move(cells));
+  }
+}
+
+void listing::put_csv(const row &cells) {
+  for (const std::string &cell : cells) {
+    out_.put(&cell == &cells.front() ? "" : ",");
+    put_csv_cell(out_, cell);
+  }
+  out_.put('\n');
+}
+
+void listing::keep(row cells) {
+  for (std::size_t column = 0; column < cells.size(); ++column) {
+    cells[column] = printable(cells[column]);
+    widths_[column] = std::max(widths_[column], printed_width(cells[column]));
+  }
+  rows_.push_back(std::move(cells));
+}
+
+void listing::finish() {
+  const bool coloured = wants_colour(STANDARD_OUTPUT);
+  if (rows_.size() < 2) {
+    return;
+  }
+  for (const row &cells : rows_) {
+    std::string line;
+    for (std::size_t column = 0; column + 1 < cells.size(); ++column) {
+      line += cells[column];
+      line.append(widths_[column] + 2 - printed_width(cells[column]), ' ');
+    }
+    line += cells.back();
+    put_coloured(out_, coloured && &cells == &rows_.front(), HEADING_COLOUR, line);
+    out_.put('\n');
+  }
+}
+
+} // namespace varnel::cli
