@@ -11,17 +11,39 @@ constexpr int check_value(char c) {
   return ascii::is_digit(c) ? c - '0' : ascii::is_upper(c) ? c - 'A' + 10 : 0;
 }
 
+namespace detail {
+
+struct check_values {
+  unsigned char of[256] = {};
+
+  constexpr check_values() {
+    for (int c = 0; c < 128; ++c) {
+      of[c] = static_cast<unsigned char>(check_value(static_cast<char>(c)));
+    }
+  }
+};
+
+inline constexpr check_values CHECK_VALUES;
+
+} // namespace detail
+
 // A sum that goes on from stretch to stretch, as the composite needs it.
 class check_sum {
 public:
   constexpr void add(char c) {
-    constexpr int weights[3] = {7, 3, 1};
-    sum_ += check_value(c) * weights[position_];
-    position_ = position_ == 2 ? 0 : position_ + 1;
+    sum_ += value(c) * weight_;
+    weight_ = after(weight_);
   }
 
   constexpr void add(const char *text, int length) {
-    for (int i = 0; i < length; ++i) {
+    // After three characters the weights come round.
+    const unsigned second = after(weight_);
+    const unsigned third = after(second);
+    int i = 0;
+    for (; i + 3 <= length; i += 3) {
+      sum_ += value(text[i]) * weight_ + value(text[i + 1]) * second + value(text[i + 2]) * third;
+    }
+    for (; i < length; ++i) {
       add(text[i]);
     }
   }
@@ -30,8 +52,12 @@ public:
   constexpr char digit() const { return static_cast<char>('0' + sum_ % 10); }
 
 private:
-  int sum_ = 0;
-  int position_ = 0;
+  static constexpr unsigned value(char c) { return detail::CHECK_VALUES.of[static_cast<unsigned char>(c)]; }
+
+  static constexpr unsigned after(unsigned weight) { return weight == 7 ? 3 : weight == 3 ? 1 : 7; }
+
+  unsigned sum_ = 0;
+  unsigned weight_ = 7;
 };
 
 constexpr char check_digit(const char *text, int length) {

@@ -2,9 +2,7 @@
 
 #include <string.h>
 
-#include "../ascii.hpp"
 #include "../utf8.hpp"
-#include "layouts.hpp"
 
 namespace documents {
 
@@ -147,28 +145,6 @@ bool begins_with_filler_entity(const char *text, uint32_t size) {
   return size >= sizeof FILLER_ENTITY && memcmp(text, FILLER_ENTITY, sizeof FILLER_ENTITY) == 0;
 }
 
-// What a byte adds to the kept characters of its line, where that can be told from the byte alone.
-enum : uint8_t { ADDS_NONE, ADDS_ONE, LOOK_CLOSER };
-
-struct byte_table {
-  uint8_t adds[256] = {};
-  char as[128] = {};
-
-  constexpr byte_table() {
-    for (int c = 0; c < 256; ++c) {
-      const int capital = ascii::to_upper(c);
-      if (c >= 128 || c == '&' || is_line_end(static_cast<uint32_t>(c))) {
-        adds[c] = LOOK_CLOSER;
-      } else if (ascii::is_digit(c) || ascii::is_upper(capital) || c == FILLER) {
-        adds[c] = ADDS_ONE;
-        as[c] = static_cast<char>(capital);
-      }
-    }
-  }
-};
-
-constexpr byte_table BYTES;
-
 } // namespace
 
 character read_character(const char *text, uint32_t size) {
@@ -185,28 +161,52 @@ character read_character(const char *text, uint32_t size) {
   return {is_line_end(c) ? kind::line_end : is_space(c) ? kind::space : kind::dropped, '\0', 1};
 }
 
+namespace {
+
+constexpr unsigned adds(char c) { return BYTES.adds[static_cast<unsigned char>(c)]; }
+
+// Passes over bytes that need no closer look, four at a time and then singly. Returns the first that does,
+// or the end.
+const char *pass_plain_bytes(const char *at, const char *end, uint32_t &kept) {
+  for (; end - at >= 4; at += 4) {
+    const unsigned sum = adds(at[0]) + adds(at[1]) + adds(at[2]) + adds(at[3]);
+    if (sum >= byte_table::LOOK_CLOSER) {
+      break;
+    }
+    kept += sum;
+  }
+  for (; at < end && adds(*at) != byte_table::LOOK_CLOSER; ++at) {
+    kept += adds(*at);
+  }
+  return at;
+}
+
+} // namespace
+
 // The next line, whether something of it is kept or not.
 bool line_reader::next_of_any(text_line &line) {
   if (at_ >= passage_.end) {
     return false;
   }
-  line = {at_, at_, 0};
-  while (at_ < passage_.end) {
-    const uint8_t adds = BYTES.adds[static_cast<unsigned char>(passage_.text[at_])];
-    if (adds != LOOK_CLOSER) {
-      line.kept += adds;
-      ++at_;
-      continue;
-    }
-    const character c = read_character(passage_.text + at_, passage_.end - at_);
-    line.end = at_;
-    at_ += c.length;
+  const char *const end = passage_.text + passage_.end;
+  const char *at = passage_.text + at_;
+  uint32_t kept = 0;
+  bool single_bytes = true;
+  line.begin = at_;
+  line.end = at_ = passage_.end;
+  while ((at = pass_plain_bytes(at, end, kept)) < end) {
+    const character c = read_character(at, static_cast<uint32_t>(end - at));
     if (c.kind == kind::line_end) {
-      return true;
+      line.end = static_cast<uint32_t>(at - passage_.text);
+      at_ = line.end + c.length;
+      break;
     }
-    line.kept += c.kind == kind::kept ? 1u : c.kind == kind::two_kept ? 2u : 0u;
+    at += c.length;
+    single_bytes = false;
+    kept += c.kind == kind::kept ? 1u : c.kind == kind::two_kept ? 2u : 0u;
   }
-  line.end = passage_.end;
+  line.kept = kept;
+  line.is_plain = single_bytes && kept == line.end - line.begin;
   return true;
 }
 
@@ -219,7 +219,7 @@ bool line_reader::next(text_line &line) {
   return true;
 }
 
-bool character_reader::next(kept_character &kept) {
+bool character_reader::next_of_many(kept_character &kept) {
   if (has_second_) {
     has_second_ = false;
     kept = {FILLER, false, pair_};

@@ -10,6 +10,9 @@
 
 #include <stdint.h>
 
+#include "../ascii.hpp"
+#include "layouts.hpp"
+
 namespace documents {
 
 enum class character_kind : uint8_t {
@@ -27,6 +30,28 @@ struct character {
   uint8_t length; // in bytes
 };
 
+// What single bytes are in a text of UTF-8.
+struct byte_table {
+  enum : uint8_t { ADDS_NONE = 0, ADDS_ONE = 1, LOOK_CLOSER = 32 };
+
+  uint8_t adds[256] = {}; // to the kept characters of its line, where the byte alone says so
+  char as[256] = {};      // what it is read as; NUL unless it is a kept character by itself
+
+  constexpr byte_table() {
+    for (int c = 0; c < 256; ++c) {
+      const int capital = ascii::to_upper(c);
+      if (c >= 128 || c == '&' || (c >= '\n' && c <= '\r')) {
+        adds[c] = LOOK_CLOSER;
+      } else if (ascii::is_digit(c) || ascii::is_upper(capital) || c == FILLER) {
+        adds[c] = ADDS_ONE;
+        as[c] = static_cast<char>(capital);
+      }
+    }
+  }
+};
+
+inline constexpr byte_table BYTES;
+
 // The character that the text begins with; `size` is at least 1.
 character read_character(const char *text, uint32_t size);
 
@@ -42,6 +67,7 @@ struct text_line {
   uint32_t begin;
   uint32_t end;
   uint32_t kept;
+  bool is_plain; // every byte is a kept character
 };
 
 // Walks the lines of a passage of which something is kept.
@@ -72,9 +98,22 @@ public:
   character_reader(const char *text, text_line line) : text_(text), at_(line.begin), end_(line.end) {}
 
   // False at the line's end.
-  bool next(kept_character &kept);
+  bool next(kept_character &kept) {
+    if (at_ < end_ && !has_second_) {
+      const char as = BYTES.as[static_cast<unsigned char>(text_[at_])];
+      if (as != '\0') {
+        kept = {as, false, {at_, at_ + 1}};
+        ++at_;
+        return true;
+      }
+    }
+    return next_of_many(kept);
+  }
 
 private:
+  // The same where more than one byte may have to be looked at.
+  bool next_of_many(kept_character &kept);
+
   const char *text_;
   uint32_t at_;
   uint32_t end_;

@@ -37,6 +37,15 @@ bool are_digits(const char *text, int length) {
   return true;
 }
 
+bool has_digit(const char *text, int length) {
+  for (int i = 0; i < length; ++i) {
+    if (ascii::is_digit(text[i])) {
+      return true;
+    }
+  }
+  return false;
+}
+
 int two_digits(const char *text) { return (text[0] - '0') * 10 + (text[1] - '0'); }
 
 // Where the first "<<" begins; `length` when there is none.
@@ -49,22 +58,24 @@ int find_separator(const char *text, int length) {
   return length;
 }
 
-// Copies a text without its outer fillers, every inner run of them as one space. Returns the length.
+int without_fillers_at_end(const char *text, int length) {
+  while (length > 0 && is_filler(text[length - 1])) {
+    --length;
+  }
+  return length;
+}
+
+// Copies a text that does not end in a filler: without fillers at its start, every other run of them as one
+// space. Returns the length.
 int copy_words(char *out, const char *text, int length) {
   int written = 0;
-  bool after_filler = false;
   for (int i = 0; i < length; ++i) {
-    if (is_filler(text[i])) {
-      after_filler = written > 0;
-      continue;
-    }
-    if (after_filler) {
+    if (!is_filler(text[i])) {
+      out[written++] = text[i];
+    } else if (written > 0 && !is_filler(text[i - 1])) {
       out[written++] = ' ';
-      after_filler = false;
     }
-    out[written++] = text[i];
   }
-  out[written] = '\0';
   return written;
 }
 
@@ -142,18 +153,14 @@ public:
 private:
   const char *at(stretch place) const { return zone_.lines[place.line] + place.column; }
 
+  // Null where the layout has no such check digit.
   varnel_check *check_of(int field) {
-    for (int i = 0; i < out_.check_count; ++i) {
-      if (out_.checks[i].field == field) {
-        return &out_.checks[i];
-      }
-    }
-    return nullptr;
+    return checks_[field] != 0 ? &out_.checks[checks_[field] - 1] : nullptr;
   }
 
-  bool composite_holds() {
-    const varnel_check *composite = check_of(VARNEL_COMPOSITE);
-    return composite != nullptr && composite->holds;
+  // Null where the layout lacks the field.
+  const varnel_inspected_field *field_of(int field) const {
+    return fields_[field] != 0 ? &out_.fields[fields_[field] - 1] : nullptr;
   }
 
   void copy_lines() {
@@ -183,7 +190,10 @@ private:
     out_.check_count = form_.check_count;
     for (int i = 0; i < form_.check_count; ++i) {
       out_.checks[i] = compute(form_.checks[i]);
+      checks_[form_.checks[i].field] = static_cast<uint8_t>(i + 1);
     }
+    const varnel_check *composite = check_of(VARNEL_COMPOSITE);
+    composite_holds_ = composite != nullptr && composite->holds;
     optional_data_ = form_.optional_data;
     take_long_number();
     accept_filler_digit();
@@ -191,15 +201,13 @@ private:
 
   varnel_check compute(const check_place &place) const {
     check_sum sum;
-    bool all_fillers = true;
     for (int i = 0; i < place.covered_count; ++i) {
-      const stretch covered = place.covered[i];
-      sum.add(at(covered), covered.length);
-      all_fillers = all_fillers && is_all_fillers(at(covered), covered.length);
+      sum.add(at(place.covered[i]), place.covered[i].length);
     }
     const char found = zone_.lines[place.line][place.column];
     const char expected = sum.digit();
-    const bool filler_holds = place.field != VARNEL_COMPOSITE && is_filler(found) && all_fillers;
+    const bool filler_holds = place.field != VARNEL_COMPOSITE && is_filler(found) &&
+                              is_all_fillers(at(place.covered[0]), place.covered[0].length);
     return {place.field,      place.line, place.column, found == expected || filler_holds,
             VARNEL_RULE_NONE, found,      expected};
   }
@@ -215,7 +223,7 @@ private:
       ++taken;
     }
     varnel_check &check = *check_of(VARNEL_DOCUMENT_NUMBER);
-    if (taken < 2 || !is_filler(check.found) || has_filler(at(number), number.length) || !composite_holds()) {
+    if (taken < 2 || !is_filler(check.found) || has_filler(at(number), number.length) || !composite_holds_) {
       return;
     }
     const int length = taken - 1;
@@ -249,7 +257,7 @@ private:
   void accept_filler_digit() {
     varnel_check *check = check_of(VARNEL_PERSONAL_NUMBER);
     if (check != nullptr && !check->holds && is_filler(check->found) && check->expected == '0' &&
-        composite_holds()) {
+        composite_holds_) {
       check->holds = 1;
       filler_digit_ = true;
     }
@@ -259,6 +267,7 @@ private:
 
   void read(const field_place &f) {
     varnel_inspected_field &field = out_.fields[out_.field_count++];
+    fields_[f.field] = out_.field_count;
     field.field = f.field;
     place(field, part_of(f));
     switch (f.kind) {
@@ -378,20 +387,18 @@ private:
 
   void read_name(varnel_inspected_field &field, const field_place &f) {
     field.truncated = ascii::is_upper(at(f.place)[f.place.length - 1]);
-    if (copy_words(field.value, field.text, text_length_) == 0) {
+    const int length = without_fillers_at_end(field.text, text_length_);
+    if (length == 0) {
       set(field, VARNEL_STATUS_EMPTY, false);
       return;
     }
-    bool digits = false;
-    for (int i = 0; i < text_length_; ++i) {
-      digits = digits || ascii::is_digit(field.text[i]);
-    }
+    const bool digits = has_digit(field.text, length);
     const bool national = form_.id == VARNEL_LAYOUT_TD3 && memcmp(zone_.lines[0], "PNRUS", 5) == 0;
-    if ((digits && !national) || has_noise_in_tail(field)) {
-      field.value[0] = '\0';
+    if ((digits && !national) || has_noise_in_tail(field, length)) {
       set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
       return;
     }
+    copy_words(field.value, field.text, length);
     set(field, VARNEL_STATUS_OK, true);
     if (digits) {
       notice(field, VARNEL_NOTICE_NATIONAL_LETTERS);
@@ -400,12 +407,12 @@ private:
 
   // Whether something stands in the secondary identifier after a run of three or more fillers; the "<<"
   // before it is part of its first run.
-  bool has_noise_in_tail(const varnel_inspected_field &field) const {
+  bool has_noise_in_tail(const varnel_inspected_field &field, int length) const {
     if (field.field != VARNEL_SECONDARY_IDENTIFIER) {
       return false;
     }
     int run = form_.one_field_of_names ? 2 : 0;
-    for (int i = 0; i < text_length_; ++i) {
+    for (int i = 0; i < length; ++i) {
       if (is_filler(field.text[i])) {
         ++run;
       } else if (run >= 3) {
@@ -418,7 +425,7 @@ private:
   }
 
   void read_number(varnel_inspected_field &field) {
-    const int length = copy_words(field.value, field.text, text_length_);
+    const int length = copy_words(field.value, field.text, without_fillers_at_end(field.text, text_length_));
     set(field, length == 0 ? VARNEL_STATUS_EMPTY : VARNEL_STATUS_OK, length != 0);
     if (field.field == VARNEL_DOCUMENT_NUMBER) {
       memcpy(field.value + length, at(continuation_), continuation_.length);
@@ -492,12 +499,12 @@ private:
       return is_listed_ ? VARNEL_PROOF_LIST : VARNEL_PROOF_NONE;
     }
     if (check != nullptr) {
-      return composite_holds() ? VARNEL_PROOF_DIGITS : VARNEL_PROOF_DIGIT;
+      return composite_holds_ ? VARNEL_PROOF_DIGITS : VARNEL_PROOF_DIGIT;
     }
     const bool is_optional_data = field.field == VARNEL_OPTIONAL_DATA_1 ||
                                   field.field == VARNEL_OPTIONAL_DATA_2 ||
                                   field.field == VARNEL_OPTIONAL_DATA;
-    return is_optional_data && composite_holds() ? VARNEL_PROOF_COMPOSITE : VARNEL_PROOF_NONE;
+    return is_optional_data && composite_holds_ ? VARNEL_PROOF_COMPOSITE : VARNEL_PROOF_NONE;
   }
 
   // Findings.
@@ -533,7 +540,7 @@ private:
   }
 
   bool expires_before_birth(const varnel_inspected_field &expiry) const {
-    const varnel_inspected_field &birth = *find_field(out_, VARNEL_BIRTH_DATE);
+    const varnel_inspected_field &birth = *field_of(VARNEL_BIRTH_DATE);
     return birth.status == VARNEL_STATUS_OK && birth.day != 0 && expiry.status == VARNEL_STATUS_OK &&
            is_before(date_of(expiry), date_of(birth));
   }
@@ -547,7 +554,7 @@ private:
   }
 
   void compare_expiry() {
-    const varnel_inspected_field *expiry = find_field(out_, VARNEL_EXPIRY_DATE);
+    const varnel_inspected_field *expiry = field_of(VARNEL_EXPIRY_DATE);
     if (expiry != nullptr && expiry->status == VARNEL_STATUS_OK) {
       out_.expired = is_before(date_of(*expiry), reference_);
     }
@@ -559,9 +566,9 @@ private:
     if (form_.id != VARNEL_LAYOUT_TD1 && form_.id != VARNEL_LAYOUT_TD2 && form_.id != VARNEL_LAYOUT_TD3) {
       return;
     }
-    const int number = find_field(out_, VARNEL_DOCUMENT_NUMBER)->status;
-    const int birth = find_field(out_, VARNEL_BIRTH_DATE)->status;
-    const int expiry = find_field(out_, VARNEL_EXPIRY_DATE)->status;
+    const int number = field_of(VARNEL_DOCUMENT_NUMBER)->status;
+    const int birth = field_of(VARNEL_BIRTH_DATE)->status;
+    const int expiry = field_of(VARNEL_EXPIRY_DATE)->status;
     const bool birth_is_right = birth == VARNEL_STATUS_OK || birth == VARNEL_STATUS_EMPTY;
     if (number != VARNEL_STATUS_OK || !birth_is_right || !check_of(VARNEL_BIRTH_DATE)->holds ||
         expiry != VARNEL_STATUS_OK) {
@@ -587,6 +594,10 @@ private:
   const layout &form_;
   const date reference_;
   varnel_inspection &out_;
+  // By field: one more than its entry in the record, 0 where the layout lacks it.
+  uint8_t checks_[VARNEL_DOCUMENT_FIELD_END] = {};
+  uint8_t fields_[VARNEL_DOCUMENT_FIELD_END] = {};
+  bool composite_holds_ = false;
   stretch optional_data_ = {}; // what a long number leaves of it
   stretch continuation_ = {};  // of a long number; else without columns
   bool filler_digit_ = false;  // a filler stands for the personal number's digit 0

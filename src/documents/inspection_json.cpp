@@ -5,6 +5,7 @@
 
 #include "layouts.hpp"
 #include "names.hpp"
+#include "states.hpp"
 
 using namespace documents;
 
@@ -15,27 +16,36 @@ class json_writer {
 public:
   json_writer(char *out, size_t size) : out_(out), room_(size > 0 ? size - 1 : 0) {}
 
-  void raw(const char *text, size_t length) {
-    if (length_ < room_) {
-      const size_t free = room_ - length_;
-      memcpy(out_ + length_, text, length < free ? length : free);
+  // A literal, without its NUL.
+  template <size_t Size> void raw(const char (&literal)[Size]) {
+    constexpr size_t length = Size - 1;
+    if (has_room_for(length)) {
+      memcpy(out_ + length_, literal, length);
+    } else {
+      write_what_fits(literal, length);
     }
     length_ += length;
   }
 
-  // A literal, without its NUL.
-  template <size_t Size> void raw(const char (&literal)[Size]) { raw(literal, Size - 1); }
-
-  void raw(char c) { raw(&c, 1); }
+  void raw(char c) {
+    if (has_room_for(1)) {
+      out_[length_] = c;
+    }
+    ++length_;
+  }
 
   void number(unsigned value) {
+    if (value < 10) {
+      raw(static_cast<char>('0' + value));
+      return;
+    }
     char digits[10];
     int first = sizeof digits;
     do {
       digits[--first] = static_cast<char>('0' + value % 10);
       value /= 10;
     } while (value > 0);
-    raw(digits + first, sizeof digits - static_cast<size_t>(first));
+    text(digits + first, sizeof digits - static_cast<size_t>(first));
   }
 
   void number_or_null(int value, bool is_null) {
@@ -53,7 +63,7 @@ public:
       digits[i] = static_cast<char>('0' + value % 10);
       value /= 10;
     }
-    raw(digits, static_cast<size_t>(width));
+    text(digits, static_cast<size_t>(width));
   }
 
   void boolean(bool value) {
@@ -64,22 +74,30 @@ public:
     }
   }
 
-  // A string; null for a null pointer. Control characters do not occur.
-  void string(const char *text) {
-    if (text == nullptr) {
+  // A string of which no character needs a backslash; null for a null pointer.
+  void string(const char *characters) {
+    if (characters == nullptr) {
       raw("null");
       return;
     }
     raw('"');
-    const char *begin = text;
-    for (; *text != '\0'; ++text) {
-      if (*text == '"' || *text == '\\') {
-        raw(begin, static_cast<size_t>(text - begin));
-        raw('\\');
-        begin = text;
-      }
+    text(characters, strlen(characters));
+    raw('"');
+  }
+
+  // Any string without control characters.
+  void escaped_string(const char *characters) {
+    if (characters == nullptr) {
+      raw("null");
+      return;
     }
-    raw(begin, static_cast<size_t>(text - begin));
+    raw('"');
+    for (; *characters != '\0'; ++characters) {
+      if (*characters == '"' || *characters == '\\') {
+        raw('\\');
+      }
+      raw(*characters);
+    }
     raw('"');
   }
 
@@ -92,6 +110,24 @@ public:
   }
 
 private:
+  bool has_room_for(size_t length) const { return length_ + length <= room_; }
+
+  void text(const char *characters, size_t length) {
+    if (has_room_for(length)) {
+      memcpy(out_ + length_, characters, length);
+    } else {
+      write_what_fits(characters, length);
+    }
+    length_ += length;
+  }
+
+  void write_what_fits(const char *characters, size_t length) {
+    if (length_ < room_) {
+      const size_t free = room_ - length_;
+      memcpy(out_ + length_, characters, length < free ? length : free);
+    }
+  }
+
   char *out_;
   size_t room_; // for text, the NUL left out
   size_t length_ = 0;
@@ -123,16 +159,21 @@ void write_zone(json_writer &json, const varnel_inspection &inspection) {
   json.raw(']');
 }
 
+void write_state(json_writer &json, const char *value) {
+  const state found = find_state(value, value != nullptr ? static_cast<int>(strlen(value)) : 0);
+  json.raw(",\"name\":");
+  json.escaped_string(found.name);
+  json.raw(",\"alpha2\":");
+  json.string(found.alpha2[0] != '\0' ? found.alpha2 : nullptr);
+}
+
 // What a field has beyond what every field has.
 void write_additions(json_writer &json, const varnel_inspection &inspection,
                      const varnel_inspected_field &field) {
   const char *value = field.has_value ? field.value : nullptr;
   switch (LAYOUTS[inspection.layout].find(field.field)->kind) {
   case field_kind::state:
-    json.raw(",\"name\":");
-    json.string(varnel_state_name(value));
-    json.raw(",\"alpha2\":");
-    json.string(varnel_state_alpha2(value));
+    write_state(json, value);
     break;
   case field_kind::names:
     json.raw(",\"truncated\":");
@@ -225,9 +266,9 @@ void write_changes(json_writer &json, const varnel_inspection &inspection) {
     json.raw(",\"column\":");
     json.number(change.column);
     json.raw(",\"from\":");
-    json.string(change.from);
+    json.escaped_string(change.from);
     json.raw(",\"to\":");
-    json.string(change.to);
+    json.escaped_string(change.to);
     json.raw(",\"reason\":");
     json.string(varnel_change_name(change.reason));
     json.raw('}');

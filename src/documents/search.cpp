@@ -4,16 +4,34 @@ namespace documents {
 
 namespace {
 
-// Reads a line's characters into as many lines of the zone as it holds, the first of them `first`.
-void read_lines(const char *text, text_line line, int first, int width, zone_reading &zone) {
+// The same for a line of which every byte is a kept character.
+void read_plain_lines(const char *text, text_line line, int row, int width, zone_reading &zone) {
+  for (uint32_t at = line.begin; at < line.end; ++row) {
+    for (int column = 0; column < width; ++column, ++at) {
+      zone.lines[row][column] = BYTES.as[static_cast<unsigned char>(text[at])];
+      zone.sources[row][column] = {at, at + 1};
+    }
+  }
+}
+
+// Reads a line's characters into as many lines of the zone as it holds, the first of them `row`.
+void read_lines(const char *text, text_line line, int row, int width, zone_reading &zone) {
+  if (line.is_plain) {
+    read_plain_lines(text, line, row, width, zone);
+    return;
+  }
   character_reader characters(text, line);
   kept_character kept;
-  for (int i = 0; characters.next(kept); ++i) {
-    const int row = first + i / width;
-    const int column = i % width;
+  for (int column = 0; characters.next(kept); ++column) {
+    if (column == width) {
+      column = 0;
+      ++row;
+    }
     zone.lines[row][column] = kept.c;
     zone.sources[row][column] = kept.source;
-    zone.dropped[row] = zone.dropped[row] || (kept.after_dropped && column > 0);
+    if (kept.after_dropped && column > 0) {
+      zone.dropped[row] = true;
+    }
   }
 }
 
@@ -51,7 +69,7 @@ constexpr int distance(uint32_t kept, int width) {
 }
 
 constexpr bool is_near(uint32_t kept, int width) {
-  return kept <= static_cast<uint32_t>(width + NEAR) && distance(kept, width) <= NEAR;
+  return kept - static_cast<uint32_t>(width - NEAR) <= 2 * NEAR; // below, it wraps round
 }
 
 // The last lines read, and what they may be.
@@ -67,7 +85,7 @@ public:
   const text_line *last(int count) const { return lines_ + (VARNEL_ZONE_LINES - count); }
 
   bool has_width(int count, int width) const {
-    for (int i = VARNEL_ZONE_LINES - count; i < VARNEL_ZONE_LINES; ++i) {
+    for (int i = VARNEL_ZONE_LINES - 1; i >= VARNEL_ZONE_LINES - count; --i) {
       if (lines_[i].kept != static_cast<uint32_t>(width)) {
         return false;
       }
@@ -158,21 +176,19 @@ private:
 
   void consider_near_misses() {
     for (const shape s : SHAPES) {
-      const text_line *window = window_.last(s.lines);
-      int sum = 0;
-      bool near = true;
-      for (int i = 0; i < s.lines; ++i) {
-        near = near && is_near(window[i].kept, s.width);
-        sum += near ? distance(window[i].kept, s.width) : 0;
-      }
-      if (near) {
-        consider_near_miss(window, s, sum);
-      }
+      consider_near_miss(window_.last(s.lines), s);
     }
   }
 
   // The least distance wins, then the last on the page, then the wider: the order in which windows come.
-  void consider_near_miss(const text_line *window, shape s, int sum) {
+  void consider_near_miss(const text_line *window, shape s) {
+    int sum = 0;
+    for (int i = s.lines - 1; i >= 0; --i) {
+      if (!is_near(window[i].kept, s.width)) {
+        return;
+      }
+      sum += distance(window[i].kept, s.width);
+    }
     const bool is_nearest = near_.form.lines == 0 || sum <= near_.distance;
     if (!is_nearest || !has_filler(window, s.lines)) {
       return;
