@@ -191,6 +191,70 @@ inline std::optional<inspection> inspect(std::string_view text, date today, repa
   return inspection(record);
 }
 
+/** @param id VARNEL_DOCUMENT_NUMBER and so on. @return its name in JSON; empty for any other number. */
+constexpr std::string_view field_name(int id) {
+  switch (id) {
+#define VARNEL_NAME_OF_FIELD(constant, key)                                                                  \
+  case constant:                                                                                             \
+    return key;
+    VARNEL_DOCUMENT_FIELDS(VARNEL_NAME_OF_FIELD)
+#undef VARNEL_NAME_OF_FIELD
+  default:
+    return {};
+  }
+}
+
+/** @param reason VARNEL_COMPOSE_MISSING and so on. @return its name; empty for any other number. */
+constexpr std::string_view compose_reason_name(int reason) {
+  switch (reason) {
+#define VARNEL_NAME_OF_REASON(constant, name)                                                                \
+  case constant:                                                                                             \
+    return name;
+    VARNEL_COMPOSE_REASONS(VARNEL_NAME_OF_REASON)
+#undef VARNEL_NAME_OF_REASON
+  default:
+    return {};
+  }
+}
+
+/** A composed zone, or the first value that was refused: a plain value that owns its text. */
+class composition {
+public:
+  /** @param zone the lines. */
+  explicit composition(const varnel_zone &zone) : zone_(zone) {}
+  /** @param error why there are none. */
+  explicit composition(const varnel_compose_error &error) : error_(error) {}
+
+  /** @return whether there is a zone. */
+  bool ok() const { return zone_.line_count > 0; }
+  /** @return whether there is a zone. */
+  explicit operator bool() const { return ok(); }
+  /** @return the number of its lines; 0 without a zone. */
+  std::size_t lines() const { return static_cast<std::size_t>(zone_.line_count); }
+  /** @param index from 0 to below lines(), not checked. @return that line. */
+  std::string_view line(std::size_t index) const { return zone_.lines[index]; }
+  /** @return the value that was refused and why; VARNEL_COMPOSE_NO_REASON with a zone. */
+  const varnel_compose_error &error() const { return error_; }
+
+private:
+  varnel_zone zone_ = {};
+  varnel_compose_error error_ = {};
+};
+
+/**
+ * Composes a zone, as varnel_compose() does.
+ *
+ * @param fields   the values: NUL-terminated UTF-8, null or empty where there is none.
+ * @param language "be", "bg", "mk", "sr" or "uk" for the exceptions of that language; null for none.
+ * @return the zone, or the first value that was refused.
+ */
+inline composition compose(const varnel_compose_fields &fields, const char *language = nullptr) {
+  const varnel_compose_options options = {language};
+  varnel_zone zone;
+  varnel_compose_error error;
+  return varnel_compose(&fields, &options, &zone, &error) == ERR_OK ? composition(zone) : composition(error);
+}
+
 } // namespace varnel
 
 #endif

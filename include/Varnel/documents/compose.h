@@ -96,6 +96,7 @@ enum {
 #define VARNEL_COMPOSE_REASON_CONSTANT(constant, name) constant,
   VARNEL_COMPOSE_REASONS(VARNEL_COMPOSE_REASON_CONSTANT)
 #undef VARNEL_COMPOSE_REASON_CONSTANT
+      VARNEL_COMPOSE_REASON_END /**< one more than the last reason */
 };
 
 /** The first value that was refused. */

@@ -82,6 +82,7 @@ enum {
 #define VARNEL_FINDING_CONSTANT(constant, name) constant,
   VARNEL_FINDINGS(VARNEL_FINDING_CONSTANT)
 #undef VARNEL_FINDING_CONSTANT
+      VARNEL_FINDING_END /**< one more than the last finding or notice */
 };
 
 /** Reasons of changes. */
