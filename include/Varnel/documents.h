@@ -9,6 +9,7 @@
 #ifndef VARNEL_DOCUMENTS_H
 #define VARNEL_DOCUMENTS_H
 
+#include <Varnel/documents/barcode.h>
 #include <Varnel/documents/compose.h>
 #include <Varnel/documents/inspect.h>
 
