@@ -11,16 +11,22 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace varnel::cli {
 
-/** How an input is cut into documents. */
+/**
+ * How an input is cut into documents. A line ends with a line feed, a carriage return, or both together;
+ * what ends it is no part of it. A line of nothing but spaces and tabs is empty.
+ */
 enum class split {
   whole, /**< the input is one document */
   line,  /**< every line is one, an empty line too */
-  block  /**< every run of lines that are not blank is one; a line of blanks, tabs and CR is blank */
+  block, /**< every run of lines that are not empty is one */
+  zone   /**< lines of the widths of a zone are one: three of 30, two of 36 or 44, the first of them with a
+              document's letter and a state, or one of 72, 88 or 90 */
 };
 
 /** One document as it stands in the input. */
@@ -56,34 +62,67 @@ public:
 
   /**
    * Gives the next document, or false after the last one. The text stays valid until the next call.
+   *
+   * Of zones the text is the characters that normalize_mrz() keeps, and what stands around them is passed
+   * over. But lines that make no zone and hold a filler, up to the next empty line or zone, are given as a
+   * document too: a damaged zone is not lost without a word.
+   *
    * After a failed read the document it broke off is not given out, and failed() is true.
    */
   bool next(document_text &document);
 
   bool failed() const { return failed_; }
 
+  /** The input begins with the byte order mark of UTF-16, and so failed. That of UTF-8 is skipped. */
+  bool is_utf16() const { return utf16_; }
+
 private:
   bool fill();
+  bool read_more();
+  void skip_byte_order_mark();
+  std::size_t line_end();
+  bool take_line();
   bool next_whole(document_text &document);
   bool next_line(document_text &document);
   bool next_block(document_text &document);
-  bool take_line();
+  bool next_zone(document_text &document);
   void hold(std::string_view bytes);
+  void keep(std::string_view bytes);
+  bool has_whole_zone() const;
+  bool is_one_line_late() const;
+  void give_zone_up();
+  void sort_line(std::uint64_t number);
+  void give_zone(document_text &document);
+  void leave_over(std::string_view lines, std::uint64_t first);
+  bool give_left_over(document_text &document);
   void forget();
   void give(document_text &document, std::uint64_t length) const;
 
   split split_;
   read_function read_;
+  bool at_start_ = false;
   bool ended_ = true;
   bool failed_ = false;
+  bool utf16_ = false;
 
   std::size_t from_ = 0; // input read and not yet looked at: input_[from_, to_)
   std::size_t to_ = 0;
+  std::size_t feed_ = 0;  // the first line feed in it, or to_; out of date when before from_
+  bool after_cr_ = false; // a line feed that comes next belongs to the line before
 
   std::uint64_t line_ = 1;       // the line that is being read
   std::uint64_t first_line_ = 1; // the line with which the document in hand began
   std::uint64_t length_ = 0;     // bytes of the document in hand, held or not
   bool blank_ = true;            // the line that is being read has been blank so far
+
+  // Zones: the line that is being read, and the lines of one width that may become a zone. What is in hand
+  // beside them are lines that make none.
+  std::string kept_;
+  std::string zone_;
+  std::size_t zone_width_ = 0;
+  std::size_t zone_lines_ = 0;
+  std::uint64_t zone_line_ = 1;
+  bool left_over_filler_ = false;
 
   // Filled with zeros from the start, so that the first document takes as much memory as the last.
   std::vector<char> held_;

@@ -50,7 +50,7 @@ public:
       out_.flush();
       progress_.summarise(counts_, hint());
     }
-    return trouble_ ? EXIT_TROUBLE : counts_.refused > 0 ? EXIT_SOME_REFUSED : EXIT_ALL_READ;
+    return trouble_ ? EXIT_TROUBLE : counts_.refused > 0 || none_found_ ? EXIT_SOME_REFUSED : EXIT_ALL_READ;
   }
 
 private:
@@ -70,12 +70,16 @@ private:
     if (from.is_terminal() && is_terminal(STANDARD_ERROR)) {
       complain("reading from the terminal; end the text with Ctrl-D");
     }
+    const std::uint64_t before = counts_.documents;
     document_text text;
     while (out_.error() == 0 && !stopped() && reader_.next(text)) {
       read(text, operand, from.name());
     }
     if (reader_.failed() && !stopped()) {
       report_unreadable(operand, from);
+    } else if (split_ == split::zone && counts_.documents == before && !stopped()) {
+      none_found_ = true;
+      report(from.name() + ": no machine-readable zone found");
     }
   }
 
@@ -114,7 +118,7 @@ private:
       const std::string title = titled_ ? title_of(number, 1, from.name()) : "";
       command_.skip({"", number, operand, 1, title});
     }
-    report(from.complaint());
+    report(why_unreadable(from, reader_));
   }
 
   // Zones as they are printed, read by the line, are refused one and all.
@@ -150,13 +154,17 @@ private:
   progress progress_;
   tally counts_;
   bool trouble_ = false;
+  bool none_found_ = false; // in some input, with --each zone
 };
 
 } // namespace
 
 split split_of(const arguments &asked) {
   const std::string_view word = asked.value("each");
-  return word == "line" ? split::line : word == "block" ? split::block : split::whole;
+  return word == "line"    ? split::line
+         : word == "block" ? split::block
+         : word == "zone"  ? split::zone
+                           : split::whole;
 }
 
 int read_documents(const arguments &asked, output &out, document_command &command, std::size_t counted) {

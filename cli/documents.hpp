@@ -14,9 +14,10 @@
 namespace varnel::cli {
 
 inline constexpr option EACH_OPTION = {
-    "each", "line|block",
+    "each", "line|block|zone",
     "Read many documents from each file; line: the whole zone on one line;\n"
-    "block: zones as printed, separated by empty lines"};
+    "block: zones as printed, separated by empty lines;\n"
+    "zone: zones as printed, anywhere in the text"};
 inline constexpr option WITH_SOURCE_OPTION = {
     "with-source", "", "Print the file and the line at which each document begins (JSON and CSV)"};
 inline constexpr option VERBOSE_OPTION = {

@@ -47,6 +47,11 @@ std::ptrdiff_t input::read(char *into, std::size_t room) {
   return count;
 }
 
+std::string why_unreadable(const input &from, const document_reader &reader) {
+  return reader.is_utf16() ? from.name() + ": UTF-16 text, which is not read; convert it to UTF-8 first"
+                           : from.complaint();
+}
+
 bool for_each_word(const std::vector<std::string> &operands, const std::function<void()> &before_waiting,
                    const std::function<void(const std::string &)> &use) {
   const auto reader = std::make_unique<document_reader>(split::line);
@@ -67,7 +72,7 @@ bool for_each_word(const std::vector<std::string> &operands, const std::function
       }
     }
     if (reader->failed() && !stopped()) {
-      complain(from.complaint());
+      complain(why_unreadable(from, *reader));
       all_read = false;
     }
   }

@@ -2,6 +2,8 @@
 #ifndef VARNEL_CLI_INPUT_HPP
 #define VARNEL_CLI_INPUT_HPP
 
+#include "document_reader.hpp"
+
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -37,6 +39,9 @@ private:
   int descriptor_;
   std::string complaint_;
 };
+
+/** Why the reader failed to read the input (any further). */
+std::string why_unreadable(const input &from, const document_reader &reader);
 
 /**
  * Hands over the operands one by one; for "-", the lines of standard input that are not empty, one by one.

@@ -22,7 +22,7 @@ using varnel::cli::split;
 
 fuzz::behaviour whole_document("a whole input is a document");
 fuzz::behaviour many_lines("an input has several lines");
-fuzz::behaviour unfinished_line("an input's last line has no line feed");
+fuzz::behaviour unfinished_line("an input's last line has no end");
 fuzz::behaviour many_blocks("an input has several blocks");
 fuzz::behaviour broken_off("an input cannot be read to its end");
 fuzz::behaviour head_only("a document is longer than what counts of it");
@@ -70,11 +70,21 @@ struct expected_document {
   uint64_t line;
 };
 
-bool is_blank(const std::string &line) { return line.find_first_not_of(" \t\r") == std::string::npos; }
+bool is_blank(const std::string &line) { return line.find_first_not_of(" \t") == std::string::npos; }
+
+bool is_utf16(const std::string &bytes) {
+  return bytes.compare(0, 2, "\xFE\xFF") == 0 || bytes.compare(0, 2, "\xFF\xFE") == 0;
+}
 
 // The documents of a text, by plain cutting; the last one only when nothing broke it off.
-std::vector<expected_document> cut(const stream &from) {
+std::vector<expected_document> cut(stream from) {
   std::vector<expected_document> documents;
+  if (is_utf16(from.bytes)) {
+    return documents;
+  }
+  if (from.bytes.compare(0, 3, "\xEF\xBB\xBF") == 0) {
+    from.bytes.erase(0, 3);
+  }
   if (from.how == split::whole) {
     if (!from.breaks || from.bytes.size() >= document_reader::COUNTED) {
       documents.push_back({from.bytes, 1});
@@ -84,10 +94,10 @@ std::vector<expected_document> cut(const stream &from) {
   bool block_open = false;
   size_t at = 0;
   for (uint64_t number = 1; at < from.bytes.size(); ++number) {
-    const size_t feed = from.bytes.find('\n', at);
-    const bool complete = feed != std::string::npos;
-    const std::string line = from.bytes.substr(at, complete ? feed - at : feed);
-    at = complete ? feed + 1 : from.bytes.size();
+    const size_t end = from.bytes.find_first_of("\r\n", at);
+    const bool complete = end != std::string::npos;
+    const std::string line = from.bytes.substr(at, complete ? end - at : end);
+    at = complete ? end + (from.bytes.compare(end, 2, "\r\n") == 0 ? 2 : 1) : from.bytes.size();
     if (from.how == split::line) {
       if (complete || !from.breaks) {
         documents.push_back({line, number});
@@ -154,11 +164,14 @@ void check_documents(document_reader &reader, const stream &from) {
   }
   equal("the number of documents", static_cast<long long>(count), static_cast<long long>(expected.size()));
   holds(!reader.next(document), "there is no document behind the last");
-  const bool unread = from.how == split::whole && from.bytes.size() >= document_reader::COUNTED;
-  equal("whether reading failed", reader.failed(), from.breaks && !unread);
+  const bool utf16 = is_utf16(from.bytes);
+  const bool unread = from.how == split::whole && count == 1;
+  equal("whether it is UTF-16", reader.is_utf16(), utf16);
+  equal("whether reading failed", reader.failed(), utf16 || (from.breaks && !unread));
   whole_document.seen(from.how == split::whole && count == 1 && !from.bytes.empty());
   many_lines.seen(from.how == split::line && count > 1);
-  unfinished_line.seen(from.how == split::line && count > 0 && from.bytes.back() != '\n');
+  unfinished_line.seen(from.how == split::line && count > 0 && from.bytes.back() != '\n' &&
+                       from.bytes.back() != '\r');
   many_blocks.seen(from.how == split::block && count > 1);
   broken_off.seen(reader.failed());
 }

@@ -26,7 +26,7 @@ _varnel() {
       return
       ;;
     --each)
-      COMPREPLY=($(compgen -P "$written" -W "line block" -- "$word"))
+      COMPREPLY=($(compgen -P "$written" -W "line block zone" -- "$word"))
       return
       ;;
   esac

@@ -8,7 +8,7 @@ complete -c varnel -n __fish_use_subcommand -a parse -d 'Read documents and prin
 complete -c varnel -n __fish_use_subcommand -a element -d 'Look AAMVA data elements up in the five element tables'
 complete -c varnel -n __fish_use_subcommand -a soundex -d 'Print the Soundex codes of names'
 complete -c varnel -n '__fish_seen_subcommand_from parse element soundex' -l format -x -a 'json table csv' -d 'How to print'
-complete -c varnel -n '__fish_seen_subcommand_from parse' -l each -x -a 'line block' -d 'Read many documents from each file'
+complete -c varnel -n '__fish_seen_subcommand_from parse' -l each -x -a 'line block zone' -d 'Read many documents from each file'
 complete -c varnel -n '__fish_seen_subcommand_from parse' -l slots -d 'Show every filled slot of the record too'
 complete -c varnel -n '__fish_seen_subcommand_from parse' -l with-source -d 'Print the file and the line of each document'
 complete -c varnel -n '__fish_seen_subcommand_from parse' -l verbose -d 'With --each, say why each document was refused'

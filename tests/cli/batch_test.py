@@ -36,6 +36,29 @@ class Lines(unittest.TestCase):
     def test_carriage_returns_do_no_harm(self):
         self.assertEqual(each("line", PASSPORT_LINE[:-1] + b"\r\n"), (0, PASSPORT_JSON, b""))
 
+    def test_lines_may_end_with_carriage_returns_alone(self):
+        text = PASSPORT_LINE.replace(b"\n", b"\r") * 2
+        self.assertEqual(each("line", text), (0, PASSPORT_JSON * 2, b""))
+        self.assertEqual(each("block", PASSPORT.replace(b"\n", b"\r") + b"\r" + PASSPORT), (0, PASSPORT_JSON * 2, b""))
+
+    def test_a_byte_order_mark_is_skipped_in_every_input(self):
+        with tempfile.TemporaryDirectory() as place:
+            one = pathlib.Path(place) / "one"
+            one.write_bytes(b"\xef\xbb\xbf" + PASSPORT_LINE)
+            self.assertEqual(varnel("parse", "--each=line", one, "-", text=b"\xef\xbb\xbf" + PASSPORT_LINE),
+                             (0, PASSPORT_JSON * 2, b""))
+        for how in ("block", "zone"):
+            self.assertEqual(each(how, b"\xef\xbb\xbf" + PASSPORT), (0, PASSPORT_JSON, b""))
+        self.assertEqual(varnel("parse", text=b"\xef\xbb\xbf" + PASSPORT[:-1]), (0, PASSPORT_JSON, b""))
+
+    def test_utf_16_is_a_clear_error(self):
+        for encoding in ("utf-16-le", "utf-16-be"):
+            text = ("\ufeff" + PASSPORT.decode()).encode(encoding)
+            complaint = b"varnel: standard input: UTF-16 text, which is not read; convert it to UTF-8 first\n"
+            for arguments in (["parse"], ["parse", "--each", "line"], ["soundex", "-"], ["element", "-"]):
+                with self.subTest(encoding=encoding, arguments=arguments):
+                    self.assertEqual(varnel(*arguments, text=text), (2, b"", complaint))
+
     def test_csv_numbers_every_line(self):
         self.assertEqual(each("line", b"\n" + PASSPORT_LINE + b"x\n", "--format", "csv"),
                          (1, CSV_HEADER + b"1,,,,,,,,,,,,\n2," + PASSPORT_ROW + b"3,,,,,,,,,,,,\n", b""))
@@ -64,7 +87,7 @@ class Lines(unittest.TestCase):
 
     def test_any_bytes(self):
         text = bytes(range(256)) * 40
-        lines = text.count(b"\n") + 1
+        lines = text.count(b"\n") + text.count(b"\r") + 1
         self.assertEqual(each("line", text), (1, b"null\n" * lines, b""))
 
     def test_files_follow_each_other_and_numbers_go_on(self):
@@ -147,13 +170,34 @@ class Blocks(unittest.TestCase):
             lines = text.removesuffix(b"\n").split(b"\n")
             # A blank line inside would part the text, and a text that is not ASCII is shorter in units than
             # in bytes, so that the line feed behind it counts, which a block does not have.
-            if text.isascii() and all(line.strip(b" \t\r") for line in lines):
+            if text.isascii() and b"\r" not in text.replace(b"\r\n", b"") and all(line.strip(b" \t\r") for line in lines):
                 documents.append(text.removesuffix(b"\n") + b"\n")
                 answers.append(path.with_suffix(".json").read_bytes())
         self.assertGreaterEqual(len(documents), 40)
         code, out, err = each("block", b"\n".join(documents))
         self.assertEqual(out.splitlines(), b"".join(answers).splitlines())
         self.assertEqual((code, err), (1, b""))
+
+
+class Zones(unittest.TestCase):
+    def test_zones_below_each_other_need_no_blank_line(self):
+        card = varnel("parse", text=CARD)[1]
+        self.assertEqual(each("zone", PASSPORT + CARD + PASSPORT + PASSPORT_LINE),
+                         (0, PASSPORT_JSON + card + PASSPORT_JSON * 2, b""))
+
+    def test_text_around_is_passed_over(self):
+        self.assertEqual(each("zone", b"Two passports:\n\n" + PASSPORT + b"and\n" + PASSPORT + b"Bye.\n"),
+                         (0, PASSPORT_JSON * 2, b""))
+
+    def test_a_damaged_zone_keeps_its_place(self):
+        self.assertEqual(each("zone", PASSPORT + PASSPORT[1:] + PASSPORT), (1, PASSPORT_JSON + b"null\n" + PASSPORT_JSON, b""))
+
+    def test_an_input_without_a_zone_is_reported(self):
+        self.assertEqual(each("zone", b"nothing here\n"),
+                         (1, b"", b"varnel: standard input: no machine-readable zone found\n"))
+
+    def test_characters_beyond_ascii_cost_nothing_of_a_zone(self):
+        self.assertEqual(each("zone", PASSPORT.replace(b"\n", "é\n".encode())), (0, PASSPORT_JSON, b""))
 
 
 if __name__ == "__main__":

@@ -111,9 +111,33 @@ TEST(Line, EveryLineIsADocument) {
   expect_documents(split::line, "a", {{"a", 1, false}});
   expect_documents(split::line, "a\n", {{"a", 1, false}});
   expect_documents(split::line, "a\n\n b \r\n\nc",
-                   {{"a", 1, false}, {"", 2, false}, {" b \r", 3, false}, {"", 4, false}, {"c", 5, false}});
+                   {{"a", 1, false}, {"", 2, false}, {" b ", 3, false}, {"", 4, false}, {"c", 5, false}});
   expect_documents(split::line, std::string("\0\n\xff", 3),
                    {{std::string(1, '\0'), 1, false}, {"\xff", 2, false}});
+}
+
+TEST(Line, EndsWithLineFeedCarriageReturnOrBoth) {
+  const std::vector<found> expected = {{"a", 1, false}, {"", 2, false}, {"b", 3, false}, {"c", 4, false}};
+  for (const char *end : {"\n", "\r", "\r\n"}) {
+    const std::string input = std::string("a") + end + end + "b" + end + "c";
+    expect_documents(split::line, input, expected);
+    expect_documents(split::line, input + end, expected);
+  }
+  expect_documents(split::line, "a\n\rb\r\r\nc",
+                   {{"a", 1, false}, {"", 2, false}, {"b", 3, false}, {"", 4, false}, {"c", 5, false}});
+}
+
+TEST(Line, IsGivenBeforeMoreIsWaitedFor) {
+  document_reader reader(split::line);
+  int reads = 0;
+  reader.open([&reads](char *into, std::size_t) -> std::ptrdiff_t {
+    std::memcpy(into, reads == 0 ? "a\r" : "\nb", 2);
+    return reads++ < 2 ? 2 : 0;
+  });
+  document_text document;
+  ASSERT_TRUE(reader.next(document));
+  EXPECT_EQ(reads, 1);
+  EXPECT_EQ(rest_of(reader), (std::vector<found>{{"b", 2, false}}));
 }
 
 TEST(Line, IsCutToWhatCounts) {
@@ -137,8 +161,7 @@ TEST(Block, EndsAtABlankLine) {
   expect_documents(split::block, "a\n", {{"a", 1, false}});
   expect_documents(split::block, "a\nb\n", {{"a\nb", 1, false}});
   expect_documents(split::block, "a\n b\n\nc", {{"a\n b", 1, false}, {"c", 4, false}});
-  expect_documents(split::block, "\n\na\r\nb\r\n\r\n \t \n\nc\n\n\n",
-                   {{"a\r\nb\r", 3, false}, {"c", 8, false}});
+  expect_documents(split::block, "\n\na\r\nb\r\n\r\n \t \n\nc\n\n\n", {{"a\nb", 3, false}, {"c", 8, false}});
   expect_documents(split::block, std::string("\0\n\n\v\n", 5),
                    {{std::string(1, '\0'), 1, false}, {"\v", 3, false}});
 }
@@ -165,6 +188,108 @@ TEST(Block, BlankLinesOfAnyLengthAreNoPartOfIt) {
   const std::string blanks = times(LONGEST + 1, " ") + "\n";
   expect_documents(split::block, blanks + "a\n" + blanks + "b", {{"a", 2, false}, {"b", 4, false}});
   expect_documents(split::block, times(LONGEST, " ") + "a", {{"", 1, true}});
+}
+
+namespace {
+
+const std::string FILLED = times(10, "ABC<<<<<<<"); // 100 characters, to cut lines from
+
+// A first line of this width, and one that stands below it.
+std::string wide(std::size_t width) { return FILLED.substr(0, width); }
+std::string below(std::size_t width) { return "123" + wide(width - 3); }
+
+} // namespace
+
+TEST(Zone, IsLinesOfOneWidth) {
+  const std::string td1 = wide(30) + "\n" + below(30) + "\n" + below(30);
+  const std::string td2 = wide(36) + "\n" + below(36);
+  const std::string td3 = wide(44) + "\n" + below(44);
+  expect_documents(split::zone, td1 + "\n" + td2 + "\r" + td3 + "\r\n" + td3,
+                   {{td1, 1, false}, {td2, 4, false}, {td3, 6, false}, {td3, 8, false}});
+  expect_documents(split::zone, wide(72) + "\n" + wide(88) + "\n" + wide(90) + "\n",
+                   {{wide(72), 1, false}, {wide(88), 2, false}, {wide(90), 3, false}});
+}
+
+TEST(Zone, IsWhatCountsOfItsLines) {
+  const std::string td3 = wide(44) + "\n" + below(44);
+  expect_documents(split::zone,
+                   " " + wide(20) + " .\t" + times(600, "-") + FILLED.substr(20, 24) + "\n" + wide(44) +
+                       "  \n",
+                   {{td3, 1, false}});
+}
+
+TEST(Zone, PassesOverTheTextAround) {
+  const std::string td3 = wide(44) + "\n" + below(44);
+  expect_documents(split::zone, "PASSPORT\nspecimen\n\n" + td3 + "\nsigned\n" + td3 + "\n\nend",
+                   {{td3, 4, false}, {td3, 7, false}});
+  expect_documents(split::zone, "", {});
+  expect_documents(split::zone, "\n \nno zone\n\n", {});
+}
+
+TEST(Zone, DamagedIsADocumentToo) {
+  const std::string td3 = wide(44) + "\n" + below(44);
+  const std::string damaged = wide(43) + "\n" + below(44);
+  expect_documents(split::zone, damaged + "\n\n" + td3 + "\n" + damaged,
+                   {{damaged, 1, false}, {td3, 4, false}, {damaged, 6, false}});
+  expect_documents(split::zone, "x\n" + wide(43) + "\n" + td3,
+                   {{"X\n" + wide(43), 1, false}, {td3, 3, false}});
+  expect_documents(split::zone, wide(44) + "\n\n" + below(44), {{wide(44), 1, false}, {below(44), 3, false}});
+  expect_documents(split::zone, times(LONGEST + 1, "<") + "\n" + td3,
+                   {{times(COUNTED, "<"), 1, false}, {td3, 2, false}});
+}
+
+TEST(Zone, AfterADamagedOneIsFoundAgain) {
+  const std::string first = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<";
+  const std::string second = "L898902C36UTO7408122F1204159ZE184226B<<<<<10";
+  const std::string passport = first + "\n" + second;
+  expect_documents(split::zone, first.substr(1) + "\n" + second + "\n" + passport + "\n" + passport,
+                   {{first.substr(1) + "\n" + second, 1, false}, {passport, 3, false}, {passport, 5, false}});
+  expect_documents(split::zone, first + "\n" + second.substr(1) + "\n" + passport,
+                   {{first + "\n" + second.substr(1), 1, false}, {passport, 3, false}});
+  expect_documents(split::zone, first + "\n" + passport, {{first, 1, false}, {passport, 2, false}});
+
+  const std::string state = "I<UTOD231458907<<<<<<<<<<<<<<<";
+  const std::string dates = "7408122F1204159UTO<<<<<<<<<<<6";
+  const std::string name = "ANDERSON<<INGRID<<<<<<<<<<<<<<";
+  const std::string card = state + "\n" + dates + "\n" + name;
+  const std::string damaged = state + "\n" + dates.substr(1) + "\n" + name;
+  expect_documents(split::zone, damaged + "\n" + card + "\n" + card,
+                   {{damaged, 1, false}, {card, 4, false}, {card, 7, false}});
+}
+
+TEST(ByteOrderMark, IsSkipped) {
+  const std::string mark = "\xEF\xBB\xBF";
+  for (const split how : {split::whole, split::line, split::block}) {
+    expect_documents(how, mark + "a", {{"a", 1, false}});
+    expect_documents(how, mark + mark, {{mark, 1, false}}); // only the first is one
+    expect_documents(how, "\xEF\xBB", {{"\xEF\xBB", 1, false}});
+    expect_documents(how,
+                     "\xEF"
+                     "a",
+                     {{"\xEF"
+                       "a",
+                       1, false}});
+  }
+  expect_documents(split::line, mark + "\nb", {{"", 1, false}, {"b", 2, false}});
+  expect_documents(split::line, mark, {});
+  expect_documents(split::zone, mark + wide(88), {{wide(88), 1, false}});
+}
+
+TEST(ByteOrderMark, OfUtf16IsAFailure) {
+  for (const std::string mark : {"\xFF\xFE", "\xFE\xFF"}) {
+    const std::string text = mark + std::string("a\0\n\0", 4);
+    for (const split how : {split::whole, split::line, split::block, split::zone}) {
+      document_reader reader(how);
+      for (const std::size_t piece : {std::size_t{1}, std::size_t{100}}) {
+        reader.open(in_pieces(text, piece));
+        EXPECT_EQ(rest_of(reader), std::vector<found>());
+        EXPECT_TRUE(reader.failed() && reader.is_utf16());
+      }
+      reader.open(in_pieces("a", 1));
+      EXPECT_FALSE(reader.is_utf16()) << "the next input is another";
+    }
+    expect_documents(split::line, mark.substr(0, 1), {{mark.substr(0, 1), 1, false}});
+  }
 }
 
 TEST(Failure, TakesTheDocumentItBrokeOff) {
@@ -211,18 +336,18 @@ std::vector<found> plainly(split how, const std::string &input) {
     block.clear();
   };
   for (std::size_t at = 0; at < input.size();) {
-    const std::size_t end = std::min(input.find('\n', at), input.size());
+    const std::size_t end = std::min(input.find_first_of("\r\n", at), input.size());
     const std::string line = input.substr(at, end - at);
     ++number;
     if (how == split::line) {
       documents.push_back({line, number, false});
-    } else if (line.find_first_not_of(" \t\r") == std::string::npos) {
+    } else if (line.find_first_not_of(" \t") == std::string::npos) {
       finish();
     } else {
       first = block.empty() ? number : first;
       block += line + "\n";
     }
-    at = end + 1;
+    at = end + (input.substr(std::min(end, input.size()), 2).compare("\r\n") == 0 ? 2 : 1);
   }
   finish();
   return documents;
@@ -231,11 +356,11 @@ std::vector<found> plainly(split how, const std::string &input) {
 } // namespace
 
 TEST(Reader, AgreesWithThePlainWayOnShortInputsOfEveryShape) {
-  constexpr char BYTES[] = {'\n', ' ', 'a'};
-  for (int code = 0; code < 3 * 3 * 3 * 3 * 3 * 3 * 3; ++code) {
+  constexpr char BYTES[] = {'\n', ' ', 'a', '\r'};
+  for (int code = 0; code < 4 * 4 * 4 * 4 * 4 * 4 * 4; ++code) {
     std::string input;
-    for (int rest = code; rest > 0; rest /= 3) {
-      input += BYTES[rest % 3];
+    for (int rest = code; rest > 0; rest /= 4) {
+      input += BYTES[rest % 4];
     }
     for (const split how : {split::line, split::block}) {
       for (const std::size_t piece : {std::size_t{1}, std::size_t{2}, std::size_t{100}}) {

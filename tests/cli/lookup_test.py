@@ -58,7 +58,7 @@ class Elements(unittest.TestCase):
 
     def test_a_hyphen_reads_identifiers_from_standard_input_one_a_line(self):
         expected = varnel("element", "--format", "csv", "DDL", "DAU", "DAQ")
-        self.assertEqual(varnel("element", "--format", "csv", "DDL", "-", "DAQ", text=b"\ndau\n\n"), expected)
+        self.assertEqual(varnel("element", "--format", "csv", "DDL", "-", "DAQ", text=b"\ndau\r\n\n"), expected)
         self.assertEqual(varnel("element", "-", text=b"ZZZ\n"), (1, b"", b"varnel: unknown element 'ZZZ'\n"))
 
     def test_a_zone_in_the_place_of_an_identifier_is_not_repeated(self):
@@ -100,7 +100,7 @@ class Names(unittest.TestCase):
         self.assertEqual([line.split(b"'")[1] for line in err.splitlines()], [b"[Anna,Bob]", b"++", b"[]"])
 
     def test_a_hyphen_reads_names_from_standard_input_one_a_line(self):
-        code, out, err = varnel("soundex", "Lee", "-", text=b"Robert\n\nWashington DC\nRupert")
+        code, out, err = varnel("soundex", "Lee", "-", text=b"Robert\n\nWashington DC\r\nRupert")
         self.assertEqual((code, err), (0, b""))
         self.assertEqual([json.loads(line)["name"] for line in out.splitlines()],
                          ["Lee", "Robert", "Washington DC", "Rupert"])

@@ -53,14 +53,15 @@ class Manual(unittest.TestCase):
     def test_the_choices_are_those_of_help(self):
         page = source("varnel.1")
         text = varnel("parse", "--help")[1].decode()
-        for choices in ("json|table|csv", "line|block"):
+        for choices in ("json|table|csv", "line|block|zone"):
             self.assertIn(choices, text)
             self.assertIn("|".join(f"\\fI{choice}\\fR" for choice in choices.split("|")), page)
 
     def test_what_a_line_and_a_block_are_is_said_alike(self):
         for text in (source("varnel.1"), varnel("parse", "--help")[1].decode()):
             said = " ".join(text.split())
-            self.assertIn("line: the whole zone on one line; block: zones as printed, separated by empty lines", said)
+            self.assertIn("line: the whole zone on one line; block: zones as printed, separated by empty lines; "
+                          "zone: zones as printed, anywhere in the text", said)
 
     def test_all_commands_and_exit_codes_are_described(self):
         page = source("varnel.1")
@@ -101,8 +102,8 @@ class Bash(unittest.TestCase):
     def test_values_behind_an_equals_sign(self):
         # Bash parts words at the sign, unless COMP_WORDBREAKS was changed.
         for words, offered in ((["--format", "=", "c"], {"csv"}), (["--format", "="], {"json", "table", "csv"}),
-                               (["--each", "="], {"line", "block"}), (["--each", "=", "l"], {"line"}),
-                               (["--format=c"], {"--format=csv"}), (["--each="], {"--each=line", "--each=block"})):
+                               (["--each", "="], {"line", "block", "zone"}), (["--each", "=", "l"], {"line"}),
+                               (["--format=c"], {"--format=csv"}), (["--each="], {"--each=line", "--each=block", "--each=zone"})):
             with self.subTest(words=words):
                 self.assertEqual(self.complete("varnel", "parse", *words), offered)
 
@@ -164,7 +165,7 @@ class Fish(unittest.TestCase):
         for command in COMMANDS:
             self.assertEqual(offered(f"varnel {command} --"), {f"--{name}" for name in options_of(command)})
         self.assertEqual(offered("varnel parse --format "), {"json", "table", "csv"})
-        self.assertEqual(offered("varnel parse --each "), {"line", "block"})
+        self.assertEqual(offered("varnel parse --each "), {"line", "block", "zone"})
 
 
 if __name__ == "__main__":

@@ -12,6 +12,7 @@ from support import (CARD, CSV_HEADER, KEYS, PASSPORT, PASSPORT_JSON, PASSPORT_R
 
 NO_ZONE_AS_OPERAND = (b"no such file; the text of a document is read from standard input: "
                       b"varnel parse < FILE\n")
+MARK = b"\xef\xbb\xbf"
 LENGTHS = "expected 72 (TD2 card, short visa), 88 (passport, long visa) or 90 (TD1 card)"
 
 
@@ -276,6 +277,9 @@ class Texts(Folder):
         for path in vectors:
             with self.subTest(vector=f"{path.parent.name}/{path.stem}"):
                 expected = path.with_suffix(".json").read_bytes()
+                text = path.read_bytes()
+                if text.startswith(MARK):  # which the command skips, unlike the library
+                    expected = varnel("parse", text=text[len(MARK):])[1]
                 code, out, err = varnel("parse", path)
                 self.assertEqual(out, expected)
                 self.assertEqual((code, err == b""), (1, False) if expected == b"null\n" else (0, True))

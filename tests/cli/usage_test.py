@@ -126,8 +126,8 @@ class Mistakes(unittest.TestCase):
         self.assertEqual(self.complaint("soundex", "--format", "xml", "Lee"),
                          "--format 'xml' is not one of json, table, csv")
         self.assertEqual(self.complaint("parse", "--each", "lines"),
-                         "--each 'lines' is not one of line, block; did you mean 'line'?")
-        self.assertEqual(self.complaint("parse", "--each", ""), "--each '' is not one of line, block")
+                         "--each 'lines' is not one of line, block, zone; did you mean 'line'?")
+        self.assertEqual(self.complaint("parse", "--each", ""), "--each '' is not one of line, block, zone")
 
     def test_missing_values(self):
         for arguments in (["parse", "--format"], ["element", "--format"], ["soundex", "Lee", "--format"],
@@ -136,7 +136,7 @@ class Mistakes(unittest.TestCase):
                 self.assertEqual(self.complaint(*arguments), "--format needs a value: json, table or csv")
         for arguments in (["parse", "--each"], ["parse", "--each", "--", "x"], ["parse", "--each", "--slots"]):
             with self.subTest(arguments=arguments):
-                self.assertEqual(self.complaint(*arguments), "--each needs a value: line or block")
+                self.assertEqual(self.complaint(*arguments), "--each needs a value: line, block or zone")
 
     def test_values_that_are_not_taken(self):
         self.assertEqual(self.complaint("parse", "--slots=yes"), "--slots takes no value")
