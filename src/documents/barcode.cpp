@@ -199,7 +199,7 @@ bool read_header(barcode_card &card, int file_type, header &head) {
   const int version_end = issuer_at + ISSUER_LENGTH + VERSION_LENGTH;
   read_issuer(card, issuer_at);
   card.info->version = static_cast<int16_t>(number_at(card, issuer_at + ISSUER_LENGTH, VERSION_LENGTH));
-  card.table = table_of(card.info->version, number_at(card, issuer_at, ISSUER_LENGTH));
+  use_table(card, card.info->version, number_at(card, issuer_at, ISSUER_LENGTH));
   head.base = file_type - 4;
   head.designators = find_designators(card, version_end);
   head.count = 0;
@@ -336,7 +336,8 @@ int limit_of(const barcode_card &card, const subfile *subfiles, int count, int s
 // ---- lines ----------------------------------------------------------------------------------------------
 
 int line_end(const barcode_card &card, int at, int limit) {
-  while (at < limit && !is_separator(card.text[at])) {
+  const char *text = card.text;
+  while (at < limit && (text[at] > CR || !is_separator(text[at]))) {
     ++at;
   }
   return at;
@@ -352,8 +353,11 @@ int skip_separators(const barcode_card &card, int at, int limit) {
 }
 
 bool is_text(const barcode_card &card, int start, int end, const char *text) {
-  const int length = text_length(text);
-  return end - start == length && memcmp(card.text + start, text, static_cast<size_t>(length)) == 0;
+  while (start < end && *text != '\0' && card.text[start] == *text) {
+    ++start;
+    ++text;
+  }
+  return start == end && *text == '\0';
 }
 
 // Separators between two elements: one LF.
@@ -395,8 +399,12 @@ bool read_line(barcode_card &card, int at, int end, const char *type) {
 // Whether a CR stands for an LF in the subfile: where an element follows one before the declared end.
 bool has_inner_return(const barcode_card &card, const subfile &sub, int limit, const char *type) {
   for (int at = sub.elements; at < limit; ++at) {
-    if (card.text[at] == CR && at + 1 != sub.declared_end &&
-        known_element_at(card, skip_separators(card, at, limit), limit, type)) {
+    const void *found = memchr(card.text + at, CR, static_cast<size_t>(limit - at));
+    if (found == nullptr) {
+      return false;
+    }
+    at = static_cast<int>(static_cast<const char *>(found) - card.text);
+    if (at + 1 != sub.declared_end && known_element_at(card, skip_separators(card, at, limit), limit, type)) {
       return true;
     }
   }
@@ -564,6 +572,7 @@ int read_headless(barcode_card &card) {
   constexpr int fewest_elements = 3;
   int at = skip_separators(card, after_byte_order_mark(card), card.size);
   add_finding(card.info, VARNEL_BARCODE_NO_HEADER, at);
+  use_table(card, NO_VERSION, 0);
   if (is_main_type(card, at) && known_element_at(card, at + 2, card.size, "")) {
     at += 2;
   }
@@ -621,7 +630,6 @@ int varnel_barcode(const char *text, size_t size, PARSE_RESULT *record, char *bu
   card.size = static_cast<int>(size);
   card.record = record;
   card.info = info;
-  card.table = table_of(NO_VERSION, 0);
   card.has_room = true;
   const int reason = read_text(card);
   if (reason != VARNEL_BARCODE_NO_FINDING && card.has_room) {

@@ -18,9 +18,6 @@ int slot_in(const element_table &table, int key) {
   return utils_barcode2fieldtype(key, table.rows, table.size, nullptr);
 }
 
-// Trimmed from a value's end; from its start, spaces alone.
-constexpr char PADDING[] = " ,";
-
 bool equals_ignoring_case(STRING value, STRING capitals) {
   if (value.len != capitals.len) {
     return false;
@@ -31,6 +28,42 @@ bool equals_ignoring_case(STRING value, STRING capitals) {
     }
   }
   return true;
+}
+
+element_table table_of(int version, int issuer_number) {
+  if (version == NO_VERSION || version >= 8) {
+    return element_table{MAP_AAMVA_2D08, MAP_AAMVA_2D08_SIZE};
+  }
+  if (version <= 1) {
+    return element_table{MAP_AAMVA_2D01, MAP_AAMVA_2D01_SIZE};
+  }
+  if (version <= 3) {
+    return element_table{MAP_AAMVA_2D03, MAP_AAMVA_2D03_SIZE};
+  }
+  if (version == 4 && issuer_number == HAWAII) {
+    return element_table{MAP_AAMVA_2D04_HAWAII, MAP_AAMVA_2D04_HAWAII_SIZE};
+  }
+  return element_table{MAP_AAMVA_2D06, MAP_AAMVA_2D06_SIZE};
+}
+
+// A place among 256 for an element, by the bits in which those of the standard differ.
+constexpr int place_of(int key) { return (key >> 20 & 1) << 7 | (key >> 8 & 3) << 5 | (key & 31); }
+
+// The standard leaves the identifiers that begin with Z to the jurisdictions: no table has one.
+constexpr bool is_jurisdictions(int key) { return key >> 16 == 'Z'; }
+
+void trim_start(STRING &value) {
+  while (value.len > 0 && value.str[0] == ' ') {
+    ++value.str;
+    --value.len;
+  }
+}
+
+// From a value's end, commas are trimmed too.
+void trim_end(STRING &value) {
+  while (value.len > 0 && (value.str[value.len - 1] == ' ' || value.str[value.len - 1] == ',')) {
+    --value.len;
+  }
 }
 
 // ---- characters -----------------------------------------------------------------------------------------
@@ -57,6 +90,8 @@ int write_character(char *out, const char *character, int bytes) {
   return bytes;
 }
 
+using printable_characters = character_set<range<' ', '~'>>;
+
 struct copied_value {
   int length; // characters in the record's free space
   bool controls_left_out;
@@ -67,6 +102,14 @@ struct copied_value {
 copied_value copy_value(barcode_card &card, STRING value) {
   char *out = free_space(card.record);
   const int room = free_size(card.record) - 2;
+  if (printable_characters::covers(value)) { // the usual value: nothing to encode or to leave out
+    if (value.len > room) {
+      card.has_room = false;
+      return copied_value{0, false};
+    }
+    memcpy(out, value.str, static_cast<size_t>(value.len));
+    return copied_value{value.len, false};
+  }
   copied_value copied = {0, false};
   for (int at = 0; at < value.len;) {
     const char *character = value.str + at;
@@ -89,7 +132,7 @@ copied_value copy_value(barcode_card &card, STRING value) {
     copied.length += size;
   }
   STRING stored = {out, copied.length};
-  utils_strtrim_end(&stored, PADDING);
+  trim_end(stored);
   copied.length = stored.len;
   return copied;
 }
@@ -129,25 +172,25 @@ int number(const char *text, int length) {
   return value;
 }
 
-bool exists(const DATETIME &date) {
-  return utils_validate_date(&date) == ERR_OK &&
-         utils_validate_days_in_month(date.year, date.month, date.day) == date.day;
+// Whether eight digits, year first, are a day of the calendar.
+bool is_day(const char *date) {
+  const DATETIME day = {number(date, 4), number(date + 4, 2), number(date + 6, 2), 0, 0, 0};
+  return utils_validate_date(&day) == ERR_OK &&
+         utils_validate_days_in_month(day.year, day.month, day.day) == day.day;
 }
 
 // Dates stand month first or year first, whatever the country; their first two digits tell: 01 to 12 is a
-// month, 18 to 21 a century.
-bool read_date(const digits &found, DATETIME *date, bool *month_first) {
-  const char *d = found.text;
-  const int lead = number(d, 2);
+// month, 18 to 21 a century. Turns them year first.
+bool read_date(const char *found, char *date, bool *month_first) {
+  const int lead = number(found, 2);
   *month_first = lead >= 1 && lead <= 12;
-  if (*month_first) {
-    *date = DATETIME{number(d + 4, 4), lead, number(d + 2, 2), 0, 0, 0};
-  } else if (lead >= 18 && lead <= 21) {
-    *date = DATETIME{number(d, 4), number(d + 4, 2), number(d + 6, 2), 0, 0, 0};
-  } else {
+  if (!*month_first && (lead < 18 || lead > 21)) {
     return false;
   }
-  return exists(*date);
+  const int year_at = *month_first ? 4 : 0;
+  memcpy(date, found + year_at, 4);
+  memcpy(date + 4, found + (4 - year_at), 4);
+  return is_day(date);
 }
 
 void store_date(barcode_card &card, int key, int slot, STRING value, int offset) {
@@ -156,21 +199,19 @@ void store_date(barcode_card &card, int key, int slot, STRING value, int offset)
   if (found.count == 8 && memcmp(found.text, "00000000", 8) == 0) {
     return; // no date
   }
-  DATETIME date;
+  char date[8];
   bool month_first = false;
-  if (found.count != 8 || !read_date(found, &date, &month_first)) {
+  if (found.count != 8 || !read_date(found.text, date, &month_first)) {
     add_finding(card.info, VARNEL_BARCODE_BAD_DATE, offset, name.text);
     return;
   }
   if (found.separated) {
     add_finding(card.info, VARNEL_BARCODE_DATE_SEPARATORS, offset, name.text);
   }
-  if (free_size(card.record) < 10) { // its eight digits, and a NUL that is always stored
-    card.has_room = false;
-    return;
-  }
-  utils_write_field_date(card.record, slot, &date);
-  card.dates[card.date_count++] = stored_date{key, offset, month_first};
+  const copied_value copied = copy_value(card, STRING{date, sizeof date});
+  fill_slot(card.record, slot, copied.length);
+  card.dates[card.date_count] = stored_date{key, offset, month_first};
+  card.date_count += copied.length > 0 ? 1 : 0;
 }
 
 // ---- other values ---------------------------------------------------------------------------------------
@@ -178,11 +219,7 @@ void store_date(barcode_card &card, int key, int slot, STRING value, int offset)
 void store_sex(barcode_card &card, STRING value) {
   const char c = value.len == 1 ? value.str[0] : '\0';
   const char *sex = c == '1' || c == 'M' ? "M" : c == '2' || c == 'F' ? "F" : "";
-  if (free_size(card.record) < 3) {
-    card.has_room = false;
-    return;
-  }
-  utils_write_field_s(card.record, FIELD_SEX, sex);
+  fill_slot(card.record, FIELD_SEX, copy_value(card, STRING{sex, text_length(sex)}).length);
 }
 
 void store_text(barcode_card &card, int key, int slot, STRING value, int offset) {
@@ -216,20 +253,12 @@ void keep_element(varnel_barcode_info *info, int key, int start, int end) {
 
 } // namespace
 
-element_table table_of(int version, int issuer_number) {
-  if (version == NO_VERSION || version >= 8) {
-    return element_table{MAP_AAMVA_2D08, MAP_AAMVA_2D08_SIZE};
+void use_table(barcode_card &card, int version, int issuer_number) {
+  card.table = table_of(version, issuer_number);
+  memset(card.rows, 0, sizeof card.rows);
+  for (int row = card.table.size; row > 0; --row) { // from the end: the first row of an element stays
+    card.rows[place_of(card.table.rows[row - 1].key)] = static_cast<uint8_t>(row);
   }
-  if (version <= 1) {
-    return element_table{MAP_AAMVA_2D01, MAP_AAMVA_2D01_SIZE};
-  }
-  if (version <= 3) {
-    return element_table{MAP_AAMVA_2D03, MAP_AAMVA_2D03_SIZE};
-  }
-  if (version == 4 && issuer_number == HAWAII) {
-    return element_table{MAP_AAMVA_2D04_HAWAII, MAP_AAMVA_2D04_HAWAII_SIZE};
-  }
-  return element_table{MAP_AAMVA_2D06, MAP_AAMVA_2D06_SIZE};
 }
 
 void add_finding(varnel_barcode_info *info, int code, int offset, const char *name) {
@@ -265,9 +294,19 @@ identifier identifier_at(const barcode_card &card, int at, int end) {
   return found;
 }
 
-int own_slot(const barcode_card &card, int key) { return slot_in(card.table, key); }
+int own_slot(const barcode_card &card, int key) {
+  const int row = card.rows[place_of(key)];
+  if (row == 0) {
+    return NO_SLOT;
+  }
+  const MAPPING &found = card.table.rows[row - 1];
+  return found.key == key ? found.value : slot_in(card.table, key); // two elements may share a place
+}
 
 int other_slot(int key) {
+  if (is_jurisdictions(key)) {
+    return NO_SLOT;
+  }
   const element_table tables[] = {{MAP_AAMVA_2D08, MAP_AAMVA_2D08_SIZE},
                                   {MAP_AAMVA_2D06, MAP_AAMVA_2D06_SIZE},
                                   {MAP_AAMVA_2D03, MAP_AAMVA_2D03_SIZE},
@@ -288,7 +327,7 @@ bool begins_with_type(int key, const char *type) {
 bool known_element_at(const barcode_card &card, int at, int end, const char *type) {
   const int key = identifier_at(card, at, end).key;
   return key != 0 &&
-         (own_slot(card, key) != NO_SLOT || other_slot(key) != NO_SLOT || begins_with_type(key, type));
+         (own_slot(card, key) != NO_SLOT || begins_with_type(key, type) || other_slot(key) != NO_SLOT);
 }
 
 bool is_date(int slot) {
@@ -350,8 +389,8 @@ void read_element(barcode_card &card, int key, int at, int start, int end) {
     return;
   }
   STRING value = {card.text + start, end - start};
-  utils_strtrim_start(&value, " ");
-  utils_strtrim_end(&value, PADDING);
+  trim_start(value);
+  trim_end(value);
   if (value.len == 0 || (slot != FIELD_FAMILY_NAME && is_placeholder(value))) {
     return;
   }
@@ -359,7 +398,7 @@ void read_element(barcode_card &card, int key, int at, int start, int end) {
   if (!own) {
     add_finding(card.info, VARNEL_BARCODE_OTHER_TABLE, at, element_name(key).text);
   }
-  if (utils_is_valid_field(card.record, slot) == ERR_OK) {
+  if (!is_empty(card.record->fields[slot].value)) {
     add_finding(card.info, VARNEL_BARCODE_REPEATED, at, element_name(key).text);
     keep_element(card.info, key, start, end);
     return;

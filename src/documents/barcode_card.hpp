@@ -17,9 +17,6 @@ struct element_table {
 constexpr int NO_VERSION = -1;
 constexpr int NO_SLOT = -1;
 
-// The table that a version goes by; Hawaii's cards of version 04 have one of their own.
-element_table table_of(int version, int issuer_number);
-
 // A date that was stored, kept until it is known in which order the card should have it.
 struct stored_date {
   int key;
@@ -33,15 +30,19 @@ struct barcode_card {
   int size;
   PARSE_RESULT *record;
   varnel_barcode_info *info;
-  element_table table;
-  bool has_room;      // false once a value did not fit the buffer
-  int full_name_at;   // where the value of slot 1 stands in the text
-  int given_names_at; // where that of slot 53 stands
-  int issuer_at;      // where the issuer number stands
-  int known_elements; // elements with a slot and a value that were met
+  element_table table; // of the card's version
+  uint8_t rows[256];   // of the table, from 1, by the elements' places; 0 for none
+  bool has_room;       // false once a value did not fit the buffer
+  int full_name_at;    // where the value of slot 1 stands in the text
+  int given_names_at;  // where that of slot 53 stands
+  int issuer_at;       // where the issuer number stands
+  int known_elements;  // elements with a slot and a value that were met
   int date_count;
   stored_date dates[MOST_DATES];
 };
+
+// Sets the table that a version goes by; Hawaii's cards of version 04 have one of their own.
+void use_table(barcode_card &card, int version, int issuer_number);
 
 // ---- findings -------------------------------------------------------------------------------------------
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int MOST_PLACES = 96;   // places that may begin an element
+constexpr int MOST_PLACES = 64;   // places that may begin an element
 constexpr int MOST_STEPS = 20000; // of the search, so that no text takes long
 
 // ---- what the standard fixes ----------------------------------------------------------------------------
