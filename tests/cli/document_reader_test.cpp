@@ -213,7 +213,7 @@ TEST(Zone, IsLinesOfOneWidth) {
 TEST(Zone, IsWhatCountsOfItsLines) {
   const std::string td3 = wide(44) + "\n" + below(44);
   expect_documents(split::zone,
-                   " " + wide(20) + " .\t" + times(600, "-") + FILLED.substr(20, 24) + "\n" + wide(44) +
+                   " " + wide(20) + " .\t" + times(600, "-") + FILLED.substr(20, 24) + "\n" + below(44) +
                        "  \n",
                    {{td3, 1, false}});
 }
