@@ -25,9 +25,16 @@ struct command {
 extern const command PARSE_COMMAND;
 extern const command ELEMENT_COMMAND;
 extern const command SOUNDEX_COMMAND;
+#ifdef VARNEL_CLI_DOCUMENTS
+extern const command BARCODE_COMMAND;
+#endif
 
 /** In the order in which the help lists them. */
-inline constexpr const command *COMMANDS[] = {&PARSE_COMMAND, &ELEMENT_COMMAND, &SOUNDEX_COMMAND};
+inline constexpr const command *COMMANDS[] = {&PARSE_COMMAND,
+#ifdef VARNEL_CLI_DOCUMENTS
+                                              &BARCODE_COMMAND,
+#endif
+                                              &ELEMENT_COMMAND, &SOUNDEX_COMMAND};
 
 } // namespace varnel::cli
 

@@ -4,7 +4,7 @@ _varnel() {
   COMPREPLY=()
   for ((i = 1; i < COMP_CWORD; i++)); do
     case "${COMP_WORDS[i]}" in
-      help | parse | element | soundex)
+      help | parse | barcode | element | soundex)
         command="${COMP_WORDS[i]}"
         break
         ;;
@@ -31,9 +31,11 @@ _varnel() {
       ;;
   esac
   case "$command" in
-    parse)
+    parse | barcode)
       if [[ "$word" == -* ]]; then
-        COMPREPLY=($(compgen -W "--each --format --help --slots --verbose --version --with-source" -- "$word"))
+        local options="--each --format --help --slots --verbose --version --with-source"
+        [[ "$command" == barcode ]] && options="--format --help --info --slots --version --with-source"
+        COMPREPLY=($(compgen -W "$options" -- "$word"))
       else
         compopt -o filenames 2>/dev/null
         local IFS=$'\n'
@@ -44,10 +46,10 @@ _varnel() {
       COMPREPLY=($(compgen -W "--format --help --version" -- "$word"))
       ;;
     help)
-      COMPREPLY=($(compgen -W "help parse element soundex --help --version" -- "$word"))
+      COMPREPLY=($(compgen -W "help parse barcode element soundex --help --version" -- "$word"))
       ;;
     *)
-      COMPREPLY=($(compgen -W "help parse element soundex --help --version" -- "$word"))
+      COMPREPLY=($(compgen -W "help parse barcode element soundex --help --version" -- "$word"))
       ;;
   esac
 }

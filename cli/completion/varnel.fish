@@ -3,13 +3,15 @@ complete -c varnel -f
 complete -c varnel -s h -l help -d 'Print help and leave'
 complete -c varnel -s V -l version -d 'Print the version and leave'
 complete -c varnel -n __fish_use_subcommand -a help -d 'Print help, of varnel or of a command'
-complete -c varnel -n '__fish_seen_subcommand_from help' -a 'help parse element soundex'
+complete -c varnel -n '__fish_seen_subcommand_from help' -a 'help parse barcode element soundex'
 complete -c varnel -n __fish_use_subcommand -a parse -d 'Read documents and print their twelve values'
+complete -c varnel -n __fish_use_subcommand -a barcode -d "Read barcodes of driver's licences and print the same twelve values"
 complete -c varnel -n __fish_use_subcommand -a element -d 'Look AAMVA data elements up in the five element tables'
 complete -c varnel -n __fish_use_subcommand -a soundex -d 'Print the Soundex codes of names'
-complete -c varnel -n '__fish_seen_subcommand_from parse element soundex' -l format -x -a 'json table csv' -d 'How to print'
+complete -c varnel -n '__fish_seen_subcommand_from parse barcode element soundex' -l format -x -a 'json table csv' -d 'How to print'
 complete -c varnel -n '__fish_seen_subcommand_from parse' -l each -x -a 'line block zone' -d 'Read many documents from each file'
-complete -c varnel -n '__fish_seen_subcommand_from parse' -l slots -d 'Show every filled slot of the record too'
-complete -c varnel -n '__fish_seen_subcommand_from parse' -l with-source -d 'Print the file and the line of each document'
+complete -c varnel -n '__fish_seen_subcommand_from parse barcode' -l slots -d 'Show every filled slot of the record too'
+complete -c varnel -n '__fish_seen_subcommand_from parse barcode' -l with-source -d 'Print the file and the line of each document'
 complete -c varnel -n '__fish_seen_subcommand_from parse' -l verbose -d 'With --each, say why each document was refused'
-complete -c varnel -n '__fish_seen_subcommand_from parse' -F
+complete -c varnel -n '__fish_seen_subcommand_from barcode' -l info -d 'Add the version, the issuer, elements without a slot and findings'
+complete -c varnel -n '__fish_seen_subcommand_from parse barcode' -F

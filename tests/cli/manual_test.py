@@ -7,7 +7,7 @@ import unittest
 
 from support import SOURCES, varnel
 
-COMMANDS = ["help", "parse", "element", "soundex"]
+COMMANDS = ["help", "parse", "barcode", "element", "soundex"]
 LONG_OPTION = re.compile(r"--([a-z-]+)")
 
 
@@ -30,6 +30,7 @@ class Help(unittest.TestCase):
     def test_the_options_are_these(self):
         self.assertEqual(options_of(), {"help", "version"})
         self.assertEqual(options_of("parse"), {"help", "version", "each", "format", "slots", "with-source", "verbose"})
+        self.assertEqual(options_of("barcode"), {"help", "version", "format", "slots", "info", "with-source"})
         self.assertEqual(options_of("element"), {"help", "version", "format"})
         self.assertEqual(options_of("soundex"), {"help", "version", "format"})
         self.assertEqual(options_of("help"), {"help", "version"})
@@ -39,7 +40,7 @@ class Help(unittest.TestCase):
         self.assertEqual(re.findall(r"^  (\S+)", listed, re.M), COMMANDS)
 
 
-ALL_OPTIONS = {"help", "version", "each", "format", "slots", "with-source", "verbose"}
+ALL_OPTIONS = {"help", "version", "each", "format", "slots", "info", "with-source", "verbose"}
 
 
 class Manual(unittest.TestCase):

@@ -82,9 +82,9 @@ enum {
   X(VARNEL_BARCODE_DATE_ORDER, "dateOrder", "not in the order of the card's version and country")            \
   X(VARNEL_BARCODE_NAME_NOT_SPLIT, "nameNotSplit", "the name does not say where its parts end")              \
   X(VARNEL_BARCODE_BY_ISSUER, "jurisdictionByIssuer", "the jurisdiction is that of the issuer number")       \
-  X(VARNEL_BARCODE_REFUSED, "notABarcode", "refused: neither a header nor lines of elements")                \
-  X(VARNEL_BARCODE_NO_SUBFILE, "noSubfile", "refused: a header, but no subfile that can be read")            \
-  X(VARNEL_BARCODE_AMBIGUOUS, "ambiguous", "refused: no separators, and not exactly one way to divide")
+  X(VARNEL_BARCODE_REFUSED, "notABarcode", "neither a header nor lines of elements")                \
+  X(VARNEL_BARCODE_NO_SUBFILE, "noSubfile", "a header, but no subfile that can be read")            \
+  X(VARNEL_BARCODE_AMBIGUOUS, "ambiguous", "no separators, and not exactly one way to divide the text")
 
 /** Findings by number. */
 enum {
