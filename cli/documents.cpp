@@ -1,5 +1,6 @@
 #include "documents.hpp"
 
+#include "advice.hpp"
 #include "complaints.hpp"
 #include "exit_codes.hpp"
 #include "formats.hpp"
@@ -7,6 +8,7 @@
 #include "platform.hpp"
 #include "progress.hpp"
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -26,6 +28,9 @@ std::uint64_t total_size(const std::vector<std::string> &operands) {
   }
   return total;
 }
+
+// As much of a batch is looked at for advice.
+constexpr std::size_t HEAD_SIZE = 4096;
 
 class document_run {
 public:
@@ -64,6 +69,9 @@ private:
         progress_.draw(counts_);
       }
       const std::ptrdiff_t count = from.read(into, room);
+      if (batch_ && head_.size() < HEAD_SIZE && count > 0) {
+        head_.append(into, std::min(static_cast<std::size_t>(count), HEAD_SIZE - head_.size()));
+      }
       progress_.advance(count > 0 ? static_cast<std::uint64_t>(count) : 0);
       return count;
     });
@@ -121,11 +129,10 @@ private:
     report(why_unreadable(from, reader_));
   }
 
-  // Zones as they are printed, read by the line, are refused one and all.
-  std::string_view hint() const {
-    const bool none_read = counts_.documents > 1 && counts_.refused == counts_.documents;
-    return split_ == split::line && none_read ? "; documents of several lines are read with --each block"
-                                              : "";
+  // What helps where everything was refused.
+  std::string hint() const {
+    const bool none_read = counts_.documents > 0 && counts_.refused == counts_.documents;
+    return none_read ? advice(head_, split_) : "";
   }
 
   std::string title_of(std::uint64_t number, std::uint64_t line, const std::string &name) const {
@@ -153,6 +160,7 @@ private:
   document_reader reader_;
   progress progress_;
   tally counts_;
+  std::string head_; // the first bytes that were read
   bool trouble_ = false;
   bool none_found_ = false; // in some input, with --each zone
 };

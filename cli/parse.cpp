@@ -11,7 +11,7 @@ namespace {
 class parse : public document_command {
 public:
   parse(const arguments &asked, output &out)
-      : writer_(out, document_rows(out, asked), asked.has(SLOTS_OPTION.name)) {}
+      : writer_(out, document_rows(out, asked), asked.has(SLOTS_OPTION.name)), split_(split_of(asked)) {}
 
   void begin() override { writer_.begin(); }
 
@@ -27,10 +27,11 @@ public:
 
   void skip(const document &from) override { writer_.refused(from); }
 
-  std::string reason(const document &from) override { return reason_of_refusal(from.text); }
+  std::string reason(const document &from) override { return reason_of_refusal(from.text, split_); }
 
 private:
   document_writer writer_;
+  split split_;
   PARSE_RESULT result_ = {};
   char buffer_[VARNEL_BUFFER_SIZE] = {};
 };

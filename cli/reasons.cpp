@@ -1,29 +1,116 @@
 #include "reasons.hpp"
 
+#include "../src/mrz/columns.hpp"
+#include "advice.hpp"
+
 #include <Varnel/Varnel.h>
 
-#include <cstring>
+#include <algorithm>
 
 namespace varnel::cli {
 
 namespace {
 
-// The lengths of a zone after clean-up, by ICAO Doc 9303.
-struct zone_kind {
-  int length;
-  const char *documents;
-  const char *letters; // with which their document codes begin
-};
-constexpr zone_kind ZONE_KINDS[] = {
-    {72, "TD2 card, short visa", "IACV"}, {88, "passport, long visa", "PV"}, {90, "TD1 card", "IAC"}};
-constexpr int SHORTEST_ZONE = 72;
-constexpr int LONGEST_ZONE = 90;
+// What has to stand in a field for a zone to be read. What other fields hold is never a reason to refuse.
+enum class content { letters, name, digits };
 
-// Whether a layout of this length has the document code of the zone. Behind the letter of a card no V may
-// stand, which marks a visa.
-bool has_document_code(const zone_kind &kind, const char *zone) {
+struct checked_field {
+  int line;
+  columns where; // a length of 0 reaches to the end of the line
+  const char *name;
+  content expected;
+};
+
+constexpr columns TWO_LINE_NAME = {two_line::NAME_START, 0};
+constexpr columns WHOLE_LINE = {0, 0};
+
+constexpr checked_field TWO_LINE_FIELDS[] = {
+    {1, zone::ISSUING_STATE, "issuing state", content::letters},
+    {1, TWO_LINE_NAME, "name", content::name},
+    {2, two_line::NATIONALITY, "nationality", content::letters},
+    {2, two_line::BIRTH_DATE, "birth date", content::digits},
+    {2, two_line::EXPIRATION_DATE, "expiry date", content::digits},
+};
+
+constexpr checked_field TD1_FIELDS[] = {
+    {1, zone::ISSUING_STATE, "issuing state", content::letters},
+    {2, td1::BIRTH_DATE, "birth date", content::digits},
+    {2, td1::EXPIRATION_DATE, "expiry date", content::digits},
+    {2, td1::NATIONALITY, "nationality", content::letters},
+    {3, WHOLE_LINE, "name", content::name},
+};
+
+// The layouts of one length, by ICAO Doc 9303.
+struct zone_shape {
+  int lines;
+  int width;
+  const char *documents;
+  const char *letters;  // with which their document codes begin
+  const char *expected; // the same in words
+  const checked_field *fields;
+
+  constexpr int length() const { return lines * width; }
+};
+
+constexpr zone_shape SHAPES[] = {
+    {2, td2::LINE_LENGTH, "TD2 card, short visa", "IACV", "A, C, I or V", TWO_LINE_FIELDS},
+    {2, td3::LINE_LENGTH, "passport, long visa", "PV", "P or V", TWO_LINE_FIELDS},
+    {3, td1::LINE_LENGTH, "TD1 card", "IAC", "A, C or I", TD1_FIELDS},
+};
+constexpr std::size_t FIELD_COUNT = 5; // of both
+
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+bool is_letter_or_filler(char c) { return (c >= 'A' && c <= 'Z') || c == '<'; }
+bool is_filler(char c) { return c == '<'; }
+
+// What is wrong with the text of a field, or null.
+const char *fault(content expected, std::string_view text) {
+  if (expected == content::digits) {
+    return std::all_of(text.begin(), text.end(), is_digit) ? nullptr : "expected digits";
+  }
+  if (!std::all_of(text.begin(), text.end(), is_letter_or_filler)) {
+    return "expected letters or <";
+  }
+  const bool empty = std::all_of(text.begin(), text.end(), is_filler);
+  return expected == content::name && empty ? "expected a name" : nullptr;
+}
+
+std::string place(int line, int start, int length, const char *name) {
+  return "line " + std::to_string(line) + ", columns " + std::to_string(start + 1) + "-" +
+         std::to_string(start + length) + " (" + name + "): ";
+}
+
+// The faults of a zone that is as long as its layout wants, one after the other.
+std::string faults(const zone_shape &shape, std::string_view zone) {
   const bool of_a_card = zone[0] != 'P' && zone[0] != 'V';
-  return std::strchr(kind.letters, zone[0]) != nullptr && !(of_a_card && zone[1] == 'V');
+  if (std::string_view(shape.letters).find(zone[0]) == std::string_view::npos) {
+    return place(1, 0, 2, "document code") + "expected " + shape.expected + " first (" + shape.documents +
+           ")";
+  }
+  if (of_a_card && zone[1] == 'V') {
+    return place(1, 0, 2, "document code") + "expected no V after the letter of a card";
+  }
+  std::string found;
+  for (std::size_t i = 0; i < FIELD_COUNT; ++i) {
+    const checked_field &field = shape.fields[i];
+    const int start = field.where.start;
+    const int length = field.where.length > 0 ? field.where.length : shape.width - start;
+    const std::size_t at = static_cast<std::size_t>((field.line - 1) * shape.width + start);
+    const char *wrong = fault(field.expected, zone.substr(at, static_cast<std::size_t>(length)));
+    if (wrong != nullptr) {
+      found += (found.empty() ? "" : "; ") + place(field.line, start, length, field.name) + wrong;
+    }
+  }
+  return found;
+}
+
+std::string expected_lengths() {
+  std::string list = "expected ";
+  for (const zone_shape &shape : SHAPES) {
+    list += &shape == SHAPES ? "" : &shape == std::end(SHAPES) - 1 ? " or " : ", ";
+    list += std::to_string(shape.length()) + " (" + shape.documents + ")";
+  }
+  return list;
 }
 
 // Units are counted in the text, but as many bytes of it are examined: a text with characters beyond ASCII
@@ -39,28 +126,21 @@ std::string unexamined(std::string_view text, std::size_t units) {
 
 } // namespace
 
-std::string reason_of_refusal(std::string_view text) {
+std::string reason_of_refusal(std::string_view text, split read_by) {
   char zone[VARNEL_EXAMINED_MAX + 1];
   int length = 0;
   const int units = varnel_utf16_length(text.data(), text.size());
   normalize_mrz(text.data(), units, zone, sizeof zone, &length);
-  const std::string found = "not a machine-readable zone: " + std::to_string(length) +
-                            (length == 1 ? " character" : " characters") + " after clean-up" +
-                            (units == VARNEL_EXAMINED_MAX ? " of its first 1023, " : ", ");
   const std::string rest = unexamined(text, static_cast<std::size_t>(units));
-  std::string expected;
-  for (const zone_kind &kind : ZONE_KINDS) {
-    if (length == kind.length) {
-      const char *reason = has_document_code(kind, zone) ? "the content was refused"
-                                                         : "no layout of this length has its document code";
-      return (found + "as expected (" + kind.documents + "), but " + reason).append(rest);
+  for (const zone_shape &shape : SHAPES) {
+    if (length == shape.length()) {
+      return faults(shape, std::string_view(zone, static_cast<std::size_t>(length))) + rest;
     }
-    expected += expected.empty() ? "expected " : kind.length == LONGEST_ZONE ? " or " : ", ";
-    expected += std::to_string(kind.length) + " (" + kind.documents + ")";
   }
-  const bool many = length >= 2 * SHORTEST_ZONE;
-  return found + expected + rest +
-         (many ? "; several documents are read with --each line or --each block" : "");
+  return "not a machine-readable zone: " + std::to_string(length) +
+         (length == 1 ? " character" : " characters") + " after clean-up" +
+         (units == VARNEL_EXAMINED_MAX ? " of its first 1023, " : ", ") + expected_lengths() + rest +
+         (read_by == split::whole ? advice(text, read_by) : "");
 }
 
 } // namespace varnel::cli

@@ -79,9 +79,10 @@ class Progress(unittest.TestCase):
         _, _, err = varnel_on_terminal("parse", "--each", "block", text=PASSPORT, streams=["stderr"])
         self.assertTrue(err.endswith(b"varnel: 1 document, 0 refused\n"), err)
 
-    def test_documents_of_several_lines_read_by_the_line_are_pointed_to_blocks(self):
-        hint = b"; documents of several lines are read with --each block"
-        for how, text, said in (("line", PASSPORT, hint), ("line", b"x\n", b""), ("block", b"x\n\ny\n", b""),
+    def test_where_all_was_refused_the_summary_names_what_helps(self):
+        for how, text, said in (("line", PASSPORT, b"; try --each block"), ("block", PASSPORT * 2, b"; try --each zone"),
+                                ("block", PASSPORT_LINE * 2, b"; try --each line"),
+                                ("line", b"x\n", b""), ("block", b"x\n\ny\n", b""),
                                 ("line", PASSPORT + PASSPORT_LINE, b""), ("line", b"", b"")):
             with self.subTest(how=how, text=text):
                 _, _, err = varnel_on_terminal("parse", "--each", how, text=text, streams=["stderr"])
