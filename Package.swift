@@ -1,12 +1,13 @@
 // swift-tools-version:5.5
-// Varnel for the Swift Package Manager: the core and the Objective-C face, from the sources of every other build.
+// Varnel for the Swift Package Manager: the libraries and the Objective-C classes, from the sources of every other
+// build, and typed values over them (import VarnelTyped).
 import PackageDescription
 
 let package = Package(
   name: "Varnel",
   platforms: [.iOS(.v9)],
   products: [
-    .library(name: "Varnel", targets: ["Varnel"])
+    .library(name: "Varnel", type: .dynamic, targets: ["Varnel", "VarnelTyped"])
   ],
   targets: [
     .target(
@@ -14,7 +15,13 @@ let package = Package(
       path: ".",
       sources: ["src"],
       publicHeadersPath: "include",
-      linkerSettings: [.linkedFramework("Foundation")])
+      cSettings: [.headerSearchPath("src")],
+      cxxSettings: [.headerSearchPath("src")],
+      linkerSettings: [.linkedFramework("Foundation")]),
+    .target(
+      name: "VarnelTyped",
+      dependencies: ["Varnel"],
+      path: "bindings/swift"),
   ],
   cxxLanguageStandard: .cxx17
 )

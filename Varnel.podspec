@@ -15,13 +15,13 @@ Pod::Spec.new do |pod|
 
   pod.ios.deployment_target = '9.0'
   pod.frameworks = 'Foundation'
-  pod.source_files = 'include/Varnel/**/*.h', 'src/**/*.{cpp,m}'
-  pod.public_header_files = 'include/Varnel/**/*.h'
+  pod.source_files = 'include/**/*.h', 'src/**/*.{cpp,m}'
+  pod.public_header_files = 'include/**/*.h'
   pod.header_mappings_dir = 'include/Varnel'
   pod.preserve_paths = 'src/**/*.{h,hpp}' # included by the sources beside them, of no use to anyone else
   pod.requires_arc = false
   pod.pod_target_xcconfig = {
     'CLANG_CXX_LANGUAGE_STANDARD' => 'c++17',
-    'HEADER_SEARCH_PATHS' => '"${PODS_TARGET_SRCROOT}/include"'
+    'HEADER_SEARCH_PATHS' => '"${PODS_TARGET_SRCROOT}/include" "${PODS_TARGET_SRCROOT}/src"'
   }
 end

@@ -1,7 +1,7 @@
 #!/bin/sh
-# Builds Varnel.xcframework on a Mac, for iOS 9.0 and later: devices and simulator.
+# Builds Varnel.xcframework and VarnelDocuments.xcframework on a Mac, for iOS 9.0 and later: devices and simulator.
 #
-#   apple/build-xcframework.sh [FOLDER]      puts it into FOLDER, or into out/
+#   apple/build-xcframework.sh [FOLDER]      puts them into FOLDER, or into out/
 #
 # Needs Xcode and CMake. The architectures may be chosen by the environment:
 #
@@ -22,7 +22,7 @@ for tool in cmake xcodebuild; do
   fi
 done
 
-# build_framework SDK ARCHITECTURES: leaves $build/SDK/apple/Varnel.framework.
+# build_framework SDK ARCHITECTURES: leaves $build/SDK/apple/Varnel.framework and VarnelDocuments.framework.
 build_framework() {
   cmake -S "$root" -B "$build/$1" -G "Unix Makefiles" \
     -DCMAKE_BUILD_TYPE=Release \
@@ -31,14 +31,16 @@ build_framework() {
     -DCMAKE_OSX_ARCHITECTURES="$(echo "$2" | tr ' ' ';')" \
     -DCMAKE_OSX_DEPLOYMENT_TARGET=9.0 \
     -DVARNEL_BUILD_CLI=OFF -DVARNEL_BUILD_TESTS=OFF -DVARNEL_INSTALL=OFF -DVARNEL_BUILD_FACADE=ON
-  cmake --build "$build/$1" --target varnel_framework
+  cmake --build "$build/$1" --target varnel_framework varnel_documents_framework
 }
 
-rm -rf "$build" "$output/Varnel.xcframework"
+rm -rf "$build" "$output/Varnel.xcframework" "$output/VarnelDocuments.xcframework"
 build_framework iphoneos "$device_architectures"
 build_framework iphonesimulator "$simulator_architectures"
 mkdir -p "$output"
-xcodebuild -create-xcframework \
-  -framework "$build/iphoneos/apple/Varnel.framework" \
-  -framework "$build/iphonesimulator/apple/Varnel.framework" \
-  -output "$output/Varnel.xcframework"
+for framework in Varnel VarnelDocuments; do
+  xcodebuild -create-xcframework \
+    -framework "$build/iphoneos/apple/$framework.framework" \
+    -framework "$build/iphonesimulator/apple/$framework.framework" \
+    -output "$output/$framework.xcframework"
+done

@@ -98,12 +98,19 @@ add_library(varnel_foundation_options INTERFACE)
 target_compile_options(varnel_foundation_options INTERFACE $<$<COMPILE_LANGUAGE:OBJC>:${foundation_options}>)
 target_link_libraries(varnel_foundation_options INTERFACE ${foundation_libraries})
 
-# Adds the face to a target.
-function(varnel_add_facade target)
-  target_sources(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src/Varnel.m")
+# Adds Objective-C sources over Foundation to a target.
+function(varnel_add_objective_c target)
+  list(TRANSFORM ARGN PREPEND "${PROJECT_SOURCE_DIR}/src/" OUTPUT_VARIABLE sources)
+  target_sources(${target} PRIVATE ${sources})
+  target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src")
   target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/include")
   target_link_libraries(${target} PUBLIC varnel_foundation_options)
   varnel_warnings(${target})
+endfunction()
+
+# Adds the class Varnel and its category to a target.
+function(varnel_add_facade target)
+  varnel_add_objective_c(${target} Varnel.m)
 endfunction()
 
 if(CMAKE_SYSTEM_NAME STREQUAL "iOS")
@@ -117,4 +124,16 @@ else()
     LINKER_LANGUAGE CXX # the Objective-C linker leaves the run path of the build tree out
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
+
+  # The documents library with the class VarnelInspector, over the library above.
+  if(VARNEL_BUILD_DOCUMENTS)
+    add_library(varnel_documents_foundation SHARED $<TARGET_OBJECTS:varnel_documents>)
+    varnel_add_objective_c(varnel_documents_foundation documents/VarnelInspector.m)
+    target_link_libraries(varnel_documents_foundation PUBLIC varnel_foundation)
+    set_target_properties(varnel_documents_foundation PROPERTIES
+      OUTPUT_NAME VarnelDocumentsFoundation
+      LINKER_LANGUAGE CXX
+      VERSION ${PROJECT_VERSION}
+      SOVERSION ${PROJECT_VERSION_MAJOR})
+  endif()
 endif()

@@ -2,20 +2,7 @@
 #import <Varnel/Varnel.h>
 
 #include "record/exported_values.h"
-
-// Some packagers compile with reference counting left to the compiler, which then does what this does.
-#if defined(__has_feature)
-#if __has_feature(objc_arc)
-#define COUNTED_BY_COMPILER
-#endif
-#endif
-#ifdef COUNTED_BY_COMPILER
-#define AUTORELEASE_STRING(string) (string)
-#define RELEASE_OBJECT(object) ((void)(object))
-#else
-#define AUTORELEASE_STRING(string) [(string) autorelease]
-#define RELEASE_OBJECT(object) [(object) release]
-#endif
+#include "reference_counting.h"
 
 // The order in which a record is read: a subclass that overrides getValueForKey:inResult: sees it.
 static const int READING_ORDER[] = {

@@ -304,8 +304,8 @@ bool read_undivided(barcode_card &card, const char *type, int start, int end, in
   d.start = start;
   d.end = end;
   d.place_count = 0;
-  const bool divided = count >= 1 && count <= MOST_PLACES && end - start <= UINT16_MAX && find_places(d) &&
-                       d.place_count >= count && find_only_division(d, count);
+  const bool divided = count >= 1 && count <= MOST_PLACES && end - start <= int{UINT16_MAX} &&
+                       find_places(d) && d.place_count >= count && find_only_division(d, count);
   if (!divided) {
     return false;
   }

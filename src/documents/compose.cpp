@@ -179,8 +179,8 @@ private:
       return refuse(VARNEL_DOCUMENT_CODE, VARNEL_COMPOSE_UNKNOWN);
     }
     const char *state = fields_.issuing_state;
-    if (layout_.id == VARNEL_LAYOUT_TD2 && strcmp(code, "ID") == 0 && state != nullptr &&
-        strcmp(state, "FRA") == 0) {
+    if (layout_.id == VARNEL_LAYOUT_TD2 && code[0] == 'I' && code[1] == 'D' && state != nullptr &&
+        strlen(state) == 3 && memcmp(state, "FRA", 3) == 0) {
       return refuse(VARNEL_DOCUMENT_CODE, VARNEL_COMPOSE_OTHER_LAYOUT);
     }
     memcpy(columns_of(place_of(VARNEL_DOCUMENT_CODE)), code, strlen(code));

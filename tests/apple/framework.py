@@ -1,4 +1,4 @@
-"""Varnel.framework as it was cross-built for one architecture: bundle, library, symbols, classes, headers.
+"""A framework as it was cross-built for one architecture: bundle, library, symbols, classes, headers.
 
 Nothing of it is run: this says that it compiles and links, and how the result is built.
 """
@@ -11,13 +11,28 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-HEADERS = ROOT / "include" / "Varnel"
-MANIFEST = ROOT / "abi" / "exported-symbols.txt"
+VERSION_HEADER = ROOT / "include" / "Varnel" / "Varnel.h"
 
-# What Objective-C adds to the exported C symbols.
-CLASS_SYMBOLS = {"_OBJC_CLASS_$_Varnel", "_OBJC_METACLASS_$_Varnel"}
-CLASS_METHODS = ["parseMRZStringForDictionary:", "parseResult:", "getValueForKey:inResult:"]
-CATEGORY_METHODS = ["parseMRZStringForDict"]
+# For each framework: where its C functions are listed, one of them, its class with its methods, its categories
+# of NSString, and the frameworks that it is linked to.
+FRAMEWORKS = {
+    "Varnel": {
+        "functions": "tests/abi/exported-symbols.txt",
+        "known": "normalize_mrz",
+        "class": "Varnel",
+        "methods": ["parseMRZStringForDictionary:", "parseResult:", "getValueForKey:inResult:"],
+        "category methods": ["parseMRZStringForDict"],
+        "libraries": [],
+    },
+    "VarnelDocuments": {
+        "functions": "include/Varnel/documents",
+        "known": "varnel_inspect",
+        "class": "VarnelInspector",
+        "methods": ["inspect:", "inspect:date:repair:"],
+        "category methods": [],
+        "libraries": ["@rpath/Varnel.framework/Varnel"],
+    },
+}
 
 # architecture, environment -> processor, load command of the minimum OS, that OS
 SLICES = {
@@ -51,40 +66,49 @@ def output_of(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
-def public_headers():
-    return {str(path.relative_to(HEADERS)) for path in HEADERS.rglob("*.h")}
+def public_headers(folder):
+    """The headers of a framework: those of the C interface of Varnel Documents belong to none."""
+    names = {str(path.relative_to(folder)) for path in folder.rglob("*.h")}
+    return {name for name in names if not name.startswith("documents")}
 
 
 def version():
-    return re.search(r'^#define VARNEL_VERSION "(.*)"$', (HEADERS / "Varnel.h").read_text(), re.MULTILINE)[1]
+    return re.search(r'^#define VARNEL_VERSION "(.*)"$', VERSION_HEADER.read_text(), re.MULTILINE)[1]
 
 
-def manifest():
-    names = {f"_{name}" for name in MANIFEST.read_text().split()}
-    if "_normalize_mrz" not in names:
-        sys.exit(f"{MANIFEST.name} does not read like the list of exported symbols")
-    return names
+def functions(facts):
+    """The C functions of a framework: from a list, or from the declarations of a folder of headers."""
+    source = ROOT / facts["functions"]
+    if source.is_dir():
+        text = "".join(path.read_text() for path in sorted(source.glob("*.h")))
+        names = re.findall(r"^VARNEL_DOCUMENTS_API\b[^;(]*?(\w+)\(", text, re.MULTILINE)
+    else:
+        names = source.read_text().split()
+    if facts["known"] not in names:
+        sys.exit(f"{facts['functions']} does not list the exported functions")
+    return {f"_{name}" for name in names}
 
 
-def check_bundle(framework):
+def check_bundle(framework, name):
     """The library, its headers, a module map and an Info.plist; no resources of any kind."""
+    headers = ROOT / "include" / name
     found = {str(path.relative_to(framework)) for path in framework.rglob("*") if not path.is_dir()}
-    expected = {"Varnel", "Info.plist", "Modules/module.modulemap"}
-    expect_same_names("bundle", found, expected | {f"Headers/{header}" for header in public_headers()})
-    for header in sorted(public_headers()):
+    expected = {name, "Info.plist", "Modules/module.modulemap"}
+    expect_same_names("bundle", found, expected | {f"Headers/{header}" for header in public_headers(headers)})
+    for header in sorted(public_headers(headers)):
         expect(f"Headers/{header} is that of the sources",
-               (framework / "Headers" / header).read_bytes() == (HEADERS / header).read_bytes(), True)
+               (framework / "Headers" / header).read_bytes() == (headers / header).read_bytes(), True)
 
 
-def check_info(framework, platform):
+def check_info(framework, name, platform):
     with open(framework / "Info.plist", "rb") as file:
         info = plistlib.load(file)
     expect("Info.plist", info, {
         "CFBundleDevelopmentRegion": "en",
-        "CFBundleExecutable": "Varnel",
-        "CFBundleIdentifier": "org.varnel.Varnel",
+        "CFBundleExecutable": name,
+        "CFBundleIdentifier": f"org.varnel.{name}",
         "CFBundleInfoDictionaryVersion": "6.0",
-        "CFBundleName": "Varnel",
+        "CFBundleName": name,
         "CFBundlePackageType": "FMWK",
         "CFBundleShortVersionString": version(),
         "CFBundleSupportedPlatforms": [platform],
@@ -93,7 +117,7 @@ def check_info(framework, platform):
     })
 
 
-def check_library(objdump, library, processor, minimum_command, minimum_os):
+def check_library(objdump, library, name, processor, minimum_command, minimum_os):
     header = output_of(objdump, "--macho", "--private-header", library).split("\n")[-2].split()
     expect("processor", header[1], processor)
     expect("file type", header[4], "DYLIB")
@@ -104,7 +128,7 @@ def check_library(objdump, library, processor, minimum_command, minimum_os):
         return [body for name, body in loads if name == command]
 
     names = [re.search(r"name (\S+)", body)[1] for body in those("LC_ID_DYLIB")]
-    expect("install name", names, ["@rpath/Varnel.framework/Varnel"])
+    expect("install name", names, [f"@rpath/{name}.framework/{name}"])
     expect("current version", re.findall(r"current version (\S+)", those("LC_ID_DYLIB")[0]), [version()])
     expect("load command of the minimum OS",
            [name for name, _ in loads if name in ("LC_VERSION_MIN_IPHONEOS", "LC_BUILD_VERSION")],
@@ -112,14 +136,16 @@ def check_library(objdump, library, processor, minimum_command, minimum_os):
     minimum = re.search(r"(?:version|minos) ([\d.]+)", "".join(those(minimum_command)))
     expect("minimum OS", minimum and minimum[1], minimum_os)
     libraries = [re.search(r"name (\S+)", body)[1] for body in those("LC_LOAD_DYLIB")]
-    expect("libraries", sorted(libraries), LIBRARIES)
+    expect("libraries", sorted(libraries), sorted(LIBRARIES + FRAMEWORKS[name]["libraries"]))
     expect("own search paths", those("LC_RPATH"), [])
     expect("code that runs when the library is loaded", "__mod_init_func" in commands, False)
 
 
-def check_symbols(nm, library):
+def check_symbols(nm, library, facts):
+    # What Objective-C adds to the exported C symbols.
+    of_class = {f"_OBJC_CLASS_$_{facts['class']}", f"_OBJC_METACLASS_$_{facts['class']}"}
     lines = output_of(nm, "--extern-only", "--defined-only", "--format=just-symbols", library)
-    expect_same_names("exported symbols", set(lines.split()), manifest() | CLASS_SYMBOLS)
+    expect_same_names("exported symbols", set(lines.split()), functions(facts) | of_class)
 
 
 def section(text, name):
@@ -127,18 +153,20 @@ def section(text, name):
     return found[1] if found else ""
 
 
-def check_classes(objdump, library):
+def check_classes(objdump, library, facts):
     text = output_of(objdump, "--macho", "--objc-meta-data", library)
     classes = section(text, "__objc_classlist")
     instance_side = classes.split("Meta Class")[0]
-    expect("classes", re.findall(r"^[0-9a-f]+ 0x\w+ (\S+)", classes, re.MULTILINE), ["_OBJC_CLASS_$_Varnel"])
+    expect("classes", re.findall(r"^[0-9a-f]+ 0x\w+ (\S+)", classes, re.MULTILINE),
+           [f"_OBJC_CLASS_$_{facts['class']}"])
     expect("superclass", re.findall(r"superclass \S+ (\S+)", instance_side), ["_OBJC_CLASS_$_NSObject"])
-    expect("methods", re.findall(r"imp -\[Varnel (\S+)\]", instance_side), CLASS_METHODS)
+    expect("methods", re.findall(rf"imp -\[{facts['class']} (\S+)\]", instance_side), facts["methods"])
     expect("instance variables", re.findall(r"ivars (\S+)", instance_side), ["0x0"])
     categories = section(text, "__objc_catlist")
     expect("categories", re.findall(r"^[0-9a-f]+ 0x\w+ (\S+)", categories, re.MULTILINE),
-           ["__OBJC_$_CATEGORY_NSString_$_Varnel"])
-    expect("category methods", re.findall(r"imp -\[NSString\(Varnel\) (\S+)\]", categories), CATEGORY_METHODS)
+           ["__OBJC_$_CATEGORY_NSString_$_Varnel"] if facts["category methods"] else [])
+    expect("category methods", re.findall(r"imp -\[NSString\(Varnel\) (\S+)\]", categories),
+           facts["category methods"])
 
 
 def main():
@@ -149,13 +177,14 @@ def main():
     parser.add_argument("framework", type=Path)
     arguments = parser.parse_args()
     processor, minimum_command, minimum_os, platform = SLICES[arguments.slice]
-    library = str(arguments.framework / "Varnel")
+    name = arguments.framework.stem
+    library = str(arguments.framework / name)
 
-    check_bundle(arguments.framework)
-    check_info(arguments.framework, platform)
-    check_library(arguments.objdump, library, processor, minimum_command, minimum_os)
-    check_symbols(arguments.nm, library)
-    check_classes(arguments.objdump, library)
+    check_bundle(arguments.framework, name)
+    check_info(arguments.framework, name, platform)
+    check_library(arguments.objdump, library, name, processor, minimum_command, minimum_os)
+    check_symbols(arguments.nm, library, FRAMEWORKS[name])
+    check_classes(arguments.objdump, library, FRAMEWORKS[name])
     for failure in failures:
         print(failure, file=sys.stderr)
     sys.exit(1 if failures else 0)

@@ -27,14 +27,16 @@ def files(*patterns):
 
 
 SOURCES = files("src/**/*.cpp", "src/**/*.m")
-LISTED = re.findall(r"^  (\S+\.cpp)", text_of("src/CMakeLists.txt"), re.MULTILINE)
+LISTED = [f"{folder}{name}" for folder in ("", "documents/")
+          for name in re.findall(r"^  ([\w/]+\.cpp)\)?$", text_of(f"src/{folder}CMakeLists.txt"), re.MULTILINE)]
+CLASSES = ["Varnel.m", "documents/VarnelInspector.m"]
 HEADER = text_of("include/Varnel/Varnel.h")
 VERSION = only(r'^#define VARNEL_VERSION "(.*)"$', HEADER)
 
 
 def check_sources():
     """The packagers take every source of the folder: none may be there that the library is not made of."""
-    expect("sources in src/", sorted(SOURCES), sorted(f"src/{name}" for name in [*LISTED, "Varnel.m"]))
+    expect("sources in src/", sorted(SOURCES), sorted(f"src/{name}" for name in [*LISTED, *CLASSES]))
 
 
 def check_swift_package():
@@ -49,9 +51,8 @@ def check_swift_package():
 def check_podspec():
     pod = text_of("Varnel.podspec")
     expect("Varnel.podspec, sources",
-           only(r"source_files = (.*)$", pod), "'include/Varnel/**/*.h', 'src/**/*.{cpp,m}'")
-    expect("Varnel.podspec, public headers",
-           only(r"public_header_files = '(.*)'$", pod), "include/Varnel/**/*.h")
+           only(r"source_files = (.*)$", pod), "'include/**/*.h', 'src/**/*.{cpp,m}'")
+    expect("Varnel.podspec, public headers", only(r"public_header_files = '(.*)'$", pod), "include/**/*.h")
     expect("Varnel.podspec, iOS", only(r"deployment_target = '(.*)'$", pod), "9.0")
     header, pattern = only(r"version = File.read\(File.join\(__dir__, '(.*)'\)\)\[/(.*)/, 1\]$", pod)
     expect("Varnel.podspec, version", only(pattern, text_of(header)), VERSION)

@@ -9,8 +9,12 @@
 
 #define nil ((id)0)
 typedef unsigned long NSUInteger;
+typedef long NSInteger;
 typedef signed char BOOL;
 enum { NSUTF8StringEncoding = 4 };
+enum { NSCalendarUnitYear = 1 << 2, NSCalendarUnitMonth = 1 << 3, NSCalendarUnitDay = 1 << 4 };
+#define NS_ENUM(type, name) enum __attribute__((enum_extensibility(open))) name : type name; enum name : type
+@class NSData, NSDate, NSDateComponents, NSTimeZone;
 
 __attribute__((objc_root_class))
 @interface NSObject {
@@ -30,6 +34,37 @@ __attribute__((objc_root_class))
 + (instancetype)stringWithUTF8String:(const char *)text;
 - (instancetype)initWithBytes:(const void *)bytes length:(NSUInteger)length encoding:(NSUInteger)encoding;
 - (BOOL)isEqualToString:(NSString *)string;
+- (NSData *)dataUsingEncoding:(NSUInteger)encoding;
+@end
+
+@interface NSData : NSObject
+@property(readonly) NSUInteger length;
+@property(readonly) const void *bytes;
++ (instancetype)dataWithBytes:(const void *)bytes length:(NSUInteger)length;
+@end
+
+@interface NSDate : NSObject
++ (instancetype)date;
+@end
+
+@interface NSDateComponents : NSObject
+@property NSInteger year;
+@property NSInteger month;
+@property NSInteger day;
+@end
+
+@interface NSTimeZone : NSObject
++ (instancetype)timeZoneForSecondsFromGMT:(NSInteger)seconds;
+@end
+
+@interface NSCalendar : NSObject
+@property NSTimeZone *timeZone;
+- (instancetype)initWithCalendarIdentifier:(NSString *)identifier;
+- (NSDateComponents *)components:(NSUInteger)units fromDate:(NSDate *)date;
+@end
+
+@interface NSJSONSerialization : NSObject
++ (id)JSONObjectWithData:(NSData *)data options:(NSUInteger)options error:(void *)error;
 @end
 
 @interface NSDictionary<KeyType, ObjectType> : NSObject
