@@ -87,7 +87,7 @@ extern VARNEL_API const unsigned char VarnelVersionString[];
  *                    for every document.
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing changed.
  */
-VARNEL_API int result_init(PARSE_RESULT *pResult, char *buffer, int buffer_size);
+VARNEL_API int result_init(varnel_parse_result *pResult, char *buffer, int buffer_size);
 
 /**
  * Empties a record for reuse: all slots, the parser's identifiers and every byte of the buffer, which is
@@ -96,7 +96,7 @@ VARNEL_API int result_init(PARSE_RESULT *pResult, char *buffer, int buffer_size)
  * @param pResult the record, set up by result_init(); null, or a record without a buffer, is a bad argument.
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing changed.
  */
-VARNEL_API int result_clear(PARSE_RESULT *pResult);
+VARNEL_API int result_clear(varnel_parse_result *pResult);
 
 /** @} */
 
@@ -116,8 +116,8 @@ enum {
 
 /** One exported value under its key. */
 typedef struct _VARNEL_PAIR {
-  const char *key; /**< one of the twelve keys, NUL-terminated, constant for the life of the program */
-  STRING value;    /**< never null; length 0 where the document has no such value */
+  const char *key;     /**< one of the twelve keys, NUL-terminated, constant for the life of the program */
+  varnel_string value; /**< never null; length 0 where the document has no such value */
 } VARNEL_PAIR;
 
 /**
@@ -163,7 +163,7 @@ VARNEL_API int varnel_utf16_length(const char *text, size_t size);
  *
  * Allocates nothing; uses about a kilobyte of stack.
  */
-VARNEL_API int varnel_parse_mrz(const char *text, int length, PARSE_RESULT *result, char *buffer,
+VARNEL_API int varnel_parse_mrz(const char *text, int length, varnel_parse_result *result, char *buffer,
                                 int buffer_size);
 
 /**
@@ -178,7 +178,7 @@ VARNEL_API int varnel_parse_mrz(const char *text, int length, PARSE_RESULT *resu
  * @return a view into the record's buffer, valid until that is cleared or freed; for an empty slot {"", 0},
  *         never null.
  */
-VARNEL_API STRING varnel_value(const PARSE_RESULT *result, int field);
+VARNEL_API varnel_string varnel_value(const varnel_parse_result *result, int field);
 
 /**
  * Hands out a record as twelve values under fixed keys, in this order: firstName, lastName, middleName,
@@ -195,7 +195,7 @@ VARNEL_API STRING varnel_value(const PARSE_RESULT *result, int field);
  *                   of the library; values are views into the record's buffer, valid as long as that.
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing was written.
  */
-VARNEL_API int varnel_export(const PARSE_RESULT *result, VARNEL_PAIR pairs[VARNEL_VALUE_COUNT]);
+VARNEL_API int varnel_export(const varnel_parse_result *result, VARNEL_PAIR pairs[VARNEL_VALUE_COUNT]);
 
 /** @} */
 
@@ -255,7 +255,7 @@ VARNEL_CLASS
  *               Raises NSInvalidArgumentException where an exported slot holds malformed UTF-8, which
  *               no layout parser stores.
  */
-- (VARNEL_STRING_DICTIONARY *VARNEL_NONNULL)parseResult:(PARSE_RESULT *VARNEL_NULLABLE)result
+- (VARNEL_STRING_DICTIONARY *VARNEL_NONNULL)parseResult:(varnel_parse_result *VARNEL_NULLABLE)result
     VARNEL_SWIFT_NAME("parseResult(_:)");
 
 /**
@@ -267,7 +267,7 @@ VARNEL_CLASS
  *               malformed UTF-8.
  */
 - (NSString *VARNEL_NULLABLE)getValueForKey:(int)key
-                                   inResult:(PARSE_RESULT *VARNEL_NULLABLE)result
+                                   inResult:(varnel_parse_result *VARNEL_NULLABLE)result
     VARNEL_SWIFT_NAME("getValue(forKey:inResult:)");
 
 @end

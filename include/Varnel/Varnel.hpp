@@ -5,7 +5,7 @@
 #ifndef VARNEL_HPP
 #define VARNEL_HPP
 
-#if __cplusplus < 201703L
+#if defined(_MSVC_LANG) ? _MSVC_LANG < 201703L : __cplusplus < 201703L
 #error "Varnel.hpp needs C++17"
 #endif
 
@@ -117,15 +117,15 @@ private:
   };
 
   bool read(std::string_view text) {
-    PARSE_RESULT result;
+    varnel_parse_result result;
     const int length = varnel_utf16_length(text.data(), text.size());
-    if (varnel_parse_mrz(text.data(), length, &result, text_.data(), VARNEL_BUFFER_SIZE) != ERR_OK) {
+    if (varnel_parse_mrz(text.data(), length, &result, text_.data(), VARNEL_BUFFER_SIZE) != VARNEL_ERR_OK) {
       return false;
     }
     VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
     varnel_export(&result, pairs);
     for (std::size_t i = 0; i < size(); ++i) {
-      const STRING &value = pairs[i].value;
+      const varnel_string &value = pairs[i].value;
       keys_[i] = pairs[i].key;
       values_[i].length = static_cast<std::uint16_t>(value.len);
       values_[i].at = static_cast<std::uint16_t>(value.len > 0 ? value.str - text_.data() : 0);

@@ -16,8 +16,19 @@
  * @{
  */
 
-/** Marks a symbol that the library exports; every other symbol stays hidden. */
-#if defined(__GNUC__) || defined(__clang__)
+/**
+ * Marks a symbol that the library exports; every other symbol stays hidden.
+ *
+ * On Windows a program that links the static library defines VARNEL_STATIC, and the library's own build
+ * VARNEL_EXPORTS; CMake and pkg-config users need do nothing.
+ */
+#if defined(_WIN32) && defined(VARNEL_STATIC)
+#define VARNEL_API
+#elif defined(_WIN32) && defined(VARNEL_EXPORTS)
+#define VARNEL_API __declspec(dllexport)
+#elif defined(_WIN32)
+#define VARNEL_API __declspec(dllimport)
+#elif defined(__GNUC__)
 #define VARNEL_API __attribute__((visibility("default")))
 #else
 #define VARNEL_API
@@ -33,19 +44,35 @@
 #define VARNEL_END_DECLS
 #endif
 
+/*
+ * Types, constants and struct tags have a name with the prefix, and the short name that these pages use:
+ * varnel_string and STRING, VARNEL_ERR_OK and ERR_OK, VARNEL_FIELD_SEX and FIELD_SEX. Where a short name is
+ * another header's too (STRING and CONTEXT of windows.h, FIELD of form.h), define VARNEL_NO_SHORT_NAMES
+ * before the first header of Varnel: then only the names with the prefix are declared. Functions and data
+ * keep their one name either way, which is the linker's, and so does the layout of every record.
+ */
+#ifdef VARNEL_NO_SHORT_NAMES
+#define VARNEL_TAG(short_name, name) name
+#define VARNEL_CONSTANT(short_name, number) VARNEL_##short_name = number
+#else
+#define VARNEL_TAG(short_name, name) short_name
+#define VARNEL_CONSTANT(short_name, number) VARNEL_##short_name = number, short_name = number
+#endif
+
 /**
  * Return codes. Status-returning functions give ERR_OK or one of the negative codes.
  */
 enum {
-  ERR_OK = 0,               /**< success */
-  ERR_FAILED = -1,          /**< a yes/no query answered no */
-  ERR_NOT_FOUND = -16,      /**< none of the asked slots holds text */
-  ERR_INVALID_FORMAT = -20, /**< input of the wrong length, pattern or content */
-  ERR_INVALID_ARGS = -21    /**< a null pointer, or a size that cannot be */
+  VARNEL_CONSTANT(ERR_OK, 0),               /**< success */
+  VARNEL_CONSTANT(ERR_FAILED, -1),          /**< a yes/no query answered no */
+  VARNEL_CONSTANT(ERR_NOT_FOUND, -16),      /**< none of the asked slots holds text */
+  VARNEL_CONSTANT(ERR_INVALID_FORMAT, -20), /**< input of the wrong length, pattern or content */
+  VARNEL_CONSTANT(ERR_INVALID_ARGS, -21)    /**< a null pointer, or a size that cannot be */
 };
 
 /**
- * The slots of a record: X(number, constant, meaning) for each slot that has a name.
+ * The slots of a record: X(number, constant, meaning) for each slot that has a name. The constant is the
+ * short name; the full name has VARNEL_ before it.
  *
  * The identifiers in brackets are data elements of the AAMVA DL/ID card design standard. One element
  * may go to different slots in the element tables of different versions (DBB to 11 or 78, DAQ to 6 or
@@ -148,104 +175,109 @@ enum {
 
 /** Slot numbers: FIELD_FULL_NAME and so on, from the list VARNEL_FIELDS. */
 enum {
+#define VARNEL_PREFIXED_CONSTANT(number, constant, meaning) VARNEL_##constant = number,
+  VARNEL_FIELDS(VARNEL_PREFIXED_CONSTANT)
+#undef VARNEL_PREFIXED_CONSTANT
+#ifndef VARNEL_NO_SHORT_NAMES
 #define VARNEL_FIELD_CONSTANT(number, constant, meaning) constant = number,
-  VARNEL_FIELDS(VARNEL_FIELD_CONSTANT)
+      VARNEL_FIELDS(VARNEL_FIELD_CONSTANT)
 #undef VARNEL_FIELD_CONSTANT
-      FIELD_COUNT = 139 /**< slots in a record, numbered 0 to 138 */
+#endif
+          VARNEL_CONSTANT(FIELD_COUNT, 139) /**< slots in a record, numbered 0 to 138 */
 };
 
 /** Families of parsers. Of these, the library has PARSER_TYPE_MRZ; the numbers of the others are reserved. */
-typedef enum _EPARSER_TYPE {
-  PARSER_TYPE_AamvaPDF417 = 0,
-  PARSER_TYPE_AamvaMagneticStripe = 1,
-  PARSER_TYPE_HealthCard = 2,
-  PARSER_TYPE_CAC = 3,
-  PARSER_TYPE_CountrySpecial = 4,
-  PARSER_TYPE_MRZ = 5,
-  PARSER_TYPE_MAX = 6 /**< none; what every record of this library holds */
-} EPARSER_TYPE;
+typedef enum VARNEL_TAG(_EPARSER_TYPE, varnel_parser_type) {
+  VARNEL_CONSTANT(PARSER_TYPE_AamvaPDF417, 0),
+  VARNEL_CONSTANT(PARSER_TYPE_AamvaMagneticStripe, 1),
+  VARNEL_CONSTANT(PARSER_TYPE_HealthCard, 2),
+  VARNEL_CONSTANT(PARSER_TYPE_CAC, 3),
+  VARNEL_CONSTANT(PARSER_TYPE_CountrySpecial, 4),
+  VARNEL_CONSTANT(PARSER_TYPE_MRZ, 5),
+  VARNEL_CONSTANT(PARSER_TYPE_MAX, 6) /**< none; what every record of this library holds */
+} varnel_parser_type;
 
 /** Concrete parsers. Of these, the library has the four PARSER_MRZ_*; the numbers of the others are reserved.
  */
-typedef enum _EPARSER {
-  PARSER_STRIPE01_1T = 0,
-  PARSER_STRIPE01_2T = 1,
-  PARSER_STRIPE01_3T = 2,
-  PARSER_STRIPE01_3TR = 3,
-  PARSER_STRIPE011_3T = 4,
-  PARSER_STRIPE0110_3T = 5,
-  PARSER_STRIPE012_3T = 6,
-  PARSER_STRIPE013_3T = 7,
-  PARSER_STRIPE014_3T = 8,
-  PARSER_STRIPE015_3T = 9,
-  PARSER_STRIPE016_1T = 10,
-  PARSER_STRIPE017_2T = 11,
-  PARSER_STRIPE018_3T = 12,
-  PARSER_STRIPE019_3T = 13,
-  PARSER_STRIPE020_1T = 14,
-  PARSER_STRIPE_AUSTRALIAN01_1T = 15,
-  PARSER_STRIPE_OH01_1T = 16,
-  PARSER_V01 = 17,
-  PARSER_V01_1 = 18,
-  PARSER_V01_2 = 19,
-  PARSER_V01_AAMVA36 = 20,
-  PARSER_V01_AAMVA36_1 = 21,
-  PARSER_V01_AAMVA36_NC = 22,
-  PARSER_V01_AAMVA630 = 23,
-  PARSER_V01_AAMVA10_AR = 24,
-  PARSER_V01_WORS = 25,
-  PARSER_V01_CAN = 26,
-  PARSER_V01_AB = 27,
-  PARSER_V02 = 28,
-  PARSER_V02_WOJC = 29,
-  PARSER_V03 = 30,
-  PARSER_V03_WORS = 31,
-  PARSER_V03_AB = 32,
-  PARSER_V03_1_AB = 33,
-  PARSER_V03_2_AB = 34,
-  PARSER_V03_SL = 35,
-  PARSER_V04_GENERIC = 36,
-  PARSER_V04_1 = 37,
-  PARSER_V05_GENERIC = 38,
-  PARSER_V05_SA = 39,
-  PARSER_V06 = 40,
-  PARSER_V08 = 41,
-  PARSER_V08_1 = 42,
-  PARSER_V08_2_ND = 43,
-  PARSER_V03_CAN = 44,
-  PARSER_V08_KBD = 45,
-  PARSER_HEALTH_V2009_2D = 46,
-  PARSER_HEALTH_V2009_3T = 47,
-  PARSER_CAC_1 = 48,
-  PARSER_CAC_N = 49,
-  PARSER_CAC_DEPENDANT = 50,
-  PARSER_CAC_SPONSOR = 51,
-  PARSER_CAC_CIVIL = 52,
-  PARSER_CS_GTM_1 = 53,
-  PARSER_CS_PRI_2D = 54,
-  PARSER_CS_PAN_2D = 55,
-  PARSER_CS_ZAF_2D = 56,
-  PARSER_CS_MATRICULA_1 = 57,
-  PARSER_CS_MATRICULA_2 = 58,
-  PARSER_CS_VI_2D_SEP = 59,
-  PARSER_CS_VI_2D_SEP2 = 60,
-  PARSER_MRZ_PASSPORT = 61,
-  PARSER_MRZ_TD1 = 62,
-  PARSER_MRZ_TD2 = 63,
-  PARSER_MRZ_VISA = 64,
-  PARSER_MAX = 65 /**< none; what every record of this library holds */
-} EPARSER;
+typedef enum VARNEL_TAG(_EPARSER, varnel_parser) {
+  VARNEL_CONSTANT(PARSER_STRIPE01_1T, 0),
+  VARNEL_CONSTANT(PARSER_STRIPE01_2T, 1),
+  VARNEL_CONSTANT(PARSER_STRIPE01_3T, 2),
+  VARNEL_CONSTANT(PARSER_STRIPE01_3TR, 3),
+  VARNEL_CONSTANT(PARSER_STRIPE011_3T, 4),
+  VARNEL_CONSTANT(PARSER_STRIPE0110_3T, 5),
+  VARNEL_CONSTANT(PARSER_STRIPE012_3T, 6),
+  VARNEL_CONSTANT(PARSER_STRIPE013_3T, 7),
+  VARNEL_CONSTANT(PARSER_STRIPE014_3T, 8),
+  VARNEL_CONSTANT(PARSER_STRIPE015_3T, 9),
+  VARNEL_CONSTANT(PARSER_STRIPE016_1T, 10),
+  VARNEL_CONSTANT(PARSER_STRIPE017_2T, 11),
+  VARNEL_CONSTANT(PARSER_STRIPE018_3T, 12),
+  VARNEL_CONSTANT(PARSER_STRIPE019_3T, 13),
+  VARNEL_CONSTANT(PARSER_STRIPE020_1T, 14),
+  VARNEL_CONSTANT(PARSER_STRIPE_AUSTRALIAN01_1T, 15),
+  VARNEL_CONSTANT(PARSER_STRIPE_OH01_1T, 16),
+  VARNEL_CONSTANT(PARSER_V01, 17),
+  VARNEL_CONSTANT(PARSER_V01_1, 18),
+  VARNEL_CONSTANT(PARSER_V01_2, 19),
+  VARNEL_CONSTANT(PARSER_V01_AAMVA36, 20),
+  VARNEL_CONSTANT(PARSER_V01_AAMVA36_1, 21),
+  VARNEL_CONSTANT(PARSER_V01_AAMVA36_NC, 22),
+  VARNEL_CONSTANT(PARSER_V01_AAMVA630, 23),
+  VARNEL_CONSTANT(PARSER_V01_AAMVA10_AR, 24),
+  VARNEL_CONSTANT(PARSER_V01_WORS, 25),
+  VARNEL_CONSTANT(PARSER_V01_CAN, 26),
+  VARNEL_CONSTANT(PARSER_V01_AB, 27),
+  VARNEL_CONSTANT(PARSER_V02, 28),
+  VARNEL_CONSTANT(PARSER_V02_WOJC, 29),
+  VARNEL_CONSTANT(PARSER_V03, 30),
+  VARNEL_CONSTANT(PARSER_V03_WORS, 31),
+  VARNEL_CONSTANT(PARSER_V03_AB, 32),
+  VARNEL_CONSTANT(PARSER_V03_1_AB, 33),
+  VARNEL_CONSTANT(PARSER_V03_2_AB, 34),
+  VARNEL_CONSTANT(PARSER_V03_SL, 35),
+  VARNEL_CONSTANT(PARSER_V04_GENERIC, 36),
+  VARNEL_CONSTANT(PARSER_V04_1, 37),
+  VARNEL_CONSTANT(PARSER_V05_GENERIC, 38),
+  VARNEL_CONSTANT(PARSER_V05_SA, 39),
+  VARNEL_CONSTANT(PARSER_V06, 40),
+  VARNEL_CONSTANT(PARSER_V08, 41),
+  VARNEL_CONSTANT(PARSER_V08_1, 42),
+  VARNEL_CONSTANT(PARSER_V08_2_ND, 43),
+  VARNEL_CONSTANT(PARSER_V03_CAN, 44),
+  VARNEL_CONSTANT(PARSER_V08_KBD, 45),
+  VARNEL_CONSTANT(PARSER_HEALTH_V2009_2D, 46),
+  VARNEL_CONSTANT(PARSER_HEALTH_V2009_3T, 47),
+  VARNEL_CONSTANT(PARSER_CAC_1, 48),
+  VARNEL_CONSTANT(PARSER_CAC_N, 49),
+  VARNEL_CONSTANT(PARSER_CAC_DEPENDANT, 50),
+  VARNEL_CONSTANT(PARSER_CAC_SPONSOR, 51),
+  VARNEL_CONSTANT(PARSER_CAC_CIVIL, 52),
+  VARNEL_CONSTANT(PARSER_CS_GTM_1, 53),
+  VARNEL_CONSTANT(PARSER_CS_PRI_2D, 54),
+  VARNEL_CONSTANT(PARSER_CS_PAN_2D, 55),
+  VARNEL_CONSTANT(PARSER_CS_ZAF_2D, 56),
+  VARNEL_CONSTANT(PARSER_CS_MATRICULA_1, 57),
+  VARNEL_CONSTANT(PARSER_CS_MATRICULA_2, 58),
+  VARNEL_CONSTANT(PARSER_CS_VI_2D_SEP, 59),
+  VARNEL_CONSTANT(PARSER_CS_VI_2D_SEP2, 60),
+  VARNEL_CONSTANT(PARSER_MRZ_PASSPORT, 61),
+  VARNEL_CONSTANT(PARSER_MRZ_TD1, 62),
+  VARNEL_CONSTANT(PARSER_MRZ_TD2, 63),
+  VARNEL_CONSTANT(PARSER_MRZ_VISA, 64),
+  VARNEL_CONSTANT(PARSER_MAX, 65) /**< none; what every record of this library holds */
+} varnel_parser;
 
 /** A view of text that belongs to somebody else. Empty when `len` < 1 or `str` is null. */
-typedef struct _STRING {
+typedef struct VARNEL_TAG(_STRING, varnel_string) {
   const char *str; /**< first character, not necessarily NUL-terminated; may be null */
   int len;         /**< number of characters (bytes) */
-} STRING;
+} varnel_string;
 
 /** One slot of a record; empty is {null, 0}. */
-typedef struct _FIELD {
-  STRING value; /**< the slot's text, inside the record's buffer */
-} FIELD;
+typedef struct VARNEL_TAG(_FIELD, varnel_field) {
+  varnel_string value; /**< the slot's text, inside the record's buffer */
+} varnel_field;
 
 /**
  * The result of a parse: 139 slots whose texts all lie in one buffer that the caller lends.
@@ -255,29 +287,29 @@ typedef struct _FIELD {
  * filled slot points inside buffer[0 .. data_size). Text is only ever appended: rewriting a slot leaves
  * its old text in the buffer as dead space. While one thread writes to a record, no other may use it.
  */
-typedef struct _PARSE_RESULT {
-  EPARSER_TYPE parser_type;  /**< PARSER_TYPE_MAX: no parser sets it */
-  EPARSER parser;            /**< PARSER_MAX: no parser sets it */
-  FIELD fields[FIELD_COUNT]; /**< the slots, indexed by slot number */
-  char *buffer;              /**< the caller's buffer; slot texts lie in it */
-  int buffer_size;           /**< capacity of `buffer` in bytes */
-  int data_size;             /**< bytes of `buffer` used so far */
-} PARSE_RESULT;
+typedef struct VARNEL_TAG(_PARSE_RESULT, varnel_parse_result) {
+  varnel_parser_type parser_type;          /**< PARSER_TYPE_MAX: no parser sets it */
+  varnel_parser parser;                    /**< PARSER_MAX: no parser sets it */
+  varnel_field fields[VARNEL_FIELD_COUNT]; /**< the slots, indexed by slot number */
+  char *buffer;                            /**< the caller's buffer; slot texts lie in it */
+  int buffer_size;                         /**< capacity of `buffer` in bytes */
+  int data_size;                           /**< bytes of `buffer` used so far */
+} varnel_parse_result;
 
 /** A date and time of day. The MRZ parsers carry the time of day without using it. */
-typedef struct _DATETIME {
+typedef struct VARNEL_TAG(_DATETIME, varnel_datetime) {
   int year;  /**< four-digit year */
   int month; /**< 1 to 12 */
   int day;   /**< 1 to 31 */
   int hr;    /**< 0 to 23 */
   int min;   /**< 0 to 59 */
   int sec;   /**< 0 to 59 */
-} DATETIME;
+} varnel_datetime;
 
 /** What a layout parser gets beside the text. */
-typedef struct _CONTEXT {
-  DATETIME date; /**< reference date; only its year is read, to place two-digit years in a century */
-} CONTEXT;
+typedef struct VARNEL_TAG(_CONTEXT, varnel_context) {
+  varnel_datetime date; /**< reference date; only its year is read, to place two-digit years in a century */
+} varnel_context;
 
 /**
  * A character test: gets one character sign-extended from a signed char (so bytes 0x80 to 0xFF arrive
@@ -290,7 +322,7 @@ typedef struct _CONTEXT {
  * Exceptions need the library's sources compiled with unwind tables for what calls the predicate, as its own
  * build does with GCC and clang.
  */
-typedef int (*_t_predicate_func)(int c);
+typedef int (*varnel_predicate_func)(int c);
 
 /**
  * A caller's own writer for utils_write_field_w(): writes at most `o_len` characters to `out` and
@@ -304,7 +336,19 @@ typedef int (*_t_predicate_func)(int c);
  * - **It lends the record another buffer**: its slot is cut to what lies in that buffer, and empty when
  *   nothing does.
  */
-typedef int (*_t_writer_func)(void *data, char *out, int o_len);
+typedef int (*varnel_writer_func)(void *data, char *out, int o_len);
+
+#ifndef VARNEL_NO_SHORT_NAMES
+typedef varnel_parser_type EPARSER_TYPE;         /**< varnel_parser_type, in short */
+typedef varnel_parser EPARSER;                   /**< varnel_parser, in short */
+typedef varnel_string STRING;                    /**< varnel_string, in short */
+typedef varnel_field FIELD;                      /**< varnel_field, in short */
+typedef varnel_parse_result PARSE_RESULT;        /**< varnel_parse_result, in short */
+typedef varnel_datetime DATETIME;                /**< varnel_datetime, in short */
+typedef varnel_context CONTEXT;                  /**< varnel_context, in short */
+typedef varnel_predicate_func _t_predicate_func; /**< varnel_predicate_func, in short */
+typedef varnel_writer_func _t_writer_func;       /**< varnel_writer_func, in short */
+#endif
 
 /** @} */
 

@@ -185,7 +185,7 @@ private:
 inline std::optional<inspection> inspect(std::string_view text, date today, repair level = repair::off) {
   const varnel_inspect_options options = {today.year, today.month, today.day, static_cast<int>(level)};
   varnel_inspection record;
-  if (varnel_inspect(text.data(), text.size(), &options, &record) != ERR_OK) {
+  if (varnel_inspect(text.data(), text.size(), &options, &record) != VARNEL_ERR_OK) {
     return std::nullopt;
   }
   return inspection(record);
@@ -252,7 +252,8 @@ inline composition compose(const varnel_compose_fields &fields, const char *lang
   const varnel_compose_options options = {language};
   varnel_zone zone;
   varnel_compose_error error;
-  return varnel_compose(&fields, &options, &zone, &error) == ERR_OK ? composition(zone) : composition(error);
+  return varnel_compose(&fields, &options, &zone, &error) == VARNEL_ERR_OK ? composition(zone)
+                                                                           : composition(error);
 }
 
 } // namespace varnel

@@ -62,7 +62,7 @@ extern VARNEL_API const char DIGITS[11];
  *
  * Changes nothing.
  */
-VARNEL_API int utils_is_valid_field(const PARSE_RESULT *pResult, int field);
+VARNEL_API int utils_is_valid_field(const varnel_parse_result *pResult, int field);
 
 /**
  * Finds the first of several slots that holds text, by the rule of utils_is_valid_field().
@@ -77,8 +77,8 @@ VARNEL_API int utils_is_valid_field(const PARSE_RESULT *pResult, int field);
  *
  * Changes nothing in the record.
  */
-VARNEL_API int utils_get_valid_field(const PARSE_RESULT *pResult, const int *fields, int count,
-                                     STRING *value);
+VARNEL_API int utils_get_valid_field(const varnel_parse_result *pResult, const int *fields, int count,
+                                     varnel_string *value);
 
 /** @} */
 
@@ -115,7 +115,7 @@ VARNEL_API int utils_get_valid_field(const PARSE_RESULT *pResult, const int *fie
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the number of characters written, 0 to `o_len`.
  */
-VARNEL_API int utils_strcpy(char *out, int o_len, const STRING *src, const char *removed_chars,
+VARNEL_API int utils_strcpy(char *out, int o_len, const varnel_string *src, const char *removed_chars,
                             const char *duplicate_chars, char rep);
 
 /**
@@ -130,8 +130,8 @@ VARNEL_API int utils_strcpy(char *out, int o_len, const STRING *src, const char 
  * @param rep       what a removed character becomes; NUL leaves it out.
  * @return the number of characters written, 0 to `o_len`.
  */
-VARNEL_API int utils_strcpy_f(char *out, int o_len, const STRING *src, _t_predicate_func removed,
-                              _t_predicate_func duplicate, char rep);
+VARNEL_API int utils_strcpy_f(char *out, int o_len, const varnel_string *src, varnel_predicate_func removed,
+                              varnel_predicate_func duplicate, char rep);
 
 /**
  * Copies several views one after another with a separator between them. No terminator.
@@ -150,7 +150,7 @@ VARNEL_API int utils_strcpy_f(char *out, int o_len, const STRING *src, _t_predic
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the number of characters written, 0 to `o_len`.
  */
-VARNEL_API int utils_strcpy_array(char *out, int o_len, const STRING *src, int count, char sep,
+VARNEL_API int utils_strcpy_array(char *out, int o_len, const varnel_string *src, int count, char sep,
                                   const char *removed_chars, const char *duplicate_chars, char rep);
 
 /* ---- terminating copiers ------------------------------------------------------------------------ */
@@ -166,7 +166,7 @@ VARNEL_API int utils_strcpy_array(char *out, int o_len, const STRING *src, int c
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the number of bytes used, the NUL included; 0 when nothing was written, not even a NUL.
  */
-VARNEL_API int utils_strwrite(char *out, int o_len, const STRING *src, const char *removed_chars,
+VARNEL_API int utils_strwrite(char *out, int o_len, const varnel_string *src, const char *removed_chars,
                               const char *duplicate_chars, char rep);
 
 /**
@@ -180,8 +180,8 @@ VARNEL_API int utils_strwrite(char *out, int o_len, const STRING *src, const cha
  * @param rep       what a removed character becomes; NUL leaves it out.
  * @return the number of bytes used, the NUL included; 0 when nothing was written, not even a NUL.
  */
-VARNEL_API int utils_strwrite_f(char *out, int o_len, const STRING *src, _t_predicate_func removed,
-                                _t_predicate_func duplicate, char rep);
+VARNEL_API int utils_strwrite_f(char *out, int o_len, const varnel_string *src, varnel_predicate_func removed,
+                                varnel_predicate_func duplicate, char rep);
 
 /**
  * Copies a C text unfiltered and terminates the copy.
@@ -206,7 +206,7 @@ VARNEL_API int utils_strwrite_s(char *out, int o_len, const char *text);
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the number of bytes used, the NUL included; 0 when nothing was written, not even a NUL.
  */
-VARNEL_API int utils_strwrite_array(char *out, int o_len, const STRING *src, int count, char sep,
+VARNEL_API int utils_strwrite_array(char *out, int o_len, const varnel_string *src, int count, char sep,
                                     const char *removed_chars, const char *duplicate_chars, char rep);
 
 /** @} */
@@ -245,8 +245,8 @@ VARNEL_API int utils_strwrite_array(char *out, int o_len, const STRING *src, int
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the slot, filled or emptied; null when `pResult` or `field` is bad, and then nothing changed.
  */
-VARNEL_API FIELD *utils_write_field(PARSE_RESULT *pResult, int field, const STRING *src,
-                                    const char *removed_chars, const char *duplicate_chars, char rep);
+VARNEL_API varnel_field *utils_write_field(varnel_parse_result *pResult, int field, const varnel_string *src,
+                                           const char *removed_chars, const char *duplicate_chars, char rep);
 
 /**
  * Writes a view into a slot, filtered as by utils_strcpy_f().
@@ -259,8 +259,9 @@ VARNEL_API FIELD *utils_write_field(PARSE_RESULT *pResult, int field, const STRI
  * @param rep       what a removed character becomes; NUL leaves it out.
  * @return the slot, filled or emptied; null when `pResult` or `field` is bad, and then nothing changed.
  */
-VARNEL_API FIELD *utils_write_field_f(PARSE_RESULT *pResult, int field, const STRING *src,
-                                      _t_predicate_func removed, _t_predicate_func duplicate, char rep);
+VARNEL_API varnel_field *utils_write_field_f(varnel_parse_result *pResult, int field,
+                                             const varnel_string *src, varnel_predicate_func removed,
+                                             varnel_predicate_func duplicate, char rep);
 
 /**
  * Writes a C text into a slot, unfiltered.
@@ -270,7 +271,7 @@ VARNEL_API FIELD *utils_write_field_f(PARSE_RESULT *pResult, int field, const ST
  * @param text    NUL-terminated text; an empty one empties the slot, null writes nothing.
  * @return the slot, filled or emptied; null when an argument is bad, and then nothing changed.
  */
-VARNEL_API FIELD *utils_write_field_s(PARSE_RESULT *pResult, int field, const char *text);
+VARNEL_API varnel_field *utils_write_field_s(varnel_parse_result *pResult, int field, const char *text);
 
 /**
  * Lets a caller's own writer put the text of a slot straight into the record's buffer.
@@ -285,7 +286,8 @@ VARNEL_API FIELD *utils_write_field_s(PARSE_RESULT *pResult, int field, const ch
  * @return the slot, filled or emptied; null when `pResult`, `field` or `wf` is bad, and then nothing
  *         changed.
  */
-VARNEL_API FIELD *utils_write_field_w(PARSE_RESULT *pResult, int field, void *data, _t_writer_func wf);
+VARNEL_API varnel_field *utils_write_field_w(varnel_parse_result *pResult, int field, void *data,
+                                             varnel_writer_func wf);
 
 /**
  * Writes several views into one slot with a separator between them, as utils_strwrite_array() does.
@@ -304,9 +306,10 @@ VARNEL_API FIELD *utils_write_field_w(PARSE_RESULT *pResult, int field, void *da
  * @param rep             what a removed character becomes; NUL leaves it out.
  * @return the slot, filled or emptied; null when `pResult` or `field` is bad, and then nothing changed.
  */
-VARNEL_API FIELD *utils_write_field_array(PARSE_RESULT *pResult, int field, const STRING *src, int count,
-                                          char sep, const char *removed_chars, const char *duplicate_chars,
-                                          char rep);
+VARNEL_API varnel_field *utils_write_field_array(varnel_parse_result *pResult, int field,
+                                                 const varnel_string *src, int count, char sep,
+                                                 const char *removed_chars, const char *duplicate_chars,
+                                                 char rep);
 
 /**
  * Writes a date into a slot as eight digits, year, month, day: 15 February 2018 is "20180215".
@@ -320,7 +323,8 @@ VARNEL_API FIELD *utils_write_field_array(PARSE_RESULT *pResult, int field, cons
  * @return the slot; null when an argument is bad or fewer than 8 bytes are free. This writer alone refuses
  *         for want of room: the slot then keeps the value it had.
  */
-VARNEL_API FIELD *utils_write_field_date(PARSE_RESULT *pResult, int field, const DATETIME *pDate);
+VARNEL_API varnel_field *utils_write_field_date(varnel_parse_result *pResult, int field,
+                                                const varnel_datetime *pDate);
 
 /** @} */
 
@@ -362,7 +366,7 @@ VARNEL_API char utils_itoch(int n);
  *                  everything is dropped; a view that becomes empty points at its last character, not past
  *                  it.
  */
-VARNEL_API void utils_strtrim_begin(STRING *s, int begin);
+VARNEL_API void utils_strtrim_begin(varnel_string *s, int begin);
 
 /* ---- trimming and checks ------------------------------------------------------------------------ */
 
@@ -382,7 +386,7 @@ VARNEL_API void utils_strtrim_begin(STRING *s, int begin);
  * @param[in,out] source the view to narrow; null does nothing.
  * @param chars          set of characters to drop; null or empty drops nothing.
  */
-VARNEL_API void utils_strtrim_start(STRING *source, const char *chars);
+VARNEL_API void utils_strtrim_start(varnel_string *source, const char *chars);
 
 /**
  * Drops trailing characters that are in a set. Only the length changes.
@@ -390,7 +394,7 @@ VARNEL_API void utils_strtrim_start(STRING *source, const char *chars);
  * @param[in,out] source the view to narrow; null does nothing.
  * @param chars          set of characters to drop; null or empty drops nothing.
  */
-VARNEL_API void utils_strtrim_end(STRING *source, const char *chars);
+VARNEL_API void utils_strtrim_end(varnel_string *source, const char *chars);
 
 /**
  * Drops leading and then trailing characters that are in a set.
@@ -399,7 +403,7 @@ VARNEL_API void utils_strtrim_end(STRING *source, const char *chars);
  *                       after the last of them with length 0.
  * @param chars          set of characters to drop; null or empty drops nothing.
  */
-VARNEL_API void utils_strtrim(STRING *source, const char *chars);
+VARNEL_API void utils_strtrim(varnel_string *source, const char *chars);
 
 /**
  * Drops leading characters that a predicate accepts.
@@ -407,7 +411,7 @@ VARNEL_API void utils_strtrim(STRING *source, const char *chars);
  * @param[in,out] source the view to narrow; null does nothing.
  * @param f              whether to drop a character; null drops nothing.
  */
-VARNEL_API void utils_strtrim_start_f(STRING *source, _t_predicate_func f);
+VARNEL_API void utils_strtrim_start_f(varnel_string *source, varnel_predicate_func f);
 
 /**
  * Drops trailing characters that a predicate accepts. Only the length changes.
@@ -415,7 +419,7 @@ VARNEL_API void utils_strtrim_start_f(STRING *source, _t_predicate_func f);
  * @param[in,out] source the view to narrow; null does nothing.
  * @param f              whether to drop a character; null drops nothing.
  */
-VARNEL_API void utils_strtrim_end_f(STRING *source, _t_predicate_func f);
+VARNEL_API void utils_strtrim_end_f(varnel_string *source, varnel_predicate_func f);
 
 /**
  * Drops leading and then trailing characters that a predicate accepts.
@@ -423,7 +427,7 @@ VARNEL_API void utils_strtrim_end_f(STRING *source, _t_predicate_func f);
  * @param[in,out] source the view to narrow; null does nothing.
  * @param f              whether to drop a character; null drops nothing.
  */
-VARNEL_API void utils_strtrim_f(STRING *source, _t_predicate_func f);
+VARNEL_API void utils_strtrim_f(varnel_string *source, varnel_predicate_func f);
 
 /**
  * Trims the text of a buffer in place: what is left moves to the front.
@@ -444,7 +448,7 @@ VARNEL_API int utils_cstrtrim(char *str, int len, const char *chars);
  * @return 0 when all characters pass; the position of the first that does not, counted from 1; -1 for a bad
  *         argument.
  */
-VARNEL_API int utils_strcheck_f(const STRING *source, _t_predicate_func f);
+VARNEL_API int utils_strcheck_f(const varnel_string *source, varnel_predicate_func f);
 
 /**
  * Asks a predicate about every character of a C text, but never about the NUL at its end.
@@ -454,7 +458,7 @@ VARNEL_API int utils_strcheck_f(const STRING *source, _t_predicate_func f);
  * @return 0 when all characters pass; the position of the first that does not, counted from 1; -1 for a bad
  *         argument.
  */
-VARNEL_API int utils_cstrcheck_f(const char *str, _t_predicate_func f);
+VARNEL_API int utils_cstrcheck_f(const char *str, varnel_predicate_func f);
 
 /** @} */
 
@@ -487,8 +491,8 @@ VARNEL_API int utils_cstrcheck_f(const char *str, _t_predicate_func f);
  * @return 1 when a run was found, else 0. With arguments that find nothing, `match` and `tail` stay
  *         untouched.
  */
-VARNEL_API int utils_match_f(const STRING *pSource, _t_predicate_func f, int min, int max, STRING *match,
-                             STRING *tail);
+VARNEL_API int utils_match_f(const varnel_string *pSource, varnel_predicate_func f, int min, int max,
+                             varnel_string *match, varnel_string *tail);
 
 /**
  * As utils_match_f(), but only for a run that the text begins with.
@@ -506,8 +510,8 @@ VARNEL_API int utils_match_f(const STRING *pSource, _t_predicate_func f, int min
  * @return 1 when the text begins with a run, else 0. With arguments that find nothing, `match` and `tail`
  *         stay untouched.
  */
-VARNEL_API int utils_match_start_f(const STRING *pSource, _t_predicate_func f, int min, int max,
-                                   STRING *match, STRING *tail);
+VARNEL_API int utils_match_start_f(const varnel_string *pSource, varnel_predicate_func f, int min, int max,
+                                   varnel_string *match, varnel_string *tail);
 
 /**
  * Takes one token off the front of a text.
@@ -521,8 +525,8 @@ VARNEL_API int utils_match_start_f(const STRING *pSource, _t_predicate_func f, i
  * @param delimiters set of characters that end a token; null or empty makes the whole text one token.
  * @param flags      bit 0: skip leading delimiters first.
  */
-VARNEL_API void utils_strtok(const STRING *source, STRING *token, STRING *tail, const char *delimiters,
-                             int flags);
+VARNEL_API void utils_strtok(const varnel_string *source, varnel_string *token, varnel_string *tail,
+                             const char *delimiters, int flags);
 
 /**
  * Takes the token with a given number. Runs of delimiters separate once, and leading ones not at all.
@@ -533,7 +537,8 @@ VARNEL_API void utils_strtok(const STRING *source, STRING *token, STRING *tail, 
  * @param delimiters set of characters that end a token; null or empty makes the whole text one token.
  * @return 0, or -1 when there is no such token.
  */
-VARNEL_API int utils_strntok(const STRING *source, STRING *out, int num, const char *delimiters);
+VARNEL_API int utils_strntok(const varnel_string *source, varnel_string *out, int num,
+                             const char *delimiters);
 
 /**
  * Cuts a text into tokens.
@@ -549,8 +554,8 @@ VARNEL_API int utils_strntok(const STRING *source, STRING *out, int num, const c
  * @param flags      bit 0: leave out empty tokens.
  * @return the number of tokens stored, 0 to `count`.
  */
-VARNEL_API int utils_strsplit(const STRING *source, STRING *out, int count, const char *delimiters,
-                              int flags);
+VARNEL_API int utils_strsplit(const varnel_string *source, varnel_string *out, int count,
+                              const char *delimiters, int flags);
 
 /**
  * Removes the tokens that equal one of several texts, by the rule of utils_strcmp(). The others move up and
@@ -562,7 +567,7 @@ VARNEL_API int utils_strsplit(const STRING *source, STRING *out, int count, cons
  * @param p_count        number of texts; 0 or less removes nothing.
  * @return the number of tokens kept.
  */
-VARNEL_API int utils_rmtok(STRING *tokens, int count, const char **patterns, int p_count);
+VARNEL_API int utils_rmtok(varnel_string *tokens, int count, const char **patterns, int p_count);
 
 /**
  * Compares a view with a C text.
@@ -577,7 +582,7 @@ VARNEL_API int utils_rmtok(STRING *tokens, int count, const char **patterns, int
  *         1 or -1 where only one side is null); else 1 when the first different byte of `s` is the greater,
  *         -1 when it is the smaller.
  */
-VARNEL_API int utils_strcmp(const STRING *s, const char *str);
+VARNEL_API int utils_strcmp(const varnel_string *s, const char *str);
 
 /**
  * Compares two views by the rules of utils_strcmp(), lengths before characters.
@@ -590,7 +595,7 @@ VARNEL_API int utils_strcmp(const STRING *s, const char *str);
  *         single 1 or -1 where only one side has text); else 1 when the first different character of
  *         `tok1` is the greater, -1 when it is the smaller.
  */
-VARNEL_API int utils_tokcmp(const STRING *tok1, const STRING *tok2, int flags);
+VARNEL_API int utils_tokcmp(const varnel_string *tok1, const varnel_string *tok2, int flags);
 
 /**
  * Finds the first occurrence of one text in another, byte by byte.
@@ -601,7 +606,7 @@ VARNEL_API int utils_tokcmp(const STRING *tok1, const STRING *tok2, int flags);
  *
  * The time grows with the product of the two lengths at worst: meant for short texts.
  */
-VARNEL_API int utils_strstr(const STRING *haystack, const STRING *needle);
+VARNEL_API int utils_strstr(const varnel_string *haystack, const varnel_string *needle);
 
 /**
  * Replaces every occurrence of one text in a buffer by another, in place, from left to right.
@@ -621,7 +626,8 @@ VARNEL_API int utils_strstr(const STRING *haystack, const STRING *needle);
  *
  * Every replacement moves the rest of the text: meant for short fields.
  */
-VARNEL_API int utils_strreplace(char *buffer, int len, int max_len, const STRING *from, const STRING *to);
+VARNEL_API int utils_strreplace(char *buffer, int len, int max_len, const varnel_string *from,
+                                const varnel_string *to);
 
 /** @} */
 
@@ -649,7 +655,7 @@ VARNEL_API int utils_strreplace(char *buffer, int len, int max_len, const STRING
  * @param[out] date the date, with the time of day 0:00:00; null fails. Untouched on failure.
  * @return 0, or -1 when neither order gives a date.
  */
-VARNEL_API int utils_parse_date(const STRING *text, DATETIME *date);
+VARNEL_API int utils_parse_date(const varnel_string *text, varnel_datetime *date);
 
 /**
  * Checks that every part of a date is in range: day 1 to 31, month 1 to 12, year 1000 to 9999, hour 0 to
@@ -661,7 +667,7 @@ VARNEL_API int utils_parse_date(const STRING *text, DATETIME *date);
  * @param date the date; null fails.
  * @return 0 when all parts are in range, else -1.
  */
-VARNEL_API int utils_validate_date(const DATETIME *date);
+VARNEL_API int utils_validate_date(const varnel_datetime *date);
 
 /**
  * Moves a day into its month. Nothing is refused.
@@ -686,7 +692,7 @@ VARNEL_API int utils_validate_days_in_month(int year, int month, int day);
  * @param[out] date the date, with the time of day 0:00:00; null fails.
  * @return ERR_OK, or ERR_INVALID_ARGS when `date` is null.
  */
-VARNEL_API int utils_days2date(uint64_t days, DATETIME *date);
+VARNEL_API int utils_days2date(uint64_t days, varnel_datetime *date);
 
 /** @} */
 
@@ -704,10 +710,14 @@ VARNEL_API int utils_days2date(uint64_t days, DATETIME *date);
  */
 
 /** A Soundex code: four characters with no terminator. */
-typedef struct _SOUNDEX_CODE {
+typedef struct VARNEL_TAG(_SOUNDEX_CODE, varnel_soundex_code) {
   char alpha;   /**< the name's first letter, uppercase */
   char code[3]; /**< three digit characters, '0' where no letter fills the place */
-} SOUNDEX_CODE;
+} varnel_soundex_code;
+
+#ifndef VARNEL_NO_SHORT_NAMES
+typedef varnel_soundex_code SOUNDEX_CODE; /**< varnel_soundex_code, in short */
+#endif
 
 /**
  * The Soundex class of each letter, indexed by the uppercase letter minus 'A': 0 for a vowel (breaks a
@@ -728,7 +738,7 @@ extern VARNEL_API const unsigned char _soundex_dic[26];
  *                  digits found and '0' for the rest (O000 for "O'Brien", 1000 for "1st").
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument or a character that is no letter.
  */
-VARNEL_API int utils_soundex_encode(const STRING *name, SOUNDEX_CODE *code);
+VARNEL_API int utils_soundex_encode(const varnel_string *name, varnel_soundex_code *code);
 
 /**
  * Encodes a name given as a C text. As utils_soundex_encode().
@@ -737,7 +747,7 @@ VARNEL_API int utils_soundex_encode(const STRING *name, SOUNDEX_CODE *code);
  * @param[out] code the code; null fails. After a failure at a character it holds what was written so far.
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument or a character that is no letter.
  */
-VARNEL_API int utils_soundex_encode_str(const char *str, SOUNDEX_CODE *code);
+VARNEL_API int utils_soundex_encode_str(const char *str, varnel_soundex_code *code);
 
 /** @} */
 

@@ -82,8 +82,8 @@ enum {
   X(VARNEL_BARCODE_DATE_ORDER, "dateOrder", "not in the order of the card's version and country")            \
   X(VARNEL_BARCODE_NAME_NOT_SPLIT, "nameNotSplit", "the name does not say where its parts end")              \
   X(VARNEL_BARCODE_BY_ISSUER, "jurisdictionByIssuer", "the jurisdiction is that of the issuer number")       \
-  X(VARNEL_BARCODE_REFUSED, "notABarcode", "neither a header nor lines of elements")                \
-  X(VARNEL_BARCODE_NO_SUBFILE, "noSubfile", "a header, but no subfile that can be read")            \
+  X(VARNEL_BARCODE_REFUSED, "notABarcode", "neither a header nor lines of elements")                         \
+  X(VARNEL_BARCODE_NO_SUBFILE, "noSubfile", "a header, but no subfile that can be read")                     \
   X(VARNEL_BARCODE_AMBIGUOUS, "ambiguous", "no separators, and not exactly one way to divide the text")
 
 /** Findings by number. */
@@ -160,8 +160,8 @@ typedef struct varnel_barcode_info {
  *
  * Standard: AAMVA DL/ID card design standard, all editions. Allocates nothing; uses less than 2 KiB of stack.
  */
-VARNEL_DOCUMENTS_API int varnel_barcode(const char *text, size_t size, PARSE_RESULT *record, char *buffer,
-                                        int buffer_size, varnel_barcode_info *info);
+VARNEL_DOCUMENTS_API int varnel_barcode(const char *text, size_t size, varnel_parse_result *record,
+                                        char *buffer, int buffer_size, varnel_barcode_info *info);
 
 /**
  * Writes an info as one line of JSON (UTF-8, no line end).

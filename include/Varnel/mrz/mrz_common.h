@@ -105,7 +105,7 @@ VARNEL_API int MRZ_common_validate_control_sum(int sum, char c);
  *
  * Standard: ICAO Doc 9303 codes of states and organisations, which are not looked up in a list.
  */
-VARNEL_API int MRZ_common_extract_cc(const STRING *in, char out[4]);
+VARNEL_API int MRZ_common_extract_cc(const varnel_string *in, char out[4]);
 
 /**
  * Extracts a date of six digits, YYMMDD (ICAO Doc 9303).
@@ -118,7 +118,7 @@ VARNEL_API int MRZ_common_extract_cc(const STRING *in, char out[4]);
  * @return ERR_OK; ERR_INVALID_FORMAT for a character that is no digit, the filler included;
  *         ERR_INVALID_ARGS for a bad argument.
  */
-VARNEL_API int MRZ_common_extract_date(const STRING *in, DATETIME *date);
+VARNEL_API int MRZ_common_extract_date(const varnel_string *in, varnel_datetime *date);
 
 /**
  * Splits the name field of a zone into primary identifier, first and further given names (ICAO Doc 9303).
@@ -141,8 +141,9 @@ VARNEL_API int MRZ_common_extract_date(const STRING *in, DATETIME *date);
  *
  * The outputs are views into the field.
  */
-VARNEL_API int MRZ_common_extract_name(const STRING *s, STRING *full_name, STRING *last_name,
-                                       STRING *first_name, STRING *middle_name);
+VARNEL_API int MRZ_common_extract_name(const varnel_string *s, varnel_string *full_name,
+                                       varnel_string *last_name, varnel_string *first_name,
+                                       varnel_string *middle_name);
 
 VARNEL_END_DECLS
 

@@ -38,7 +38,8 @@ VARNEL_BEGIN_DECLS
  *
  * Standard: ICAO Doc 9303-6.
  */
-VARNEL_API int MRZ_td2_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context);
+VARNEL_API int MRZ_td2_parse(const char *input, int i_len, varnel_parse_result *result,
+                             const varnel_context *context);
 
 VARNEL_END_DECLS
 

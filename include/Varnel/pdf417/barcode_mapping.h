@@ -25,16 +25,21 @@
 VARNEL_BEGIN_DECLS
 
 /** One row of an element table. */
-typedef struct _MAPPING {
+typedef struct VARNEL_TAG(_MAPPING, varnel_mapping) {
   int key;   /**< the three letters of the identifier packed as 0x00AABBCC, first letter highest */
   int value; /**< the slot that the element fills */
-} MAPPING;
+} varnel_mapping;
 
-extern VARNEL_API const MAPPING MAP_AAMVA_2D01[];        /**< AAMVA version 01 */
-extern VARNEL_API const MAPPING MAP_AAMVA_2D03[];        /**< AAMVA version 03 */
-extern VARNEL_API const MAPPING MAP_AAMVA_2D06[];        /**< AAMVA version 06 */
-extern VARNEL_API const MAPPING MAP_AAMVA_2D04_HAWAII[]; /**< the version 04 variant issued by Hawaii */
-extern VARNEL_API const MAPPING MAP_AAMVA_2D08[];        /**< AAMVA version 08 */
+#ifndef VARNEL_NO_SHORT_NAMES
+typedef varnel_mapping MAPPING; /**< varnel_mapping, in short */
+#endif
+
+extern VARNEL_API const varnel_mapping MAP_AAMVA_2D01[]; /**< AAMVA version 01 */
+extern VARNEL_API const varnel_mapping MAP_AAMVA_2D03[]; /**< AAMVA version 03 */
+extern VARNEL_API const varnel_mapping MAP_AAMVA_2D06[]; /**< AAMVA version 06 */
+extern VARNEL_API const varnel_mapping
+    MAP_AAMVA_2D04_HAWAII[];                             /**< the version 04 variant issued by Hawaii */
+extern VARNEL_API const varnel_mapping MAP_AAMVA_2D08[]; /**< AAMVA version 08 */
 
 extern VARNEL_API const int MAP_AAMVA_2D01_SIZE;        /**< rows of MAP_AAMVA_2D01 */
 extern VARNEL_API const int MAP_AAMVA_2D03_SIZE;        /**< rows of MAP_AAMVA_2D03 */
@@ -56,7 +61,7 @@ extern VARNEL_API const int MAP_AAMVA_2D08_SIZE;        /**< rows of MAP_AAMVA_2
  *
  * Standard: AAMVA DL/ID card design standard, data element identifiers.
  */
-VARNEL_API int utils_barcode2fieldtype(int barcode, const MAPPING *map, int size, int *pTblIndex);
+VARNEL_API int utils_barcode2fieldtype(int barcode, const varnel_mapping *map, int size, int *pTblIndex);
 
 VARNEL_END_DECLS
 
