@@ -50,10 +50,10 @@ public:
       out_.flush(); // an output file that is read shows by its size
       read_all_of(operand);
     }
+    progress_.erase();
+    out_.flush();
     if (batch_ && out_.error() == 0) {
-      progress_.erase();
-      out_.flush();
-      progress_.summarise(counts_, hint());
+      progress_.summarise(counts_, stopped() ? "; interrupted" : hint());
     }
     return trouble_ ? EXIT_TROUBLE : counts_.refused > 0 || none_found_ ? EXIT_SOME_REFUSED : EXIT_ALL_READ;
   }

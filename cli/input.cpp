@@ -57,6 +57,9 @@ bool for_each_word(const std::vector<std::string> &operands, const std::function
   const auto reader = std::make_unique<document_reader>(split::line);
   bool all_read = true;
   for (const std::string &operand : operands) {
+    if (stopped()) {
+      break;
+    }
     if (operand != "-") {
       use(operand);
       continue;

@@ -22,15 +22,26 @@ std::string sentence(const tally &counts) {
 } // namespace
 
 progress::progress(std::uint64_t total)
-    : shown_(is_terminal(STANDARD_ERROR)), total_(total), next_(std::chrono::steady_clock::now()) {}
+    : shown_(is_terminal(STANDARD_ERROR)), drawing_(shown_ && !is_terminal(STANDARD_OUTPUT)), total_(total),
+      next_(std::chrono::steady_clock::now()) {}
 
 void progress::draw(const tally &counts) {
-  if (!shown_ || std::chrono::steady_clock::now() < next_) {
+  if (!drawing_ || std::chrono::steady_clock::now() < next_) {
     return;
   }
-  show("\r" + sentence(counts) + bar() + "\033[K");
+  show("\r" + line(counts) + "\033[K");
   drawn_ = true;
   next_ = std::chrono::steady_clock::now() + PAUSE;
+}
+
+// As much as the terminal has room for, so that it can be erased: a line that wraps cannot. The last column
+// stays free, because some terminals wrap there.
+std::string progress::line(const tally &counts) const {
+  const std::size_t width = terminal_width(STANDARD_ERROR);
+  const std::size_t room = width == 0 ? 79 : width - 1;
+  const std::string said = sentence(counts);
+  const std::string with_bar = said + bar();
+  return with_bar.size() <= room ? with_bar : said.substr(0, room);
 }
 
 std::string progress::bar() const {

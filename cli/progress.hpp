@@ -15,7 +15,10 @@ struct tally {
   std::uint64_t refused = 0;
 };
 
-/** Silent unless standard error is a terminal. */
+/**
+ * Silent unless standard error is a terminal. Where standard output is one too, documents show how far it
+ * is, and only the summary is written.
+ */
 class progress {
 public:
   /** @param total bytes of all inputs together, or 0 when that is not known */
@@ -29,13 +32,15 @@ public:
   /** Clears the line, so that something else can be written to the terminal. */
   void erase();
 
-  /** Leaves one line that says what was read, and a hint behind it when there is one. */
+  /** Leaves one line that says what was read, and a hint after it when there is one. */
   void summarise(const tally &counts, std::string_view hint);
 
 private:
+  std::string line(const tally &counts) const;
   std::string bar() const;
 
   bool shown_;
+  bool drawing_;
   bool drawn_ = false;
   std::uint64_t total_;
   std::uint64_t done_ = 0;

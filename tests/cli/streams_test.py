@@ -2,13 +2,17 @@
 
 import os
 import pathlib
+import pty
+import select
+import signal
 import subprocess
 import sys
 import tempfile
 import threading
 import unittest
 
-from support import PASSPORT, PASSPORT_JSON, PASSPORT_LINE, PROGRAM, VECTORS, environment, read_until, varnel
+from support import (PASSPORT, PASSPORT_JSON, PASSPORT_LINE, PROGRAM, VECTORS, environment, read_terminal,
+                     read_until, varnel)
 
 
 def close_quietly(pipe):
@@ -100,6 +104,119 @@ class Broken(unittest.TestCase):
             good.write_bytes(PASSPORT_LINE)
             code, out, err = varnel("parse", "--each", "line", unreadable, good)
         self.assertEqual((code, out, err), (2, PASSPORT_JSON, b"varnel: /proc/self/mem: Input/output error\n"))
+
+
+class Interrupted(unittest.TestCase):
+    def start(self, *arguments, **options):
+        return subprocess.Popen([PROGRAM, *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, env=environment(), **options)
+
+    def end(self, child):
+        with child.stdout as out, child.stderr as err:
+            ended = out.read(), err.read()
+        close_quietly(child.stdin)
+        return (child.wait(timeout=60), *ended)
+
+    def test_a_signal_while_input_is_waited_for_leaves_whole_records(self):
+        for number in (signal.SIGINT, signal.SIGTERM):
+            for arguments in (["parse", "--each", "line"], ["parse", "--each", "zone"]):
+                with self.subTest(signal=number, arguments=arguments):
+                    child = self.start(*arguments)
+                    child.stdin.write(PASSPORT_LINE * 2 + PASSPORT_LINE[:50])  # the third is not complete
+                    child.stdin.flush()
+                    self.assertEqual(read_until(child.stdout, 2 * len(PASSPORT_JSON)), PASSPORT_JSON * 2)
+                    child.send_signal(number)
+                    self.assertEqual(self.end(child), (-number, b"", b""))
+
+    def test_a_signal_while_output_is_waited_for_leaves_whole_records(self):
+        for number in (signal.SIGINT, signal.SIGTERM):
+            with self.subTest(signal=number), tempfile.TemporaryDirectory() as place:
+                lines = pathlib.Path(place) / "lines"
+                lines.write_bytes(PASSPORT_LINE * 20_000)
+                child = self.start("parse", "--each", "line", lines)
+                seen = read_until(child.stdout, len(PASSPORT_JSON))  # the pipe is full soon after
+                child.send_signal(number)
+                code, rest, err = self.end(child)
+                count = (len(seen) + len(rest)) // len(PASSPORT_JSON)
+                self.assertEqual((code, seen + rest, err), (-number, PASSPORT_JSON * count, b""))
+                self.assertLess(count, 20_000)
+
+    def test_a_signal_that_the_caller_ignores_stays_ignored(self):
+        child = self.start("parse", "--each", "line", preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_IGN))
+        child.stdin.write(PASSPORT_LINE)
+        child.stdin.flush()
+        read_until(child.stdout, len(PASSPORT_JSON))
+        child.send_signal(signal.SIGINT)
+        child.stdin.write(PASSPORT_LINE)
+        child.stdin.close()
+        self.assertEqual(self.end(child), (0, PASSPORT_JSON, b""))
+
+    def test_the_progress_bar_is_gone(self):
+        master, slave = pty.openpty()
+        child = subprocess.Popen([PROGRAM, "parse", "--each", "line"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                 stderr=slave, env=environment())
+        os.close(slave)
+        child.stdin.write(PASSPORT_LINE)
+        child.stdin.flush()
+        read_until(child.stdout, len(PASSPORT_JSON))
+        child.send_signal(signal.SIGINT)
+        seen = read_terminal(master)
+        os.close(master)
+        self.assertEqual(child.wait(timeout=60), -signal.SIGINT)
+        self.assertTrue(seen.endswith(b"\r\033[Kvarnel: 1 document, 0 refused; interrupted\r\n"), seen)
+        child.stdout.close()
+        child.stdin.close()
+
+
+class NonBlocking(unittest.TestCase):
+    def test_input_is_waited_for(self):
+        reading, writing = os.pipe()
+        os.set_blocking(reading, False)
+        child = subprocess.Popen([PROGRAM, "parse", "--each", "line"], stdin=reading, stdout=subprocess.PIPE,
+                                 stderr=subprocess.PIPE, env=environment())
+        os.close(reading)
+        for _ in range(2):
+            self.assertFalse(select.select([child.stdout], [], [], 0.1)[0], "there is nothing to answer yet")
+            os.write(writing, PASSPORT_LINE)
+            self.assertEqual(read_until(child.stdout, len(PASSPORT_JSON)), PASSPORT_JSON)
+        os.close(writing)
+        self.assertEqual((*child.communicate(timeout=60), child.returncode), (b"", b"", 0))
+
+    def test_output_is_waited_for(self):
+        reading, writing = os.pipe()
+        os.set_blocking(writing, False)
+        with tempfile.TemporaryDirectory() as place:
+            lines = pathlib.Path(place) / "lines"
+            lines.write_bytes(PASSPORT_LINE * 5000)
+            child = subprocess.Popen([PROGRAM, "parse", "--each", "line", lines], stdout=writing,
+                                     stderr=subprocess.PIPE, env=environment())
+            os.close(writing)
+            with os.fdopen(reading, "rb") as pipe, child.stderr as err:
+                select.select([], [], [], 0.2)  # until the pipe is full
+                self.assertEqual((pipe.read(), err.read()), (PASSPORT_JSON * 5000, b""))
+            self.assertEqual(child.wait(timeout=60), 0)
+
+
+class OutputAsInput(unittest.TestCase):
+    def test_an_input_that_is_the_output_file_is_refused(self):
+        with tempfile.TemporaryDirectory() as place:
+            path = pathlib.Path(place) / "f"
+            for arguments in ([path], ["--each", "line", path], ["--each=line"]):
+                path.write_bytes(PASSPORT_LINE)
+                with self.subTest(arguments=arguments), open(path, "ab") as out, open(path, "rb") as standard_input:
+                    done = subprocess.run([PROGRAM, "parse", *arguments], stdin=standard_input, stdout=out,
+                                          stderr=subprocess.PIPE, env=environment(), check=False, timeout=60)
+                    name = str(path) if path in arguments else "standard input"
+                    self.assertEqual((done.returncode, done.stderr.decode(), path.read_bytes()),
+                                     (2, f"varnel: {name}: this input file is the output file\n", PASSPORT_LINE))
+
+    def test_what_a_command_has_written_so_far_is_not_read_either(self):
+        with tempfile.TemporaryDirectory() as place:
+            path = pathlib.Path(place) / "f"
+            with open(path, "wb") as out:
+                code, _, err = varnel("parse", "--each=line", "-", path, text=PASSPORT_LINE, stdout=out)
+            self.assertEqual((code, err.decode()), (2, f"varnel: {path}: this input file is the output file\n"))
+            self.assertEqual(path.read_bytes(), PASSPORT_JSON)
 
 
 class Flow(unittest.TestCase):

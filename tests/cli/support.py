@@ -1,10 +1,13 @@
 """Runs the command varnel as a person or a script would."""
 
+import fcntl
 import os
 import pathlib
 import pty
 import select
+import struct
 import subprocess
+import termios
 import threading
 
 PROGRAM = os.environ["VARNEL_PROGRAM"]
@@ -61,11 +64,13 @@ def read_terminal(master):
         seen += piece
 
 
-def varnel_on_terminal(*arguments, text=b"", streams=("stdout", "stderr"), env=None):
+def varnel_on_terminal(*arguments, text=b"", streams=("stdout", "stderr"), env=None, columns=80):
     """Runs the program with a terminal for the named streams ("stdin" takes its text from a keyboard then, up
-    to a Ctrl-D); gives the exit code, standard output and
-    standard error, each with a terminal of its own where it has one."""
+    to a Ctrl-D); gives the exit code, standard output and standard error, each with a terminal of its own where it
+    has one."""
     terminals = {stream: pty.openpty() for stream in streams}
+    for master, _ in terminals.values():
+        fcntl.ioctl(master, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
     places = {stream: terminals[stream][1] if stream in terminals else subprocess.PIPE
               for stream in ("stdin", "stdout", "stderr")}
     child = subprocess.Popen([PROGRAM, *map(str, arguments)], env=environment(**(env or {})), **places)

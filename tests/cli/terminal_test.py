@@ -92,11 +92,19 @@ class Progress(unittest.TestCase):
         _, _, err = varnel_on_terminal("parse", "--each", "line", __file__, streams=["stderr"])
         self.assertIn(b"  [" + b"." * 24 + b"] 0%\033[K", err)
 
-    def test_progress_and_tables_on_one_terminal_do_not_mix(self):
-        code, out, err = varnel_on_terminal("parse", "--each", "line", text=PASSPORT_LINE, env={"NO_COLOR": "1"})
-        self.assertEqual(code, 0)
-        self.assertTrue(err.startswith(b"\rvarnel: 0 documents, 0 refused\033[K\r\033[K"), err)
-        self.assertTrue(out.startswith(b"document 1\nfirstName         ANNA\n"), out)
+    def test_it_never_stands_beside_documents(self):
+        code, out, err = varnel_on_terminal("parse", "--each", "line", text=PASSPORT_LINE * 3000, env={"NO_COLOR": "1"})
+        self.assertEqual((code, err), (0, b"varnel: 3000 documents, 0 refused\n"))
+        self.assertTrue(out.startswith(b"document 1\nfirstName         ANNA\n"), out[:99])
+
+    def test_it_fits_the_terminal(self):
+        for columns, shown in ((80, b"varnel: 0 documents, 0 refused  [" + b"." * 24 + b"] 0%"),
+                               (62, b"varnel: 0 documents, 0 refused  [" + b"." * 24 + b"] 0%"),
+                               (61, b"varnel: 0 documents, 0 refused"), (31, b"varnel: 0 documents, 0 refused"),
+                               (20, b"varnel: 0 documents"), (1, b"")):
+            with self.subTest(columns=columns):
+                _, _, err = varnel_on_terminal("parse", "--each", "line", __file__, streams=["stderr"], columns=columns)
+                self.assertTrue(err.startswith(b"\r" + shown + b"\033[K\r\033[K"), err[:99])
 
     def test_no_terminal_sees_none(self):
         self.assertEqual(varnel("parse", "--each", "line", text=PASSPORT_LINE)[2], b"")
