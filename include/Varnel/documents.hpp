@@ -9,6 +9,7 @@
 #error "documents.hpp needs C++17"
 #endif
 
+#include <Varnel/Varnel.h>
 #include <Varnel/documents.h>
 
 #include <cstddef>
@@ -254,6 +255,97 @@ inline composition compose(const varnel_compose_fields &fields, const char *lang
   varnel_compose_error error;
   return varnel_compose(&fields, &options, &zone, &error) == VARNEL_ERR_OK ? composition(zone)
                                                                            : composition(error);
+}
+
+/** @param code VARNEL_BARCODE_TEXT_BEFORE and so on. @return its name in JSON; empty for any other number. */
+constexpr std::string_view barcode_finding_name(int code) {
+  switch (code) {
+#define VARNEL_NAME_OF_FINDING(constant, name, meaning)                                                      \
+  case constant:                                                                                             \
+    return name;
+    VARNEL_BARCODE_FINDINGS(VARNEL_NAME_OF_FINDING)
+#undef VARNEL_NAME_OF_FINDING
+  default:
+    return {};
+  }
+}
+
+/** A barcode that was read or refused. Its values are views into the buffer that was lent for it. */
+class barcode {
+public:
+  /** @param record as varnel_barcode() filled it, or emptied it when it refused. @param info beside it. */
+  barcode(const PARSE_RESULT &record, const varnel_barcode_info &info, bool ok)
+      : record_(record), info_(info), ok_(ok) {}
+
+  /** @return whether the text was read; when not, the last finding is the reason. */
+  bool ok() const { return ok_; }
+  /** @return whether the text was read. */
+  explicit operator bool() const { return ok_; }
+
+  /** @param slot FIELD_DOCUMENT_NUMBER and so on. @return its value; empty where there is none. */
+  std::string_view slot(int slot) const {
+    const STRING value = varnel_value(&record_, slot);
+    return std::string_view(value.str, static_cast<std::size_t>(value.len));
+  }
+
+  /** @param key one of the twelve: "lastName" and so on. @return its value; empty where there is none. */
+  std::string_view value(std::string_view key) const {
+    VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
+    varnel_export(&record_, pairs);
+    for (const VARNEL_PAIR &pair : pairs) {
+      if (key == pair.key) {
+        return std::string_view(pair.value.str, static_cast<std::size_t>(pair.value.len));
+      }
+    }
+    return {};
+  }
+
+  /** @return the version of the card's header; nothing without one. */
+  std::optional<int> version() const {
+    return info_.version >= 0 ? std::optional<int>(info_.version) : std::nullopt;
+  }
+  /** @return elements without a slot. */
+  record_range<varnel_barcode_element> elements() const { return {info_.elements, info_.element_count}; }
+  /** @return where the text departs from the standard, and what could not be taken as it stands. */
+  record_range<varnel_barcode_finding> findings() const { return {info_.findings, info_.finding_count}; }
+
+  /**
+   * Writes the info as JSON, as varnel_barcode_info_json() does.
+   *
+   * @param[out] out room for the text and a NUL. @param size that room in bytes.
+   * @return the length of the whole text, whatever the room.
+   */
+  int json(char *out, std::size_t size) const { return varnel_barcode_info_json(&info_, out, size); }
+
+  /** @return what the text says beside its slots. */
+  const varnel_barcode_info &info() const { return info_; }
+  /** @return the record. */
+  const PARSE_RESULT &record() const { return record_; }
+
+private:
+  PARSE_RESULT record_;
+  varnel_barcode_info info_;
+  bool ok_;
+};
+
+/**
+ * Reads the barcode of a driver's licence, as varnel_barcode() does.
+ *
+ * @param text   its text, of up to VARNEL_BARCODE_TEXT_MAX bytes.
+ * @param buffer where the values will lie; has to live as long as they are read.
+ * @param size   its size in bytes; VARNEL_BARCODE_BUFFER_SIZE(text.size()) is always enough.
+ * @return the barcode, read or refused; nothing for a text that is too long or a buffer that is too small.
+ */
+inline std::optional<barcode> read_barcode(std::string_view text, char *buffer, std::size_t size) {
+  constexpr std::size_t most = VARNEL_BARCODE_BUFFER_SIZE(VARNEL_BARCODE_TEXT_MAX);
+  PARSE_RESULT record;
+  varnel_barcode_info info;
+  const int status = varnel_barcode(text.data(), text.size(), &record, buffer,
+                                    static_cast<int>(size < most ? size : most), &info);
+  if (status == ERR_INVALID_ARGS) {
+    return std::nullopt;
+  }
+  return barcode(record, info, status == ERR_OK);
 }
 
 } // namespace varnel

@@ -123,7 +123,7 @@ def undented(text):
 
 
 def header_faults(header):
-    samples = [undented(path.read_text()) for path in SAMPLES.glob("*.c")]
+    samples = [undented(path.read_text()) for path in SAMPLES.rglob("*.c")]
     for comment in HEADER_CODE.findall(header.read_text()):
         code = undented(re.sub(r"^ \* ?", "", comment, flags=re.MULTILINE))
         if not any(code in sample for sample in samples):

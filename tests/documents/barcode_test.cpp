@@ -1,11 +1,14 @@
 // The barcodes of licences whose bearers do not exist.
 #include "barcode_support.hpp"
 
+#include <Varnel/documents.hpp>
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <cstring>
+#include <fstream>
 #include <random>
 #include <set>
 
@@ -1084,6 +1087,14 @@ TEST(BarcodeInfo, NamesEveryFindingOnce) {
     EXPECT_TRUE(names.insert(parsed["findings"][0]["code"]).second);
   }
   EXPECT_EQ(names.size(), 35u);
+
+  // The schema lists the same.
+  std::ifstream file(VARNEL_DOCUMENT_TESTS_DIR "/../../docs/barcode.schema.json");
+  const nlohmann::json schema = nlohmann::json::parse(file);
+  std::set<std::string> listed;
+  for (const nlohmann::json &code : schema["properties"]["findings"]["items"]["properties"]["code"]["oneOf"])
+    listed.insert(code["const"]);
+  EXPECT_EQ(names, listed);
 }
 
 TEST(BarcodeInfo, IsAPlainValue) {
@@ -1094,6 +1105,32 @@ TEST(BarcodeInfo, IsAPlainValue) {
   }
   EXPECT_STREQ(copy.issuer, "636000");
   EXPECT_STREQ(copy.elements[0].element, "ZVA");
+}
+
+// ---- C++ ------------------------------------------------------------------------------------------------
+
+TEST(BarcodeCpp, SaysWhatTheCInterfaceSays) {
+  const std::string text = virginian().text();
+  std::vector<char> buffer(VARNEL_BARCODE_BUFFER_SIZE(text.size()));
+  const auto read = varnel::read_barcode(text, buffer.data(), buffer.size());
+  ASSERT_TRUE(read.has_value());
+  EXPECT_TRUE(read->ok());
+  EXPECT_EQ(read->value("lastName"), "HOLLOWAY");
+  EXPECT_EQ(read->value("nationality"), "");
+  EXPECT_EQ(read->value("no such key"), "");
+  EXPECT_EQ(read->slot(FIELD_ADDRESS_CITY), "FAIRFAX");
+  EXPECT_EQ(read->version(), 10);
+  EXPECT_EQ(read->elements().size(), 1u);
+  EXPECT_EQ(varnel::barcode_finding_name(read->findings()[0].code), "unknownElement");
+  EXPECT_EQ(varnel::barcode_finding_name(0), "");
+
+  const auto refused = varnel::read_barcode("?", buffer.data(), buffer.size());
+  ASSERT_TRUE(refused.has_value());
+  EXPECT_FALSE(refused->ok());
+  EXPECT_EQ(refused->version(), std::nullopt);
+  EXPECT_EQ(varnel::barcode_finding_name(refused->findings()[0].code), "notABarcode");
+
+  EXPECT_FALSE(varnel::read_barcode(text, buffer.data(), 40).has_value());
 }
 
 // ---- random cards ---------------------------------------------------------------------------------------

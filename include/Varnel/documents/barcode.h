@@ -20,14 +20,13 @@
  * read all the same, is in a varnel_barcode_info.
  *
  * @code{.c}
- * PARSE_RESULT record;
- * char buffer[VARNEL_BARCODE_BUFFER_SIZE(4096)];
- * varnel_barcode_info info;
- * VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
+ *   PARSE_RESULT record;
+ *   char buffer[VARNEL_BARCODE_BUFFER_SIZE(4096)];
+ *   varnel_barcode_info info;
+ *   VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
  *
- * if (varnel_barcode(text, size, &record, buffer, sizeof buffer, &info) == ERR_OK) {
- *   varnel_export(&record, pairs);
- * }
+ *   if (varnel_barcode(text, size, &record, buffer, sizeof buffer, &info) == ERR_OK) {
+ *     varnel_export(&record, pairs);
  * @endcode
  * @{
  */
