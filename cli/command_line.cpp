@@ -150,12 +150,14 @@ private:
 
   void add(const command &described) {
     CLI::App *app = app_.add_subcommand(std::string(described.name), std::string(described.summary));
-    app->add_option(std::string(described.operand))
-        ->description(std::string(described.operand_help))
-        ->option_text("...")
-        ->type_size(1)
-        ->expected(1, CLI::detail::expected_max_vector_size)
-        ->allow_extra_args();
+    if (!described.operand.empty()) {
+      app->add_option(std::string(described.operand))
+          ->description(std::string(described.operand_help))
+          ->option_text("...")
+          ->type_size(1)
+          ->expected(1, CLI::detail::expected_max_vector_size)
+          ->allow_extra_args();
+    }
     for (const option &each : options_of(described)) {
       const std::string flag = "--" + std::string(each.name);
       if (each.value.empty()) {
@@ -225,6 +227,9 @@ private:
     const std::vector<CLI::App *> used = app_.get_subcommands();
     CLI::App &app = used.empty() ? app_ : *used.front();
     for (const std::string &word : app_.remaining(true)) {
+      if (!is_option(word) && !used.empty() && !looks_like_a_zone(typed(word))) {
+        return misused(takes_no_operand(app)); // where one is taken, none remains
+      }
       return misused(unknown(typed(word), app));
     }
     if (used.empty()) {
@@ -243,8 +248,13 @@ private:
     }
     const auto asked = std::find_if(commands_.begin(), commands_.end(),
                                     [&app](const auto &each) { return each.second == &app; });
+    if (asked->first->operand.empty() && !given_.operands.empty()) {
+      return misused(takes_no_operand(app));
+    }
     return interpret(*asked->first, app);
   }
+
+  static std::string takes_no_operand(const CLI::App &app) { return app.get_name() + " takes no operand"; }
 
   command_line interpret(const command &asked, const CLI::App &app) {
     for (const option &each : options_of(asked)) {

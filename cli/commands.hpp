@@ -14,7 +14,7 @@ namespace varnel::cli {
 struct command {
   std::string_view name;
   std::string_view summary;
-  std::string_view operand; /**< such as FILE */
+  std::string_view operand; /**< such as FILE; empty when the command takes none */
   std::string_view operand_help;
   bool needs_operand;                              /**< at least one */
   std::array<option, 10> options;                  /**< up to the first without a name */
@@ -27,12 +27,15 @@ extern const command ELEMENT_COMMAND;
 extern const command SOUNDEX_COMMAND;
 #ifdef VARNEL_CLI_DOCUMENTS
 extern const command BARCODE_COMMAND;
+extern const command COMPOSE_COMMAND;
+extern const command SPECIMEN_COMMAND;
 #endif
 
 /** In the order in which the help lists them. */
 inline constexpr const command *COMMANDS[] = {&PARSE_COMMAND,
 #ifdef VARNEL_CLI_DOCUMENTS
-                                              &BARCODE_COMMAND,
+                                              &BARCODE_COMMAND, &COMPOSE_COMMAND,
+                                              &SPECIMEN_COMMAND,
 #endif
                                               &ELEMENT_COMMAND, &SOUNDEX_COMMAND};
 

@@ -7,7 +7,7 @@ import unittest
 
 from support import SOURCES, varnel
 
-COMMANDS = ["help", "parse", "barcode", "element", "soundex"]
+COMMANDS = ["help", "parse", "barcode", "compose", "specimen", "element", "soundex"]
 LONG_OPTION = re.compile(r"--([a-z-]+)")
 
 
@@ -31,6 +31,8 @@ class Help(unittest.TestCase):
         self.assertEqual(options_of(), {"help", "version"})
         self.assertEqual(options_of("parse"), {"help", "version", "each", "format", "slots", "with-source", "verbose"})
         self.assertEqual(options_of("barcode"), {"help", "version", "format", "slots", "info", "with-source"})
+        self.assertEqual(options_of("compose"), {"help", "version", "format"})
+        self.assertEqual(options_of("specimen"), {"help", "version", "layout", "count", "seed", "format"})
         self.assertEqual(options_of("element"), {"help", "version", "format"})
         self.assertEqual(options_of("soundex"), {"help", "version", "format"})
         self.assertEqual(options_of("help"), {"help", "version"})
