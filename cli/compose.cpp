@@ -219,7 +219,7 @@ public:
         objects.finish();
         refuse(line.line, "longer than 1 MiB");
       } else {
-        objects.add(without_byte_order_mark(line), line.line);
+        objects.add(line.text, line.line);
       }
     }
     if (lines->failed() && !stopped()) {
@@ -235,12 +235,6 @@ public:
   bool may_go_on() const { return out_.error() == 0 && !stopped(); }
 
 private:
-  static std::string_view without_byte_order_mark(const document_text &line) {
-    constexpr std::string_view mark = "\xEF\xBB\xBF";
-    return line.line == 1 && line.text.substr(0, mark.size()) == mark ? line.text.substr(mark.size())
-                                                                      : line.text;
-  }
-
   void compose_text(const std::string &text, std::uint64_t line) {
     const nlohmann::json object = nlohmann::json::parse(text, nullptr, false);
     if (!object.is_object()) {

@@ -174,7 +174,7 @@ private:
 };
 
 bool read_number(std::string_view text, std::uint64_t &number) {
-  const auto end = text.data() + text.size();
+  const char *const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
   return error == std::errc() && stop == end;
 }

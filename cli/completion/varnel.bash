@@ -4,7 +4,7 @@ _varnel() {
   COMPREPLY=()
   for ((i = 1; i < COMP_CWORD; i++)); do
     case "${COMP_WORDS[i]}" in
-      help | parse | barcode | element | soundex)
+      help | parse | barcode | compose | specimen | element | soundex)
         command="${COMP_WORDS[i]}"
         break
         ;;
@@ -22,7 +22,16 @@ _varnel() {
   fi
   case "$before" in
     --format)
-      COMPREPLY=($(compgen -P "$written" -W "json table csv" -- "$word"))
+      local formats="json table csv"
+      [[ "$command" != compose && "$command" != specimen ]] || formats="text json"
+      COMPREPLY=($(compgen -P "$written" -W "$formats" -- "$word"))
+      return
+      ;;
+    --layout)
+      COMPREPLY=($(compgen -P "$written" -W "TD1 TD2 TD3 MRV-A MRV-B" -- "$word"))
+      return
+      ;;
+    --count | --seed)
       return
       ;;
     --each)
@@ -42,14 +51,26 @@ _varnel() {
         COMPREPLY=($(compgen -f -- "$word"))
       fi
       ;;
+    compose)
+      if [[ "$word" == -* ]]; then
+        COMPREPLY=($(compgen -W "--format --help --version" -- "$word"))
+      else
+        compopt -o filenames 2>/dev/null
+        local IFS=$'\n'
+        COMPREPLY=($(compgen -f -- "$word"))
+      fi
+      ;;
+    specimen)
+      COMPREPLY=($(compgen -W "--count --format --help --layout --seed --version" -- "$word"))
+      ;;
     element | soundex)
       COMPREPLY=($(compgen -W "--format --help --version" -- "$word"))
       ;;
     help)
-      COMPREPLY=($(compgen -W "help parse barcode element soundex --help --version" -- "$word"))
+      COMPREPLY=($(compgen -W "help parse barcode compose specimen element soundex --help --version" -- "$word"))
       ;;
     *)
-      COMPREPLY=($(compgen -W "help parse barcode element soundex --help --version" -- "$word"))
+      COMPREPLY=($(compgen -W "help parse barcode compose specimen element soundex --help --version" -- "$word"))
       ;;
   esac
 }

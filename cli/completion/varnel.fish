@@ -3,9 +3,11 @@ complete -c varnel -f
 complete -c varnel -s h -l help -d 'Print help and leave'
 complete -c varnel -s V -l version -d 'Print the version and leave'
 complete -c varnel -n __fish_use_subcommand -a help -d 'Print help, of varnel or of a command'
-complete -c varnel -n '__fish_seen_subcommand_from help' -a 'help parse barcode element soundex'
+complete -c varnel -n '__fish_seen_subcommand_from help' -a 'help parse barcode compose specimen element soundex'
 complete -c varnel -n __fish_use_subcommand -a parse -d 'Read documents and print their twelve values'
 complete -c varnel -n __fish_use_subcommand -a barcode -d "Read barcodes of driver's licences and print the same twelve values"
+complete -c varnel -n __fish_use_subcommand -a compose -d 'Compose zones from the values of documents'
+complete -c varnel -n __fish_use_subcommand -a specimen -d 'Make zones of made-up people up, for tests'
 complete -c varnel -n __fish_use_subcommand -a element -d 'Look AAMVA data elements up in the five element tables'
 complete -c varnel -n __fish_use_subcommand -a soundex -d 'Print the Soundex codes of names'
 complete -c varnel -n '__fish_seen_subcommand_from parse barcode element soundex' -l format -x -a 'json table csv' -d 'How to print'
@@ -15,3 +17,8 @@ complete -c varnel -n '__fish_seen_subcommand_from parse barcode' -l with-source
 complete -c varnel -n '__fish_seen_subcommand_from parse' -l verbose -d 'With --each, say why each document was refused'
 complete -c varnel -n '__fish_seen_subcommand_from barcode' -l info -d 'Add the version, the issuer, elements without a slot and findings'
 complete -c varnel -n '__fish_seen_subcommand_from parse barcode' -F
+complete -c varnel -n '__fish_seen_subcommand_from compose specimen' -l format -x -a 'text json' -d 'How to print'
+complete -c varnel -n '__fish_seen_subcommand_from specimen' -l layout -x -a 'TD1 TD2 TD3 MRV-A MRV-B' -d 'The layout of the zones'
+complete -c varnel -n '__fish_seen_subcommand_from specimen' -l count -x -d 'How many zones'
+complete -c varnel -n '__fish_seen_subcommand_from specimen' -l seed -x -d 'The same seed makes the same zones'
+complete -c varnel -n '__fish_seen_subcommand_from compose' -F

@@ -18,8 +18,8 @@ namespace {
 // columns.
 constexpr size_t longest_number(const layout &l) {
   const stretch number = l.find(VARNEL_DOCUMENT_NUMBER)->place;
-  const int beyond = l.optional_data.length > 0 ? l.optional_data.length - 2 : 0;
-  return static_cast<size_t>(number.length + beyond);
+  const size_t own = number.length;
+  return l.optional_data.length > 0 ? own + l.optional_data.length - 2 : own;
 }
 
 const char *value_of(const varnel_compose_fields &fields, int field) {

@@ -42,7 +42,7 @@ class Help(unittest.TestCase):
         self.assertEqual(re.findall(r"^  (\S+)", listed, re.M), COMMANDS)
 
 
-ALL_OPTIONS = {"help", "version", "each", "format", "slots", "info", "with-source", "verbose"}
+ALL_OPTIONS = {"help", "version", "each", "format", "slots", "info", "with-source", "verbose", "layout", "count", "seed"}
 
 
 class Manual(unittest.TestCase):
@@ -55,9 +55,9 @@ class Manual(unittest.TestCase):
 
     def test_the_choices_are_those_of_help(self):
         page = source("varnel.1")
-        text = varnel("parse", "--help")[1].decode()
-        for choices in ("json|table|csv", "line|block|zone"):
-            self.assertIn(choices, text)
+        for command, choices in (("parse", "json|table|csv"), ("parse", "line|block|zone"), ("compose", "text|json"),
+                                 ("specimen", "text|json"), ("specimen", "TD1|TD2|TD3|MRV-A|MRV-B")):
+            self.assertIn(choices, varnel(command, "--help")[1].decode())
             self.assertIn("|".join(f"\\fI{choice}\\fR" for choice in choices.split("|")), page)
 
     def test_what_a_line_and_a_block_are_is_said_alike(self):
@@ -101,6 +101,11 @@ class Bash(unittest.TestCase):
     def test_values(self):
         self.assertEqual(self.complete("varnel", "parse", "--format", ""), {"json", "table", "csv"})
         self.assertEqual(self.complete("varnel", "parse", "--each", "b"), {"block"})
+        for command in ("compose", "specimen"):
+            self.assertEqual(self.complete("varnel", command, "--format", ""), {"text", "json"})
+        self.assertEqual(self.complete("varnel", "specimen", "--layout", "M"), {"MRV-A", "MRV-B"})
+        self.assertEqual(self.complete("varnel", "specimen", "--layout", "=", "T"), {"TD1", "TD2", "TD3"})
+        self.assertEqual(self.complete("varnel", "specimen", "--count", ""), set())
 
     def test_values_behind_an_equals_sign(self):
         # Bash parts words at the sign, unless COMP_WORDBREAKS was changed.
@@ -112,7 +117,8 @@ class Bash(unittest.TestCase):
 
     def test_files(self):
         place = str(SOURCES / "LICEN")
-        self.assertEqual(self.complete("varnel", "parse", "--slots", place), {place + "SE"})
+        for before in (["parse", "--slots"], ["compose"]):
+            self.assertEqual(self.complete("varnel", *before, place), {place + "SE"})
 
 
 class Zsh(unittest.TestCase):
@@ -123,6 +129,10 @@ class Zsh(unittest.TestCase):
         parse = text.split("parse)\n")[1].split(";;")[0]
         listed = set(re.findall(r"'--([a-z-]+)", parse)) | set(re.findall(r"\$(\w+)", parse))
         self.assertEqual(listed | {"version"}, options_of("parse"))
+        specimen = text.split("specimen)\n")[1].split(";;")[0]
+        self.assertEqual({*re.findall(r"'--([a-z-]+)", specimen), "help", "version", "format"}, options_of("specimen"))
+        self.assertRegex(text, r"zones=\('--format=")
+        self.assertEqual(len(re.findall(r"_arguments \$help \$zones ", text)), 2)
         for command in ("help", "element", "soundex"):
             line = re.search(rf"^ +{command}\) (_arguments .*) ;;", text, re.M).group(1)
             self.assertEqual({*re.findall(r"\$(\w+)", line), "version"}, options_of(command))
@@ -143,17 +153,18 @@ class Zsh(unittest.TestCase):
             self.assertIn(argument, done.stdout.splitlines())
 
     def test_values_may_stand_behind_an_equals_sign(self):
-        self.assertEqual(set(re.findall(r"--([a-z]+)=\[", source("completion/_varnel"))), {"each", "format"})
+        self.assertEqual(set(re.findall(r"--([a-z]+)=\[", source("completion/_varnel"))),
+                         {"each", "format", "layout", "count", "seed"})
 
 
 class Fish(unittest.TestCase):
     def test_the_options_are_those_of_help(self):
         lines = source("completion/varnel.fish").splitlines()
-        options = {name: line for line in lines for name in re.findall(r" -l ([a-z-]+)", line)}
-        self.assertEqual(set(options), ALL_OPTIONS)
-        for name in ("each", "format", "slots", "with-source", "verbose"):
-            offered = re.search(r"__fish_seen_subcommand_from ([a-z ]+)'", options[name]).group(1).split()
-            self.assertEqual(offered, [command for command in COMMANDS if name in options_of(command)])
+        self.assertEqual({name for line in lines for name in re.findall(r" -l ([a-z-]+)", line)}, ALL_OPTIONS)
+        for name in ALL_OPTIONS - {"help", "version"}:
+            offered = {command for line in lines if f" -l {name} " in line
+                       for command in re.search(r"__fish_seen_subcommand_from ([a-z ]+)'", line).group(1).split()}
+            self.assertEqual(offered, {command for command in COMMANDS if name in options_of(command)})
 
     @unittest.skipUnless(shutil.which("fish"), "no fish here")
     def test_what_is_offered(self):
