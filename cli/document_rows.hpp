@@ -22,6 +22,7 @@ public:
   document_rows(output &out, const arguments &asked);
 
   format how() const { return format_; }
+  bool with_source() const { return with_source_; }
 
   /** The first cells of the CSV header; the command's own, each after a comma, and the line feed follow. */
   void begin_header();

@@ -28,7 +28,7 @@ std::string_view filled_slot(const PARSE_RESULT &result, const named_slot &slot)
 document_writer::document_writer(output &out, const document_rows &rows, bool with_slots)
     : out_(out), rows_(rows), with_slots_(with_slots) {
   const PARSE_RESULT empty = {};
-  std::string lead = "\"";
+  std::string lead = rows_.with_source() ? "\"" : "{\"";
   std::size_t position = 0;
   for (const VARNEL_PAIR &pair : exported(empty)) {
     json_leads_[position++] = lead + pair.key + "\":\"";
@@ -69,12 +69,18 @@ void document_writer::refused(const document &from) {
 }
 
 void document_writer::json(const document &from, const PARSE_RESULT &result, std::string_view more) {
-  rows_.begin_object(from);
+  if (rows_.with_source()) {
+    rows_.begin_object(from);
+  }
   VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
   varnel_export(&result, pairs);
   for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
     out_.put(json_leads_[i]);
     put_json_text(out_, view(pairs[i].value));
+  }
+  if (!with_slots_ && more.empty()) {
+    out_.put("\"}\n");
+    return;
   }
   out_.put('"');
   if (with_slots_) {
