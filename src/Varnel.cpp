@@ -1,5 +1,6 @@
 #include <Varnel/Varnel.h>
 
+#include "mrz/layouts.hpp"
 #include "utf8.hpp"
 #include "view.hpp"
 
@@ -19,6 +20,22 @@ int parse_zone(const char *zone, int length, PARSE_RESULT *result) {
                         MRZ_passport_parse(zone, length, result, &REFERENCE) == ERR_OK ||
                         MRZ_visa_parse(zone, length, result, &REFERENCE) == ERR_OK;
   return accepted ? ERR_OK : ERR_INVALID_FORMAT;
+}
+
+struct normalised_zone {
+  char text[VARNEL_EXAMINED_MAX + 1];
+  int length;
+};
+
+int read_text(const char *text, int length, PARSE_RESULT *result, char *buffer, int buffer_size,
+              normalised_zone &zone) {
+  if (result_init(result, buffer, buffer_size) != ERR_OK) {
+    return ERR_INVALID_ARGS;
+  }
+  if (normalize_mrz(text, length, zone.text, sizeof zone.text, &zone.length) != ERR_OK) {
+    return ERR_INVALID_ARGS;
+  }
+  return parse_zone(zone.text, zone.length, result);
 }
 
 } // namespace
@@ -41,13 +58,24 @@ int varnel_utf16_length(const char *text, size_t size) {
 }
 
 int varnel_parse_mrz(const char *text, int length, PARSE_RESULT *result, char *buffer, int buffer_size) {
-  if (result_init(result, buffer, buffer_size) != ERR_OK) {
+  normalised_zone zone;
+  return read_text(text, length, result, buffer, buffer_size, zone);
+}
+
+int varnel_read(const char *text, size_t size, varnel_document *document) {
+  if (document == nullptr) {
     return ERR_INVALID_ARGS;
   }
-  char zone[VARNEL_EXAMINED_MAX + 1];
-  int zone_length = 0;
-  if (normalize_mrz(text, length, zone, sizeof zone, &zone_length) != ERR_OK) {
-    return ERR_INVALID_ARGS;
+  normalised_zone zone;
+  const int status = read_text(text, varnel_utf16_length(text, size), &document->record, document->text,
+                               sizeof document->text, zone);
+  document->layout = VARNEL_LAYOUT_NONE;
+  if (status == ERR_OK) {
+    document->layout = mrz::layout_of(zone.text, zone.length);
+  } else {
+    result_clear(&document->record); // of what refusing parsers wrote
   }
-  return parse_zone(zone, zone_length, result);
+  document->layout_name = mrz::LAYOUTS[document->layout].name;
+  varnel_export(&document->record, document->values);
+  return status;
 }

@@ -25,6 +25,16 @@
  * Records and documents that are only read may be shared.
  *
  * @code{.c}
+ * varnel_document document;
+ * if (varnel_read(text, strlen(text), &document) == ERR_OK) {
+ *   // document.layout_name is "TD3", document.values[0].key "firstName", document.values[0].value.str its
+ * text
+ * }
+ * @endcode
+ *
+ * With a record and a buffer of one's own, in steps:
+ *
+ * @code{.c}
  * PARSE_RESULT result;
  * char buffer[VARNEL_BUFFER_SIZE];
  * VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
@@ -32,7 +42,6 @@
  * int length = varnel_utf16_length(text, strlen(text));
  * if (varnel_parse_mrz(text, length, &result, buffer, sizeof buffer) == ERR_OK) {
  *   varnel_export(&result, pairs);
- *   // pairs[0].key is "firstName", pairs[0].value its text
  * }
  * @endcode
  */
@@ -196,6 +205,40 @@ VARNEL_API varnel_string varnel_value(const varnel_parse_result *result, int fie
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing was written.
  */
 VARNEL_API int varnel_export(const varnel_parse_result *result, VARNEL_PAIR pairs[VARNEL_VALUE_COUNT]);
+
+/** A document that was read: its layout, its twelve values and all they are made of. */
+typedef struct varnel_document {
+  int layout;              /**< VARNEL_LAYOUT_TD1 to VARNEL_LAYOUT_MRV_B; VARNEL_LAYOUT_NONE */
+  const char *layout_name; /**< "TD1", "TD2", "TD3", "MRV-A", "MRV-B"; "" for none. A constant */
+  VARNEL_PAIR values[VARNEL_VALUE_COUNT]; /**< the twelve values in the order of varnel_export() */
+  varnel_parse_result record;                    /**< the slots, for varnel_value() */
+  char text[VARNEL_BUFFER_SIZE];          /**< where the texts of the slots and values lie */
+} varnel_document;
+
+/**
+ * Reads the text of a machine-readable zone (ICAO Doc 9303: TD1, TD2, TD3, MRV-A, MRV-B) into a document: in
+ * one call what varnel_utf16_length(), varnel_parse_mrz() and varnel_export() do.
+ *
+ * The twelve values are always set, and all of them are NUL-terminated: `values[i].value.str` is a C string.
+ * It is never null, and empty where the document has no such value. Slots beyond the twelve, such as a
+ * passport's personal number, come from varnel_value() on `record`.
+ *
+ * Values point into the document: they live as long as it does and stays where it is. A copy's values still
+ * point into the original; varnel_read() fills a document in place.
+ *
+ * @param text          the text as the reader saw it, UTF-8: line breaks, spaces and noise are fine. It must
+ * not overlap the document. Null is a bad argument.
+ * @param size          its length in bytes, NUL bytes included; 0 is a bad argument. No more than
+ *                      VARNEL_EXAMINED_MAX UTF-16 units are examined, and in text of more than ASCII the end
+ * goes unread, as varnel_parse_mrz() says.
+ * @param[out] document the document; may hold anything before. Null is a bad argument.
+ * @return ERR_OK; ERR_INVALID_FORMAT when no layout accepts the text; ERR_INVALID_ARGS for a bad argument.
+ * After a failure the document has no layout and twelve empty values, unless it is null itself.
+ *
+ * Allocates nothing. A document has about three and a half kilobytes; the call uses another kilobyte of
+ * stack.
+ */
+VARNEL_API int varnel_read(const char *text, size_t size, varnel_document *document);
 
 /** @} */
 

@@ -268,6 +268,16 @@ typedef enum VARNEL_TAG(_EPARSER, varnel_parser) {
   VARNEL_CONSTANT(PARSER_MAX, 65) /**< none; what every record of this library holds */
 } varnel_parser;
 
+/** The layouts of machine-readable zones (ICAO Doc 9303). */
+enum {
+  VARNEL_LAYOUT_NONE = 0,  /**< no layout */
+  VARNEL_LAYOUT_TD1 = 1,   /**< card, 3 lines of 30 (Doc 9303-5) */
+  VARNEL_LAYOUT_TD2 = 2,   /**< card, 2 lines of 36 (Doc 9303-6) */
+  VARNEL_LAYOUT_TD3 = 3,   /**< passport, 2 lines of 44 (Doc 9303-4) */
+  VARNEL_LAYOUT_MRV_A = 4, /**< visa, 2 lines of 44 (Doc 9303-7) */
+  VARNEL_LAYOUT_MRV_B = 5  /**< visa, 2 lines of 36 (Doc 9303-7) */
+};
+
 /** A view of text that belongs to somebody else. Empty when `len` < 1 or `str` is null. */
 typedef struct VARNEL_TAG(_STRING, varnel_string) {
   const char *str; /**< first character, not necessarily NUL-terminated; may be null */

@@ -1,8 +1,8 @@
 #include <Varnel/mrz/td1.h>
 
-#include "zone_fields.hpp"
+#include "layout_driver.hpp"
 
-static int _parse_track1(const STRING *track, PARSE_RESULT *result) {
+static int _parse_track1(const STRING *track, PARSE_RESULT *result, const CONTEXT *) {
   const int status = write_country_code(result, FIELD_COUNTRY_CODE, cut(*track, zone::ISSUING_STATE));
   if (status != ERR_OK) {
     return status;
@@ -25,30 +25,11 @@ static int _parse_track2(const STRING *track, PARSE_RESULT *result, const CONTEX
   return write_country_code(result, FIELD_NATIONALITY, cut(*track, td1::NATIONALITY));
 }
 
-static int _parse_track3(const STRING *track, PARSE_RESULT *result) { return write_names(result, *track); }
+static int _parse_track3(const STRING *track, PARSE_RESULT *result, const CONTEXT *) {
+  return write_names(result, *track);
+}
 
 int MRZ_td1_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {
-  constexpr int line_length = td1::LINE_LENGTH;
-  if (input == nullptr || result == nullptr || context == nullptr || i_len < 0) {
-    return ERR_INVALID_ARGS;
-  }
-  const bool is_td1 =
-      i_len == 3 * line_length && has_card_code(input) && mrz_characters::covers(STRING{input, i_len});
-  if (!is_td1) {
-    return ERR_INVALID_FORMAT;
-  }
-  const STRING track1 = {input, line_length};
-  const STRING track2 = {input + line_length, line_length};
-  const STRING track3 = {input + 2 * line_length, line_length};
-  int status = _parse_track1(&track1, result);
-  if (status == ERR_OK) {
-    status = _parse_track2(&track2, result, context);
-  }
-  if (status == ERR_OK) {
-    status = _parse_track3(&track3, result);
-  }
-  if (status == ERR_OK) {
-    write_document_type(result, STRING{"TD", 2});
-  }
-  return status;
+  return mrz::zone_of<mrz::TD1>::read<_parse_track1, _parse_track2, _parse_track3>(input, i_len, result,
+                                                                                   context);
 }

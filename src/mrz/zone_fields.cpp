@@ -60,6 +60,8 @@ void write_date(PARSE_RESULT *result, int field, int year, STRING digits) {
 
 } // namespace
 
+bool has_mrz_characters(const char *zone, int length) { return mrz_characters::covers(STRING{zone, length}); }
+
 int write_country_code(PARSE_RESULT *result, int field, STRING code) {
   if (!mrz_code_characters::covers_short(code)) {
     return ERR_INVALID_FORMAT;

@@ -14,10 +14,8 @@ inline STRING cut(STRING line, columns c) { return STRING{line.str + c.start, c.
 
 inline STRING cut_from(STRING line, int start) { return STRING{line.str + start, line.len - start}; }
 
-// The document codes of cards: I, A or C, and no V after it, which marks a visa.
-inline bool has_card_code(const char *zone) {
-  return (zone[0] == 'I' || zone[0] == 'A' || zone[0] == 'C') && zone[1] != 'V';
-}
+// Whether a zone is of MRZ characters only.
+bool has_mrz_characters(const char *zone, int length);
 
 int write_country_code(PARSE_RESULT *result, int field, STRING code);
 

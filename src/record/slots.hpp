@@ -7,8 +7,10 @@
 
 #include <Varnel/defines.h>
 
+#include <stddef.h>
+#include <stdint.h>
+
 #include "../view.hpp"
-#include "../words.hpp"
 
 namespace record {
 
@@ -66,20 +68,8 @@ FIELD *fill_slot_from(const room &room, PARSE_RESULT *result, int field, int len
 
 // ---- reading ----------------------------------------------------------------------------------------
 
-// strnlen() for short texts: a word at a time, without a call.
-inline int length_up_to(const char *text, size_t size) {
-  size_t length = 0;
-  for (; length + words::SIZE <= size; length += words::SIZE) {
-    const uint64_t nul = words::nul(words::load<uint64_t>(text + length));
-    if (nul != 0) {
-      return static_cast<int>(length) + words::first(nul);
-    }
-  }
-  while (length < size && text[length] != '\0') {
-    ++length;
-  }
-  return static_cast<int>(length);
-}
+// strnlen() for short texts.
+int length_up_to(const char *text, size_t size);
 
 // The lent buffer of a record, as bounds for reading the texts in it.
 struct text_bounds {
@@ -103,8 +93,8 @@ struct text_bounds {
     if (text == nullptr) {
       return STRING{"", 0};
     }
-    const size_t left = left_from(text);
-    return STRING{text, left > 0 ? length_up_to(text, left) : text_length(text)};
+    const uintptr_t offset = reinterpret_cast<uintptr_t>(text) - begin;
+    return STRING{text, offset < size ? length_up_to(text, size - offset) : text_length(text)};
   }
 };
 

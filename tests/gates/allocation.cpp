@@ -129,6 +129,11 @@ const call CALLS[] = {
     CALL(varnel_utf16_length, PASSPORT, strlen(PASSPORT)),
     CALL(varnel_parse_mrz, PASSPORT, static_cast<int>(strlen(PASSPORT)), &record, buffer, sizeof buffer),
     CALL(varnel_value, fresh_record(), FIELD_FAMILY_NAME),
+    {"varnel_read",
+     [] {
+       varnel_document document;
+       number = varnel_read(PASSPORT, strlen(PASSPORT), &document);
+     }},
     {"varnel_export",
      [] {
        VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];

@@ -41,6 +41,7 @@ AT(PARSE_RESULT, parser_type, 0);
 AT(PARSE_RESULT, parser, 4);
 AT(PARSE_RESULT, fields, 8);
 AT(VARNEL_PAIR, key, 0);
+AT(varnel_document, layout, 0);
 
 #if UINTPTR_MAX == 0xFFFFFFFFu
 SIZE(STRING, 8);
@@ -52,6 +53,11 @@ AT(PARSE_RESULT, buffer_size, 1124);
 AT(PARSE_RESULT, data_size, 1128);
 SIZE(VARNEL_PAIR, 12);
 AT(VARNEL_PAIR, value, 4);
+SIZE(varnel_document, 2308);
+AT(varnel_document, layout_name, 4);
+AT(varnel_document, values, 8);
+AT(varnel_document, record, 152);
+AT(varnel_document, text, 1284);
 #else
 SIZE(STRING, 16);
 AT(STRING, len, 8);
@@ -62,4 +68,9 @@ AT(PARSE_RESULT, buffer_size, 2240);
 AT(PARSE_RESULT, data_size, 2244);
 SIZE(VARNEL_PAIR, 24);
 AT(VARNEL_PAIR, value, 8);
+SIZE(varnel_document, 3576);
+AT(varnel_document, layout_name, 8);
+AT(varnel_document, values, 16);
+AT(varnel_document, record, 304);
+AT(varnel_document, text, 2552);
 #endif

@@ -55,13 +55,13 @@ pairs values_of(const varnel::document &document) {
   return values;
 }
 
-TEST(CppFace, ReadsADocument) {
+TEST(CppDocument, ReadsADocument) {
   const std::optional<varnel::document> document = varnel::parse_mrz(PASSPORT);
   ASSERT_TRUE(document.has_value());
   EXPECT_EQ(values_of(*document), PASSPORT_VALUES);
 }
 
-TEST(CppFace, GivesNothingForARefusedText) {
+TEST(CppDocument, GivesNothingForARefusedText) {
   EXPECT_FALSE(varnel::parse_mrz("").has_value());
   EXPECT_FALSE(varnel::parse_mrz(std::string_view()).has_value());
   EXPECT_FALSE(varnel::parse_mrz({}).has_value());
@@ -71,7 +71,7 @@ TEST(CppFace, GivesNothingForARefusedText) {
 }
 
 // The text is a view with a length of its own: NUL bytes in it are noise, and none need end it.
-TEST(CppFace, TakesTheTextAsAView) {
+TEST(CppDocument, TakesTheTextAsAView) {
   const std::string with_nul = std::string(1, '\0') + PASSPORT + std::string(3, '\0');
   ASSERT_TRUE(varnel::parse_mrz(with_nul).has_value());
   const std::string longer = PASSPORT + "NOT<OF<THE<VIEW";
@@ -82,7 +82,7 @@ TEST(CppFace, TakesTheTextAsAView) {
   EXPECT_TRUE(varnel::parse_mrz({exact.get(), PASSPORT.size()}).has_value());
 }
 
-TEST(CppFace, FindsAValueByItsKey) {
+TEST(CppDocument, FindsAValueByItsKey) {
   const auto document = varnel::parse_mrz(PASSPORT);
   ASSERT_TRUE(document.has_value());
   for (const auto &[key, value] : PASSPORT_VALUES) {
@@ -93,7 +93,7 @@ TEST(CppFace, FindsAValueByItsKey) {
   }
 }
 
-TEST(CppFace, KnowsNoOtherKey) {
+TEST(CppDocument, KnowsNoOtherKey) {
   const auto document = varnel::parse_mrz(PASSPORT);
   ASSERT_TRUE(document.has_value());
   for (const std::string_view unknown :
@@ -104,7 +104,7 @@ TEST(CppFace, KnowsNoOtherKey) {
   }
 }
 
-TEST(CppFace, GoesThroughThePairsInOrder) {
+TEST(CppDocument, GoesThroughThePairsInOrder) {
   static_assert(varnel::document::size() == 12, "known when compiled");
   const auto document = varnel::parse_mrz(PASSPORT);
   ASSERT_TRUE(document.has_value());
@@ -122,7 +122,7 @@ TEST(CppFace, GoesThroughThePairsInOrder) {
   EXPECT_EQ(index, 12u);
 }
 
-TEST(CppFace, IteratesAsAnyContainerDoes) {
+TEST(CppDocument, IteratesAsAnyContainerDoes) {
   const auto document = varnel::parse_mrz(PASSPORT);
   ASSERT_TRUE(document.has_value());
   EXPECT_EQ(std::distance(document->begin(), document->end()), 12);
@@ -143,7 +143,7 @@ TEST(CppFace, IteratesAsAnyContainerDoes) {
 }
 
 // A document is a plain value: a copy reads its own memory, not the original's.
-TEST(CppFace, CopiesOutliveTheOriginal) {
+TEST(CppDocument, CopiesOutliveTheOriginal) {
   static_assert(std::is_trivially_copyable_v<varnel::document>, "no ownership to hand over");
   static_assert(!std::is_default_constructible_v<varnel::document>, "only a parse makes one");
 
@@ -157,7 +157,7 @@ TEST(CppFace, CopiesOutliveTheOriginal) {
   EXPECT_EQ(values_of(moved), PASSPORT_VALUES);
 }
 
-TEST(CppFace, AssignsAndKeepsManyDocuments) {
+TEST(CppDocument, AssignsAndKeepsManyDocuments) {
   auto document = varnel::parse_mrz(PASSPORT);
   const auto card = varnel::parse_mrz(CARD);
   ASSERT_TRUE(document.has_value());
@@ -175,7 +175,7 @@ TEST(CppFace, AssignsAndKeepsManyDocuments) {
 }
 
 // Keys are constants of the library and outlive every document.
-TEST(CppFace, KeysOutliveTheDocument) {
+TEST(CppDocument, KeysOutliveTheDocument) {
   std::vector<std::string_view> keys;
   {
     const auto document = std::make_unique<std::optional<varnel::document>>(varnel::parse_mrz(PASSPORT));
@@ -190,7 +190,7 @@ TEST(CppFace, KeysOutliveTheDocument) {
   }
 }
 
-TEST(CppFace, ReadsEveryVectorAsItSays) {
+TEST(CppDocument, ReadsEveryVectorAsItSays) {
   for (const vectors::vector &vector : vectors::load()) {
     SCOPED_TRACE(vector.name);
     std::string answer = "null\n";
@@ -205,6 +205,52 @@ TEST(CppFace, ReadsEveryVectorAsItSays) {
       answer = values.dump() + "\n";
     }
     EXPECT_EQ(answer, vector.answer);
+  }
+}
+
+// A document whose twelve values all differ tells the accessors apart; the two that no zone has are empty.
+TEST(CppDocument, HasANameForEachValue) {
+  const auto document = varnel::parse_mrz("P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<"
+                                          "L898902C36XXX7408122F1204159ZE184226B<<<<<10");
+  ASSERT_TRUE(document.has_value());
+  EXPECT_EQ(document->first_name(), "ANNA");
+  EXPECT_EQ(document->last_name(), "ERIKSSON");
+  EXPECT_EQ(document->middle_name(), "MARIA");
+  EXPECT_EQ(document->license_number(), "L898902C3");
+  EXPECT_EQ(document->birth_date(), "19740812");
+  EXPECT_EQ(document->expiration_date(), "20120415");
+  EXPECT_EQ(document->gender(), "F");
+  EXPECT_EQ(document->country_code(), "UTO");
+  EXPECT_EQ(document->jurisdiction_code(), "");
+  EXPECT_EQ(document->nationality(), "XXX");
+  EXPECT_EQ(document->document_type(), "PASSPORT");
+  EXPECT_EQ(document->issue_date(), "");
+  EXPECT_EQ(document->jurisdiction_code(), *document->get("jurisdictionCode"));
+  EXPECT_EQ(document->issue_date(), *document->get("issueDate"));
+}
+
+TEST(CppDocument, SaysItsLayout) {
+  const struct {
+    const char *zone;
+    varnel::layout layout;
+    const char *name;
+  } rows[] = {
+      {"I<UTOD231458907<<<<<<<<<<<<<<<7408122F1204159UTO<<<<<<<<<<<6ERIKSSON<<ANNA<MARIA<<<<<<<<<<",
+       varnel::layout::td1, "TD1"},
+      {"I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<D231458907UTO7408122F1204159<<<<<<<6", varnel::layout::td2,
+       "TD2"},
+      {"P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<L898902C36UTO7408122F1204159ZE184226B<<<<<10",
+       varnel::layout::td3, "TD3"},
+      {"V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<L8988901C4XXX4009078F96121096ZE184226B<<<<<<",
+       varnel::layout::mrv_a, "MRV-A"},
+      {"V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<L8988901C4XXX4009078F9612109<<<<<<<<", varnel::layout::mrv_b,
+       "MRV-B"},
+  };
+  for (const auto &row : rows) {
+    const auto document = varnel::parse_mrz(row.zone);
+    ASSERT_TRUE(document.has_value()) << row.name;
+    EXPECT_EQ(document->layout(), row.layout) << row.name;
+    EXPECT_EQ(document->layout_name(), row.name);
   }
 }
 

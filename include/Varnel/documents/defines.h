@@ -16,14 +16,8 @@
 /** Marks a symbol that libvarnel_documents exports. */
 #define VARNEL_DOCUMENTS_API VARNEL_API
 
-/** Layouts of machine-readable zones: ICAO Doc 9303 and one national layout. */
+/** Layouts that the core does not read, numbered on from VARNEL_LAYOUT_MRV_B. */
 enum {
-  VARNEL_LAYOUT_NONE = 0,  /**< no layout */
-  VARNEL_LAYOUT_TD1 = 1,   /**< card, 3 lines of 30 (Doc 9303-5) */
-  VARNEL_LAYOUT_TD2 = 2,   /**< card, 2 lines of 36 (Doc 9303-6) */
-  VARNEL_LAYOUT_TD3 = 3,   /**< passport, 2 lines of 44 (Doc 9303-4) */
-  VARNEL_LAYOUT_MRV_A = 4, /**< visa, 2 lines of 44 (Doc 9303-7) */
-  VARNEL_LAYOUT_MRV_B = 5, /**< visa, 2 lines of 36 (Doc 9303-7) */
   VARNEL_LAYOUT_FRA_ID = 6 /**< French identity card issued until 2021, 2 lines of 36 */
 };
 
