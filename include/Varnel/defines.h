@@ -268,14 +268,16 @@ typedef enum VARNEL_TAG(_EPARSER, varnel_parser) {
   VARNEL_CONSTANT(PARSER_MAX, 65) /**< none; what every record of this library holds */
 } varnel_parser;
 
-/** The layouts of machine-readable zones (ICAO Doc 9303). */
+/** The layouts of machine-readable zones: ICAO Doc 9303, and a national one that only Varnel Documents reads.
+ */
 enum {
   VARNEL_LAYOUT_NONE = 0,  /**< no layout */
   VARNEL_LAYOUT_TD1 = 1,   /**< card, 3 lines of 30 (Doc 9303-5) */
   VARNEL_LAYOUT_TD2 = 2,   /**< card, 2 lines of 36 (Doc 9303-6) */
   VARNEL_LAYOUT_TD3 = 3,   /**< passport, 2 lines of 44 (Doc 9303-4) */
   VARNEL_LAYOUT_MRV_A = 4, /**< visa, 2 lines of 44 (Doc 9303-7) */
-  VARNEL_LAYOUT_MRV_B = 5  /**< visa, 2 lines of 36 (Doc 9303-7) */
+  VARNEL_LAYOUT_MRV_B = 5, /**< visa, 2 lines of 36 (Doc 9303-7) */
+  VARNEL_LAYOUT_FRA_ID = 6 /**< French identity card issued until 2021, 2 lines of 36 */
 };
 
 /** A view of text that belongs to somebody else. Empty when `len` < 1 or `str` is null. */

@@ -16,11 +16,6 @@
 /** Marks a symbol that libvarnel_documents exports. */
 #define VARNEL_DOCUMENTS_API VARNEL_API
 
-/** Layouts that the core does not read, numbered on from VARNEL_LAYOUT_MRV_B. */
-enum {
-  VARNEL_LAYOUT_FRA_ID = 6 /**< French identity card issued until 2021, 2 lines of 36 */
-};
-
 /** Sizes of zones. */
 enum {
   VARNEL_ZONE_LINES = 3, /**< lines of a zone, at most */
