@@ -211,7 +211,7 @@ typedef struct varnel_document {
   int layout;              /**< VARNEL_LAYOUT_TD1 to VARNEL_LAYOUT_MRV_B; VARNEL_LAYOUT_NONE */
   const char *layout_name; /**< "TD1", "TD2", "TD3", "MRV-A", "MRV-B"; "" for none. A constant */
   VARNEL_PAIR values[VARNEL_VALUE_COUNT]; /**< the twelve values in the order of varnel_export() */
-  varnel_parse_result record;                    /**< the slots, for varnel_value() */
+  varnel_parse_result record;             /**< the slots, for varnel_value() */
   char text[VARNEL_BUFFER_SIZE];          /**< where the texts of the slots and values lie */
 } varnel_document;
 
