@@ -3,7 +3,7 @@
 import json
 import unittest
 
-from support import varnel
+from support import SOURCES, varnel
 
 PASSPORT = {"layout": "TD3", "documentCode": "P", "issuingState": "UTO", "documentNumber": "L898902C3",
             "nationality": "UTO", "birthDate": "1974-08-12", "sex": "F", "expiryDate": "2012-04-15",
@@ -105,6 +105,15 @@ class Compose(unittest.TestCase):
         for value in (7, True, [], {}, 1.5):
             self.refused("sex: neither a text nor null", sex=value)
         self.refused("layout: neither a text nor null", layout=3)
+
+    def test_the_schema_has_these_keys(self):
+        schema = json.loads((SOURCES / "docs" / "composition.schema.json").read_text(encoding="utf-8"))
+        for key in schema["properties"]:
+            self.refused(f"{key}: neither a text nor null", **{key: 1})
+        self.assertEqual(set(PASSPORT) - set(schema["properties"]), set())
+        for key in set(schema["properties"]) - {"birthDate"}:
+            code = varnel("compose", text=text_of({**PASSPORT, key: None}))[0]
+            self.assertEqual(code, 1 if key in schema["required"] else 0, key)
 
     def test_a_nul_does_not_end_a_text(self):
         self.refused("primaryIdentifier: character 3 cannot be written there", primaryIdentifier="Ab\0c")
