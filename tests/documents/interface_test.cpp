@@ -1,0 +1,477 @@
+// The interface: bad arguments, room for the JSON, any bytes, clean-up of text, where a zone is found.
+#include "plain_inspection.hpp"
+#include "support.hpp"
+
+#include <cstring>
+
+namespace {
+
+using json = nlohmann::ordered_json;
+using support::inspect;
+using support::inspected;
+using support::TODAY;
+
+static_assert(sizeof(varnel_inspection) <= 4096, "a record is small enough for any stack");
+
+const std::string SPECIMEN = support::SPECIMENS[2].zone;
+
+// ---- arguments --------------------------------------------------------------------------------------
+
+TEST(Arguments, BadOnesAreRefusedAndNothingIsWritten) {
+  const auto refused = [](const char *text, size_t size, const varnel_inspect_options *options) {
+    varnel_inspection inspection;
+    varnel_inspection untouched;
+    std::memset(&inspection, 0xA5, sizeof inspection);
+    std::memset(&untouched, 0xA5, sizeof untouched);
+    const int code = varnel_inspect(text, size, options, &inspection);
+    const int code_of_all = varnel_inspect_all(text, size, options, &inspection, 1);
+    EXPECT_EQ(code, code_of_all);
+    EXPECT_EQ(std::memcmp(&inspection, &untouched, sizeof inspection), 0);
+    return code == ERR_INVALID_ARGS;
+  };
+  const char *text = SPECIMEN.c_str();
+  const size_t size = SPECIMEN.size();
+  EXPECT_TRUE(refused(nullptr, size, &TODAY));
+  EXPECT_TRUE(refused(text, size, nullptr));
+  const std::string large(VARNEL_TEXT_MAX + 1, ' ');
+  EXPECT_TRUE(refused(large.data(), large.size(), &TODAY));
+  EXPECT_TRUE(refused(large.data(), SIZE_MAX, &TODAY));
+  for (const varnel_inspect_options &options :
+       {varnel_inspect_options{2026, 2, 29, 0}, varnel_inspect_options{1900, 2, 29, 0},
+        varnel_inspect_options{2026, 0, 1, 0}, varnel_inspect_options{2026, 13, 1, 0},
+        varnel_inspect_options{2026, 1, 0, 0}, varnel_inspect_options{2026, 4, 31, 0},
+        varnel_inspect_options{0, 1, 1, 0}, varnel_inspect_options{10000, 1, 1, 0},
+        varnel_inspect_options{-2026, 1, 1, 0}, varnel_inspect_options{2026, 1, 1, -1},
+        varnel_inspect_options{2026, 1, 1, VARNEL_REPAIR_DIGITS + 1}}) {
+    EXPECT_TRUE(refused(text, size, &options))
+        << options.year << options.month << options.day << options.repair;
+  }
+  varnel_inspection inspection;
+  EXPECT_EQ(varnel_inspect(text, size, &TODAY, nullptr), ERR_INVALID_ARGS);
+  EXPECT_EQ(varnel_inspect_all(text, size, &TODAY, nullptr, 1), ERR_INVALID_ARGS);
+  EXPECT_EQ(varnel_inspect_all(text, size, &TODAY, &inspection, 0), ERR_INVALID_ARGS);
+  EXPECT_EQ(varnel_inspect_all(text, size, &TODAY, &inspection, -1), ERR_INVALID_ARGS);
+}
+
+TEST(Arguments, DatesThatExist) {
+  for (const varnel_inspect_options &options :
+       {varnel_inspect_options{2024, 2, 29, 0}, varnel_inspect_options{2000, 2, 29, 0},
+        varnel_inspect_options{1, 1, 1, 0}, varnel_inspect_options{9999, 12, 31, 0}}) {
+    varnel_inspection inspection;
+    EXPECT_EQ(varnel_inspect(SPECIMEN.data(), SPECIMEN.size(), &options, &inspection), ERR_OK);
+  }
+  EXPECT_EQ(inspected("", {1, 2, 3, 0})["date"], "0001-02-03");
+}
+
+TEST(Arguments, AnEmptyTextIsRefusedAsATextWithoutAZone) {
+  varnel_inspection inspection;
+  EXPECT_EQ(varnel_inspect(nullptr, 0, &TODAY, &inspection), ERR_OK);
+  EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_REFUSED);
+  EXPECT_EQ(inspection.findings[0].code, VARNEL_FINDING_NO_ZONE);
+}
+
+TEST(Arguments, TheLargestText) {
+  std::string text(VARNEL_TEXT_MAX - SPECIMEN.size(), '\n');
+  text += SPECIMEN;
+  const json read = inspected(text);
+  EXPECT_EQ(read["verdict"], "valid");
+  EXPECT_EQ(read["source"][1]["end"], VARNEL_TEXT_MAX - 1);
+}
+
+TEST(Json, RoomIsAsSnprintfHasIt) {
+  const varnel_inspection inspection = inspect(SPECIMEN);
+  const std::string whole = support::to_json(inspection);
+  const int length = static_cast<int>(whole.size());
+  EXPECT_EQ(varnel_inspection_json(&inspection, nullptr, 0), length);
+  for (size_t room = 1; room <= whole.size() + 2; ++room) {
+    std::string out(room + 1, '#');
+    ASSERT_EQ(varnel_inspection_json(&inspection, out.data(), room), length);
+    const size_t written = std::min(room - 1, whole.size());
+    ASSERT_EQ(out.substr(0, written), whole.substr(0, written));
+    ASSERT_EQ(out[written], '\0');
+    ASSERT_EQ(out[room], '#') << "nothing is written beyond the room";
+  }
+  char out[4];
+  EXPECT_EQ(varnel_inspection_json(nullptr, out, sizeof out), ERR_INVALID_ARGS);
+  EXPECT_EQ(varnel_inspection_json(&inspection, nullptr, 1), ERR_INVALID_ARGS);
+}
+
+TEST(Json, ChangesAndOtherVerdicts) {
+  varnel_inspection inspection = inspect(SPECIMEN);
+  inspection.verdict = VARNEL_VERDICT_REPAIRED;
+  inspection.repair = VARNEL_REPAIR_DIGITS;
+  inspection.changes[0] = {1, 9, VARNEL_CHANGE_CLASS, "O", "0"};
+  inspection.changes[1] = {0, 43, VARNEL_CHANGE_FILLER, "«", ""};
+  inspection.changes[2] = {0, 43, VARNEL_CHANGE_TWIN, "\"", "\\"};
+  inspection.changes[3] = {1, 2, VARNEL_CHANGE_DIGIT, "", "I"};
+  inspection.change_count = 4;
+  json read = json::parse(support::to_json(inspection));
+  EXPECT_EQ(read["verdict"], "repaired");
+  EXPECT_EQ(read["repair"], "digits");
+  EXPECT_EQ(read["changes"].dump(), R"([{"line":1,"column":9,"from":"O","to":"0","reason":"class"},)"
+                                    R"({"line":0,"column":43,"from":"«","to":"","reason":"filler"},)"
+                                    R"({"line":0,"column":43,"from":"\"","to":"\\","reason":"twin"},)"
+                                    R"({"line":1,"column":2,"from":"","to":"I","reason":"digit"}])");
+  inspection.verdict = VARNEL_VERDICT_VOTED;
+  inspection.source_count = 0;
+  inspection.repair = VARNEL_REPAIR_COLUMNS;
+  read = json::parse(support::to_json(inspection));
+  EXPECT_EQ(read["verdict"], "voted");
+  EXPECT_EQ(read["repair"], "columns");
+  EXPECT_EQ(read["source"].dump(), "[]");
+}
+
+TEST(Json, NamesWithQuotes) {
+  std::string zone = SPECIMEN;
+  zone.replace(2, 3, "XCT");
+  EXPECT_EQ(inspected(zone)["fields"]["issuingState"]["name"], "\"Turkish Republic of Northern Cyprus\"");
+}
+
+// ---- names ------------------------------------------------------------------------------------------
+
+template <class Function> std::vector<std::string> names(Function name_of, int first, int end) {
+  std::vector<std::string> all;
+  for (int i = first; i < end; ++i) {
+    const char *name = name_of(i);
+    all.push_back(name != nullptr ? name : "(none)");
+  }
+  return all;
+}
+
+TEST(Names, EveryNumber) {
+  using list = std::vector<std::string>;
+  EXPECT_EQ(
+      names(varnel_field_name, -1, VARNEL_DOCUMENT_FIELD_END + 1),
+      (list{"(none)", "(none)", "documentCode", "issuingState", "documentNumber", "nationality", "birthDate",
+            "sex", "expiryDate", "primaryIdentifier", "secondaryIdentifier", "optionalData1", "optionalData2",
+            "optionalData", "personalNumber", "officeCode", "composite", "(none)"}));
+  EXPECT_EQ(names(varnel_finding_name, -1, VARNEL_NOTICE_DROPPED + 2),
+            (list{"(none)",          "(none)",      "empty",       "badCharacters",  "notADate",
+                  "unknown",         "checkFailed", "datesOrder",  "unproven",       "looksDiffer",
+                  "length",          "noZone",      "digitInCode", "codeNotAllowed", "codeNotListed",
+                  "nationalLetters", "sexX",        "fillerDigit", "dropped",        "(none)"}));
+  EXPECT_EQ(names(varnel_layout_name, -1, 8),
+            (list{"(none)", "(none)", "TD1", "TD2", "TD3", "MRV-A", "MRV-B", "FRA-ID", "(none)"}));
+  EXPECT_EQ(names(varnel_kind_name, -1, 8),
+            (list{"(none)", "(none)", "card", "card", "passport", "visa", "visa", "card", "(none)"}));
+  EXPECT_EQ(names(varnel_verdict_name, -1, 6),
+            (list{"(none)", "refused", "doubtful", "valid", "repaired", "voted", "(none)"}));
+  EXPECT_EQ(names(varnel_status_name, -1, 7),
+            (list{"(none)", "empty", "badCharacters", "notADate", "unknown", "checkFailed", "ok", "(none)"}));
+  EXPECT_EQ(names(varnel_proof_name, -1, 6),
+            (list{"(none)", "none", "list", "composite", "digit", "digits", "(none)"}));
+  EXPECT_EQ(names(varnel_repair_name, -1, 4), (list{"(none)", "off", "columns", "digits", "(none)"}));
+  EXPECT_EQ(names(varnel_change_name, -1, 6),
+            (list{"(none)", "(none)", "class", "filler", "digit", "twin", "(none)"}));
+  EXPECT_EQ(names(varnel_rule_name, -1, 4), (list{"(none)", "(none)", "plain", "filler", "(none)"}));
+  EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, nullptr), nullptr);
+  EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, ""), nullptr);
+  EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, "PPP"), nullptr);
+  EXPECT_STREQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, "PD"), "diplomatic passport");
+  EXPECT_STREQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD1, "AC"), "crew member certificate");
+  EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_MRV_A, "PP"), nullptr);
+}
+
+// ---- clean-up ---------------------------------------------------------------------------------------
+
+// What a character is read as within a zone: every code point of Unicode, at the place of the first filler
+// in a passport's name.
+TEST(CleanUp, EveryCodePoint) {
+  const std::string before = SPECIMEN.substr(0, 13);
+  for (long c = 1; c <= 0x10FFFF; c += c < 0x3200 || (c >= 0xF000 && c < 0x10000) ? 1 : 97) {
+    if (c >= 0xD800 && c <= 0xDFFF) {
+      continue;
+    }
+    std::string utf8;
+    if (c < 0x80) {
+      utf8 = {static_cast<char>(c)};
+    } else if (c < 0x800) {
+      utf8 = {static_cast<char>(0xC0 | c >> 6), static_cast<char>(0x80 | (c & 0x3F))};
+    } else if (c < 0x10000) {
+      utf8 = {static_cast<char>(0xE0 | c >> 12), static_cast<char>(0x80 | (c >> 6 & 0x3F)),
+              static_cast<char>(0x80 | (c & 0x3F))};
+    } else {
+      utf8 = {static_cast<char>(0xF0 | c >> 18), static_cast<char>(0x80 | (c >> 12 & 0x3F)),
+              static_cast<char>(0x80 | (c >> 6 & 0x3F)), static_cast<char>(0x80 | (c & 0x3F))};
+    }
+    const std::string read = plain::ends_line(c) ? "" : plain::read_as(c);
+    // One kept character takes the place of one filler, two that of two.
+    const std::string text = before + utf8 + SPECIMEN.substr(13 + read.size());
+    if (!plain::ends_line(c)) {
+      const varnel_inspection inspection = inspect(text);
+      ASSERT_EQ(inspection.zone[0], before + read + SPECIMEN.substr(13 + read.size(), 31 - read.size()))
+          << std::hex << c;
+      ASSERT_EQ(inspection.notice_count > 0 &&
+                    inspection.notices[inspection.notice_count - 1].code == VARNEL_NOTICE_DROPPED,
+                read.empty() && !plain::is_white(c) && c != 0xFEFF)
+          << std::hex << c;
+    }
+  }
+}
+
+TEST(CleanUp, LineEnds) {
+  for (const char *end : {"\n", "\r", "\r\n", "\v", "\f", "\xC2\x85", "\xE2\x80\xA8", "\xE2\x80\xA9",
+                          "\n\r\n\n", "\n ** \n", "\n \t \n"}) {
+    std::string text = SPECIMEN;
+    text.replace(44, 1, end);
+    const json read = inspected(text);
+    EXPECT_EQ(read["verdict"], "valid") << end;
+    EXPECT_EQ(read["notices"].size(), 0u) << end;
+    EXPECT_EQ(read["source"][1]["start"], 44 + std::strlen(end)) << end;
+  }
+}
+
+TEST(CleanUp, DroppedCharactersOfALineAreOneNotice) {
+  const auto dropped_lines = [](const std::string &text) {
+    std::vector<int> lines;
+    const varnel_inspection inspection = inspect(text);
+    for (int i = 0; i < inspection.notice_count; ++i) {
+      EXPECT_EQ(inspection.notices[i].code, VARNEL_NOTICE_DROPPED);
+      EXPECT_EQ(inspection.notices[i].field, VARNEL_FIELD_NONE);
+      EXPECT_EQ(inspection.notices[i].column, -1);
+      lines.push_back(inspection.notices[i].line);
+    }
+    return lines;
+  };
+  using lines = std::vector<int>;
+  EXPECT_EQ(dropped_lines(SPECIMEN), lines());
+  EXPECT_EQ(dropped_lines("**" + SPECIMEN), lines()); // before the first kept character
+  EXPECT_EQ(dropped_lines(SPECIMEN.substr(0, 44) + "**" + SPECIMEN.substr(44)), lines()); // after the last
+  EXPECT_EQ(dropped_lines(SPECIMEN.substr(0, 1) + "*" + SPECIMEN.substr(1)), lines{0});
+  EXPECT_EQ(dropped_lines(SPECIMEN.substr(0, 1) + "*" + SPECIMEN.substr(1, 60) + "*.*" + SPECIMEN.substr(61)),
+            (lines{0, 1}));
+  // In a zone of one run the lines are those of the zone.
+  const std::string run = SPECIMEN.substr(0, 44) + SPECIMEN.substr(45, 44);
+  EXPECT_EQ(dropped_lines(run.substr(0, 44) + "*" + run.substr(44)), lines());
+  EXPECT_EQ(dropped_lines(run.substr(0, 45) + "*" + run.substr(45)), lines{1});
+  EXPECT_EQ(dropped_lines(SPECIMEN.substr(0, 10) + "\xEF\xBB\xBF" + SPECIMEN.substr(10)), lines());
+  EXPECT_EQ(dropped_lines(SPECIMEN.substr(0, 10) + "\x80" + SPECIMEN.substr(10)), lines{0});
+}
+
+// Two fillers made of one sign share its bytes.
+TEST(CleanUp, SourcesOfSharedBytes) {
+  std::string text = SPECIMEN;
+  text.replace(13, 2, "\xC2\xAB"); // the "<<" after the primary identifier
+  const json fields = inspected(text)["fields"];
+  EXPECT_EQ(fields["primaryIdentifier"]["source"], json({{"start", 5}, {"end", 13}}));
+  EXPECT_EQ(fields["secondaryIdentifier"]["source"]["start"], 15);
+  text = SPECIMEN;
+  text.replace(24, 2, "\xE3\x80\x8A");
+  EXPECT_EQ(inspected(text)["fields"]["secondaryIdentifier"]["source"], json({{"start", 15}, {"end", 45}}));
+}
+
+// ---- where a zone is found --------------------------------------------------------------------------
+
+TEST(Search, OfEqualZonesTheLastOnThePageWins) {
+  const json read = inspected(SPECIMEN + "page 2\n" + SPECIMEN);
+  EXPECT_EQ(read["source"][0]["start"], SPECIMEN.size() + 7);
+}
+
+TEST(Search, TheBetterZoneWinsWhereverItStands) {
+  std::string damaged = SPECIMEN;
+  damaged[45 + 9] = '5';
+  EXPECT_EQ(inspected(SPECIMEN + damaged)["source"][0]["start"], 0);
+  EXPECT_EQ(inspected(damaged + SPECIMEN)["source"][0]["start"], SPECIMEN.size());
+  // All of a visa's three digits are a greater share than four of a passport's five.
+  const std::string visa = support::SPECIMENS[4].zone;
+  EXPECT_EQ(inspected(visa + damaged)["layout"], "MRV-B");
+  // Shares equal, the greater number wins; then the fewer findings.
+  EXPECT_EQ(inspected(SPECIMEN + visa)["layout"], "TD3");
+  std::string unknown_state = SPECIMEN;
+  unknown_state.replace(2, 3, "ZZZ");
+  EXPECT_EQ(inspected(SPECIMEN + unknown_state)["source"][0]["start"], 0);
+}
+
+// What it takes to be a zone: a date that is right, two digits that hold, or the first letter, a listed
+// state and a filler in the names.
+TEST(Search, WhatCountsAsAZone) {
+  const auto verdict = [](const std::string &first, const std::string &second) {
+    return inspected(first + "\n" + second + "\n")["verdict"];
+  };
+  const std::string names = "ERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<";
+  const std::string full = "ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLM";
+  const std::string nothing(44, 'A');                       // no letter holds as a digit
+  EXPECT_EQ(verdict("P<UTO" + names, nothing), "doubtful"); // letter, state, filler
+  EXPECT_EQ(verdict("Q<UTO" + names, nothing), "refused");  // another letter
+  EXPECT_EQ(verdict("P<ZZZ" + names, nothing), "refused");  // a state that is not listed
+  EXPECT_EQ(verdict("P<XXK" + names, nothing), "refused");  // permitted, yet not listed
+  EXPECT_EQ(verdict("P<UTO" + full, nothing), "refused");   // no filler
+  std::string birth = nothing;
+  EXPECT_EQ(verdict("Q<ZZZ" + names, birth.replace(13, 7, "7408122")), "doubtful"); // a date that is right
+  EXPECT_EQ(verdict("Q<ZZZ" + names, birth.replace(13, 7, "7402304")), "refused");  // one digit
+  std::string two = birth;
+  EXPECT_EQ(verdict("Q<ZZZ" + names, two.replace(0, 10, "L898902C36")), "doubtful"); // two digits
+  std::string empty = birth;
+  EXPECT_EQ(verdict("Q<ZZZ" + names, empty.replace(0, 10, "<<<<<<<<<0")),
+            "refused"); // one of them of nothing
+}
+
+TEST(Search, RefusalsForALength) {
+  const auto nearest = [](const std::string &text) { return inspected(text)["nearest"].dump(); };
+  const auto line = [](size_t width, const std::string &begin = "QQQQQ<") {
+    std::string text = begin;
+    text.resize(width, 'Q');
+    return text + "\n";
+  };
+  const auto expected = [](const char *layout, int width, const std::vector<int> &found) {
+    json lines = json::array();
+    for (const int f : found) {
+      lines.push_back({{"expected", width}, {"found", f}});
+    }
+    return json({{"layout", layout}, {"lines", lines}}).dump();
+  };
+  EXPECT_EQ(nearest(line(44) + line(43)), expected("TD3", 44, {44, 43}));
+  EXPECT_EQ(nearest(line(44) + line(44)), expected("TD3", 44, {44, 44})); // exact widths, and no zone
+  EXPECT_EQ(nearest(line(48) + line(40)), expected("TD3", 44, {48, 40}));
+  EXPECT_EQ(nearest(line(49) + line(44)), "null");
+  EXPECT_EQ(nearest(line(44) + line(39)), "null");
+  EXPECT_EQ(nearest(line(44, "V<UTO") + line(43)), expected("MRV-A", 44, {44, 43}));
+  EXPECT_EQ(nearest(line(36, "V<UTO") + line(35)), expected("MRV-B", 36, {36, 35}));
+  EXPECT_EQ(nearest(line(36, "IDFRA<") + line(35)), expected("FRA-ID", 36, {36, 35}));
+  EXPECT_EQ(nearest(line(36) + line(35)), expected("TD2", 36, {36, 35}));
+  EXPECT_EQ(nearest(line(30) + line(29) + line(31)), expected("TD1", 30, {30, 29, 31}));
+  EXPECT_EQ(nearest(line(30) + line(29)), "null");
+  EXPECT_EQ(nearest(line(26) + line(34) + line(30)), expected("TD1", 30, {26, 34, 30}));
+  EXPECT_EQ(nearest(line(25) + line(30) + line(30)), "null");
+  // A filler among the lines.
+  EXPECT_EQ(nearest(line(44, "Q") + line(43, "Q")), "null");
+  EXPECT_EQ(nearest(line(44, "Q") + line(43, "<")), expected("TD3", 44, {44, 43}));
+  // The least sum; of equal ones the last on the page; then the wider.
+  EXPECT_EQ(nearest(line(44) + line(43) + "x\n" + line(36) + line(33)), expected("TD3", 44, {44, 43}));
+  EXPECT_EQ(nearest(line(44) + line(43) + "x\n" + line(36) + line(35)), expected("TD2", 36, {36, 35}));
+  EXPECT_EQ(nearest(line(40) + line(40)), expected("TD3", 44, {40, 40}));
+  EXPECT_EQ(nearest(line(44) + "\n\n" + line(43)), expected("TD3", 44, {44, 43}));
+  EXPECT_EQ(nearest(line(44) + "noise\n" + line(43)), "null");
+}
+
+// ---- all zones --------------------------------------------------------------------------------------
+
+TEST(All, InTheOrderOfThePageUpToTheRoom) {
+  const std::string card = support::SPECIMENS[0].zone;
+  const std::string text = SPECIMEN + card + "text\n" + SPECIMEN;
+  std::vector<varnel_inspection> records(5);
+  for (int room = 1; room <= 5; ++room) {
+    ASSERT_EQ(varnel_inspect_all(text.data(), text.size(), &TODAY, records.data(), room), std::min(room, 3));
+    const std::vector<size_t> starts = {0, SPECIMEN.size(), SPECIMEN.size() + card.size() + 5};
+    for (size_t i = 0; i < static_cast<size_t>(std::min(room, 3)); ++i) {
+      EXPECT_EQ(records[i].source[0].start, starts[i]);
+      EXPECT_EQ(records[i].verdict, VARNEL_VERDICT_VALID);
+    }
+  }
+}
+
+TEST(All, ATextWithoutAZoneIsARefusal) {
+  varnel_inspection record;
+  const std::string text = "Q<ZZZ\n";
+  EXPECT_EQ(varnel_inspect_all(text.data(), text.size(), &TODAY, &record, 1), 0);
+  EXPECT_EQ(support::to_json(record), support::inspect_to_json(text));
+}
+
+// The most zones that a text can hold, and lines of which each pairs with the next.
+TEST(All, AFullText) {
+  std::vector<varnel_inspection> records(1000);
+  std::string text;
+  const std::string card = support::SPECIMENS[0].zone;
+  while (text.size() + card.size() <= VARNEL_TEXT_MAX) {
+    text += card;
+  }
+  EXPECT_EQ(varnel_inspect_all(text.data(), text.size(), &TODAY, records.data(), 1000),
+            static_cast<int>(text.size() / card.size()));
+  for (const size_t width : {size_t{30}, size_t{36}, size_t{44}}) {
+    const std::string line = std::string("I<UTO").append(width - 5, '<') + "\n";
+    text.clear();
+    while (text.size() + line.size() <= VARNEL_TEXT_MAX) {
+      text += width == 44 ? "P" + line.substr(1) : line;
+    }
+    const int lines = static_cast<int>(text.size() / line.size());
+    EXPECT_EQ(varnel_inspect_all(text.data(), text.size(), &TODAY, records.data(), 1000),
+              lines / (width == 30 ? 3 : 2));
+  }
+}
+
+// ---- any bytes --------------------------------------------------------------------------------------
+
+// The JSON parses, its keys stand in order, and every offset lies inside the text.
+void expect_sound(const std::string &text) {
+  const varnel_inspection inspection = inspect(text);
+  const std::string written = support::to_json(inspection);
+  const json read = json::parse(written);
+  ASSERT_EQ(read.dump(), written);
+  std::vector<std::string> keys;
+  for (const auto &[key, value] : read.items()) {
+    keys.push_back(key);
+  }
+  ASSERT_EQ(keys, (std::vector<std::string>{"version", "date", "repair", "verdict", "kind", "layout", "zone",
+                                            "source", "fields", "checks", "changes", "findings", "notices",
+                                            "nearest", "expired", "chipAccess"}));
+  const auto is_inside = [&text](const json &source) {
+    return source["start"] <= source["end"] && source["end"] <= text.size();
+  };
+  for (const json &source : read["source"]) {
+    ASSERT_TRUE(is_inside(source)) << written;
+  }
+  for (const json &field : read["fields"]) {
+    ASSERT_TRUE(is_inside(field["source"])) << written;
+  }
+  ASSERT_EQ(written, plain::inspect(text, {2026, 11, 21})) << written;
+}
+
+TEST(AnyBytes, RandomBytes) {
+  uint64_t state = 1;
+  const auto below = [&state](unsigned bound) {
+    state = state * 6364136223846793005u + 1442695040888963407u;
+    return static_cast<unsigned>((state >> 33) % bound);
+  };
+  for (int round = 0; round < 3000; ++round) {
+    std::string text(below(400), '\0');
+    for (char &c : text) {
+      c = static_cast<char>(below(256));
+    }
+    expect_sound(text);
+  }
+  // Zones with bytes written over.
+  for (int round = 0; round < 6000; ++round) {
+    std::string text = support::SPECIMENS[below(5)].zone;
+    for (unsigned count = below(6); count > 0; --count) {
+      const char *pieces[] = {"\xEF", "\xC2\xAB", "&lt;", "\0", "\n", "\xF4\x90\x80\x80", "\xE3\x80", "<"};
+      const size_t at = below(static_cast<unsigned>(text.size()));
+      if (below(2) == 0) {
+        text.replace(at, 1, 1, static_cast<char>(below(256)));
+      } else {
+        text.insert(at, pieces[below(8)]);
+      }
+    }
+    expect_sound(text);
+  }
+}
+
+// Every beginning and every end of a text, in memory that ends where the text does.
+TEST(AnyBytes, EveryPartOfAText) {
+  std::string text = "\xEF\xBB\xBFPage &lt;1&l\xE3\x80\x8A\n";
+  for (const support::specimen &s : support::SPECIMENS) {
+    text += s.zone;
+  }
+  text.replace(30, 2, "\xC2\xAB");
+  for (size_t size = 0; size <= text.size(); ++size) {
+    const std::vector<char> begin(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(size));
+    expect_sound({begin.data(), begin.size()});
+    const std::vector<char> end(text.end() - static_cast<std::ptrdiff_t>(size), text.end());
+    expect_sound({end.data(), end.size()});
+  }
+}
+
+// Nothing of an earlier document stays in a record that is used again.
+TEST(AnyBytes, ARecordUsedAgainHoldsNothingOfBefore) {
+  const std::string card = support::SPECIMENS[1].zone;
+  varnel_inspection fresh;
+  std::memset(&fresh, 0, sizeof fresh);
+  varnel_inspect(card.data(), card.size(), &TODAY, &fresh);
+  varnel_inspection used;
+  std::memset(&used, 0xA5, sizeof used);
+  varnel_inspect(SPECIMEN.data(), SPECIMEN.size(), &TODAY, &used);
+  varnel_inspect(card.data(), card.size(), &TODAY, &used);
+  EXPECT_EQ(support::to_json(used), support::to_json(fresh));
+  EXPECT_EQ(std::memcmp(&used, &fresh, sizeof used), 0) << "unused entries are zero";
+}
+
+} // namespace
