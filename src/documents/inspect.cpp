@@ -1,6 +1,7 @@
 #include <Varnel/documents/inspect.h>
 
 #include "calendar.hpp"
+#include "repair/repair.hpp"
 #include "search.hpp"
 
 using namespace documents;
@@ -9,7 +10,7 @@ namespace {
 
 bool are_valid(const varnel_inspect_options *options) {
   return options != nullptr && exists(date{options->year, options->month, options->day}) &&
-         options->repair == VARNEL_REPAIR_OFF;
+         options->repair >= VARNEL_REPAIR_OFF && options->repair <= VARNEL_REPAIR_DIGITS;
 }
 
 bool is_valid(const char *text, size_t size) {
@@ -23,7 +24,12 @@ int varnel_inspect(const char *text, size_t size, const varnel_inspect_options *
   if (!is_valid(text, size) || !are_valid(options) || inspection == nullptr) {
     return ERR_INVALID_ARGS;
   }
-  find_zone(passage{text, 0, static_cast<uint32_t>(size)}, *options, *inspection);
+  const passage whole = {text, 0, static_cast<uint32_t>(size)};
+  if (options->repair == VARNEL_REPAIR_OFF) {
+    find_zone(whole, *options, *inspection);
+  } else {
+    repair::find_zone(whole, *options, *inspection);
+  }
   return ERR_OK;
 }
 
@@ -32,5 +38,7 @@ int varnel_inspect_all(const char *text, size_t size, const varnel_inspect_optio
   if (!is_valid(text, size) || !are_valid(options) || inspections == nullptr || capacity < 1) {
     return ERR_INVALID_ARGS;
   }
-  return find_zones(passage{text, 0, static_cast<uint32_t>(size)}, *options, inspections, capacity);
+  const passage whole = {text, 0, static_cast<uint32_t>(size)};
+  return options->repair == VARNEL_REPAIR_OFF ? find_zones(whole, *options, inspections, capacity)
+                                              : repair::find_zones(whole, *options, inspections, capacity);
 }

@@ -1,0 +1,315 @@
+// Repair: what is changed and how it is listed, what is doubted, and what is left alone.
+#include "support.hpp"
+
+namespace {
+
+using support::inspect;
+using support::SPECIMENS;
+
+constexpr varnel_inspect_options with_repair(int level) { return {2026, 11, 21, level}; }
+
+constexpr int LEVELS[] = {VARNEL_REPAIR_COLUMNS, VARNEL_REPAIR_DIGITS};
+
+std::string zone_of(const varnel_inspection &inspection) {
+  std::string zone;
+  for (int i = 0; i < inspection.line_count; ++i) {
+    zone += std::string(inspection.zone[i]) + "\n";
+  }
+  return zone;
+}
+
+// "1:15 O>0 class, 1:43 O>0 class"
+std::string changes_of(const varnel_inspection &inspection) {
+  std::string list;
+  for (int i = 0; i < inspection.change_count; ++i) {
+    const varnel_change &c = inspection.changes[i];
+    list += (i > 0 ? ", " : "") + std::to_string(c.line) + ":" + std::to_string(c.column) + " " + c.from +
+            ">" + c.to + " " + varnel_change_name(c.reason);
+  }
+  return list;
+}
+
+// "checkFailed documentNumber, unproven primaryIdentifier"
+std::string findings_of(const varnel_inspection &inspection) {
+  std::string list;
+  for (int i = 0; i < inspection.finding_count; ++i) {
+    const varnel_finding &f = inspection.findings[i];
+    list += std::string(i > 0 ? ", " : "") + varnel_finding_name(f.code);
+    list += f.field != VARNEL_FIELD_NONE ? std::string(" ") + varnel_field_name(f.field) : "";
+  }
+  return list;
+}
+
+const std::string TOP = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n";
+const std::string LOW = "L898902C36UTO7408122F1204159ZE184226B<<<<<10\n";
+
+// What a text is read as at a level.
+struct expectation {
+  int level;
+  std::string text;
+  std::string verdict;
+  std::string zone; // empty: as the text
+  std::string changes;
+  std::string findings;
+};
+
+void expect(const expectation &e) {
+  SCOPED_TRACE(e.text);
+  const varnel_inspection inspection = inspect(e.text, with_repair(e.level));
+  EXPECT_EQ(varnel_verdict_name(inspection.verdict), e.verdict);
+  EXPECT_EQ(zone_of(inspection), e.zone.empty() ? e.text : e.zone);
+  EXPECT_EQ(changes_of(inspection), e.changes);
+  EXPECT_EQ(findings_of(inspection), e.findings);
+}
+
+TEST(Repair, IsOffUnlessAskedFor) {
+  const varnel_inspection inspection = inspect(TOP + "L898902C36UT074O8122F1204159ZE184226B<<<<<1O\n");
+  EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_DOUBTFUL);
+  EXPECT_EQ(inspection.change_count, 0);
+}
+
+TEST(Repair, RefusesLevelsThatThereAreNot) {
+  for (const int level : {-1, 3}) {
+    const varnel_inspect_options options = with_repair(level);
+    varnel_inspection inspection;
+    EXPECT_EQ(varnel_inspect("", 0, &options, &inspection), ERR_INVALID_ARGS);
+    EXPECT_EQ(varnel_inspect_all("", 0, &options, &inspection, 1), ERR_INVALID_ARGS);
+  }
+}
+
+TEST(Repair, ClassOfCharacters) {
+  const expectation table[] = {
+      // The nationality, dates and the composite.
+      {1, TOP + "L898902C36UT074O8I22F12O4159ZE184226B<<<<<1Q\n", "repaired", TOP + LOW,
+       "1:12 0>O class, 1:15 O>0 class, 1:17 I>1 class, 1:23 O>0 class, 1:43 Q>0 class", ""},
+      // The issuing state and names.
+      {1, "P<UT0ER1K55ON<<ANNA<MAR1A<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired", TOP + LOW,
+       "0:4 0>O class, 0:7 1>I class, 0:9 5>S class, 0:10 5>S class, 0:23 1>I class", ""},
+      {1, TOP + "L898902C36UTO7408122P1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:20 P>F class",
+       ""},
+      // T and Z stand for two digits each: the date's own digit says for which.
+      {1, TOP + "L898902C36UTOT408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:13 T>7 class",
+       ""},
+      // A date is never given another digit.
+      {2, TOP + "L898902C36UTO7408122F1204189ZE184226B<<<<<10\n", "doubtful", "", "",
+       "checkFailed expiryDate, checkFailed composite"},
+      // A state is put right only where one listed code alone results: GB0 may be GBO or GBD.
+      {2, TOP + "L898902C36GB07408122F1204159ZE184226B<<<<<10\n", "doubtful", "", "",
+       "badCharacters nationality"},
+  };
+  for (const expectation &e : table) {
+    expect(e);
+  }
+}
+
+TEST(Repair, Fillers) {
+  const expectation table[] = {
+      {1, "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<sssscc\n" + LOW, "repaired", TOP + LOW,
+       "0:38 s>< filler, 0:39 s>< filler, 0:40 s>< filler, 0:41 s>< filler, 0:42 c>< filler, 0:43 c>< filler",
+       ""},
+      // A symbol is listed as it was read, in UTF-8.
+      {1, "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<€\n" + LOW, "repaired", TOP + LOW, "0:43 €>< filler",
+       ""},
+      // Lost ones are put back where the tail ends.
+      {1, "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<\nL898902C36UTO7408122F1204159ZE184226B<<<10\n",
+       "repaired", TOP + LOW, "0:42 >< filler, 0:43 >< filler, 1:40 >< filler, 1:41 >< filler", ""},
+      // One read twice before a name, where the line is too long by it.
+      {1, "P<UTOERIKSSON<<ANNA<KMARIA<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired", TOP + LOW, "0:20 K> filler",
+       ""},
+      {1, "I<UTOD231458907<<<<<<<<<<ss<<<\n7408122F1204159UTO<<<<<<<<K<<<6\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
+       "repaired", SPECIMENS[0].zone, "0:25 s>< filler, 0:26 s>< filler, 1:26 K>< filler, 1:29 <> filler",
+       ""},
+      // The fillers of D << and of a short number, so that nothing after them is lost.
+      {1, "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\nL898902C3UTO6908061F9406236ZE184226B<<<<<<<\n",
+       "repaired", SPECIMENS[3].zone, "1:8 >< filler", ""},
+      {1, "P<D<MUSTER<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
+       "P<D<<MUSTER<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:4 >< filler", ""},
+  };
+  for (const expectation &e : table) {
+    expect(e);
+  }
+}
+
+TEST(Repair, Twins) {
+  const expectation table[] = {
+      {1, TOP + "L898902C36UTO74O08122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:15 O> twin", ""},
+      {1, TOP + "L898902C36UT0O7408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:12 0> twin", ""},
+      {2, TOP + "L8989O02C36UTO7408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:5 O> twin", ""},
+      // In a number only where digits may decide.
+      {1, TOP + "L8989O02C36UTO7408122F1204159ZE184226B<<<<<10\n", "refused", " ", "", "length"},
+  };
+  for (expectation e : table) {
+    e.zone = e.zone == " " ? "" : e.zone;
+    if (e.verdict == "refused") {
+      const varnel_inspection inspection = inspect(e.text, with_repair(e.level));
+      EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_REFUSED);
+      EXPECT_EQ(findings_of(inspection), e.findings);
+    } else {
+      expect(e);
+    }
+  }
+}
+
+TEST(Repair, Numbers) {
+  const std::string misread = TOP + "L8989O2C36UTO7408122F1204159ZE184226B<<<<<10\n";
+  const expectation table[] = {
+      {1, misread, "doubtful", "", "", "checkFailed documentNumber, checkFailed composite"},
+      {2, misread, "repaired", TOP + LOW, "1:5 O>0 digit", ""},
+      // The personal number likewise.
+      {2, TOP + "L898902C36UTO7408122F1204159ZE1O4226<<<<<<46\n", "repaired",
+       TOP + "L898902C36UTO7408122F1204159ZE104226<<<<<<46\n", "1:31 O>0 digit", ""},
+      // Two explanations: I for 1, or 8 for B.
+      {2, "I<UTOD23I458907<<<<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<6\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
+       "doubtful", "", "", "checkFailed documentNumber, checkFailed composite"},
+      // One printed on the page settles it.
+      {2,
+       "D23145890\nI<UTOD23I458907<<<<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<6\nERIKSSON<<ANNA<MARIA<<<<<<"
+       "<<<<\n",
+       "repaired", SPECIMENS[0].zone, "0:8 I>1 digit", ""},
+  };
+  for (const expectation &e : table) {
+    expect(e);
+  }
+}
+
+// O and 0 in columns of weights 7 and 3 cancel: no digit sees both misread.
+TEST(Repair, DoubtsNumbersThatWouldHoldOtherwise) {
+  const std::string zone = "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n"
+                           "00ABO1O2<4UTO6908061F9406236<<<<<<<<<<<<<<<<\n";
+  const varnel_inspection plain = inspect(zone);
+  ASSERT_EQ(findings_of(plain), "");
+  for (const int level : LEVELS) {
+    expect({level, zone, "doubtful", "", "", "unproven documentNumber"});
+    expect({level, "NO 00ABO1O2\n" + zone, "valid", zone, "", ""});
+  }
+}
+
+TEST(Repair, DoubtsNames) {
+  const struct {
+    const char *names;
+    const char *findings;
+  } table[] = {
+      {"P<UTOBROOK<<PATRICK<<<<<<<<<<<<<<<ssss<<<<ss",
+       "unproven secondaryIdentifier"}, // K before misread fillers
+      {"P<UTOERIKSSON<<ANNA<MARIAS<ssssssssssssssssss", "unproven secondaryIdentifier"},
+      {"P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<HW<<<<<<<", "unproven secondaryIdentifier"},
+      {"~ P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<", "unproven secondaryIdentifier"}, // noise
+      {"P<UTOERIKSSON<<<<<<<<<<<<<<<ssssssss<<<<<<<<", "unproven secondaryIdentifier"}, // a name lost?
+  };
+  for (const auto &row : table) {
+    SCOPED_TRACE(row.names);
+    const varnel_inspection inspection = inspect(std::string(row.names) + "\n" + LOW, with_repair(1));
+    EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_DOUBTFUL);
+    EXPECT_EQ(findings_of(inspection), row.findings);
+  }
+}
+
+TEST(Repair, TakesThePagesWordForANameInDoubt) {
+  const std::string zone = "P<UTOBROOKK<<KPATRICK<<<<<<<<<<<<<ssss<<<<ss\n" + LOW;
+  EXPECT_EQ(findings_of(inspect(zone, with_repair(1))), "unproven secondaryIdentifier");
+  const varnel_inspection inspection =
+      inspect("Surname\nBROOK\nGiven names\nPatrick\n" + zone, with_repair(1));
+  EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_REPAIRED);
+  EXPECT_EQ(zone_of(inspection), "P<UTOBROOK<<PATRICK<<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW);
+}
+
+TEST(Repair, FindsTheZoneOnAPage) {
+  const std::string page =
+      "REPUBLIC OF UTOPIA\nPassport No. L898902C3\n\n" + TOP + "\n \n  " + LOW + "\nPAGE 2 OF 32\n";
+  for (const int level : LEVELS) {
+    const varnel_inspection inspection = inspect(page, with_repair(level));
+    EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_VALID);
+    EXPECT_EQ(page.substr(inspection.source[0].start, 44) + "\n", TOP);
+    EXPECT_EQ(page.substr(inspection.source[1].start, 44) + "\n", LOW);
+  }
+}
+
+TEST(Repair, DropsAShortWordBeforeALine) {
+  const varnel_inspection inspection = inspect(TOP + "2 " + LOW, with_repair(1));
+  EXPECT_EQ(zone_of(inspection), TOP + LOW);
+  EXPECT_EQ(changes_of(inspection), "");
+  EXPECT_EQ(inspection.source[1].start, TOP.size() + 2);
+  EXPECT_EQ(findings_of(inspection), "unproven secondaryIdentifier");
+}
+
+TEST(Repair, InspectsEachZoneOfAText) {
+  const std::string misread = TOP + "L898902C36UT07408122F1204159ZE184226B<<<<<10\n";
+  const std::string text = misread + "\nnothing\n" + SPECIMENS[0].zone + "\n" + misread;
+  const varnel_inspect_options options = with_repair(1);
+  varnel_inspection inspections[4];
+  ASSERT_EQ(varnel_inspect_all(text.data(), text.size(), &options, inspections, 4), 3);
+  EXPECT_EQ(changes_of(inspections[0]), "1:12 0>O class");
+  EXPECT_EQ(inspections[1].layout, VARNEL_LAYOUT_TD1);
+  EXPECT_EQ(inspections[1].verdict, VARNEL_VERDICT_VALID);
+  EXPECT_EQ(inspections[2].source[1].start, text.size() - LOW.size());
+  ASSERT_EQ(varnel_inspect_all(text.data(), text.size(), &options, inspections, 1), 1);
+  EXPECT_EQ(changes_of(inspections[0]), "1:12 0>O class");
+  ASSERT_EQ(varnel_inspect_all("nothing", 7, &options, inspections, 4), 0);
+  EXPECT_EQ(inspections[0].verdict, VARNEL_VERDICT_REFUSED);
+}
+
+// ---- what holds of every zone -----------------------------------------------------------------------
+
+TEST(Repair, LeavesAnUndamagedZoneAsItIs) {
+  for (const support::specimen &s : SPECIMENS) {
+    for (const int level : LEVELS) {
+      expect({level, s.zone, "valid", "", "", ""});
+    }
+  }
+  for (const char *names :
+       {"BROOK<<PATRICK", "SELMAS<<DRILGA", "KJELL<<XENIA", "KRUX<<K<X", "ESS<<JESS<LUC"}) {
+    std::string top = std::string("P<UTO") + names;
+    top.resize(44, '<');
+    for (const int level : LEVELS) {
+      expect({level, top + "\n" + LOW, "valid", "", "", ""});
+    }
+  }
+}
+
+// A zone of small letters throughout was written so.
+TEST(Repair, ReadsSmallLettersThroughoutAsCapitals) {
+  std::string small = TOP + LOW;
+  for (char &c : small) {
+    c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  }
+  expect({1, small, "valid", TOP + LOW, "", ""});
+}
+
+// One O for 0 or 0 for O in each column of each specimen: put right, doubted, or plainly left as it was read;
+// and what was put right is valid when it is inspected without repair.
+TEST(Repair, OneRoundCharacterInEachColumn) {
+  for (const support::specimen &s : SPECIMENS) {
+    const std::string zone = s.zone;
+    for (size_t i = 0; i < zone.size(); ++i) {
+      if (zone[i] != '0' && zone[i] != 'O') {
+        continue;
+      }
+      std::string damaged = zone;
+      damaged[i] = zone[i] == '0' ? 'O' : '0';
+      SCOPED_TRACE(damaged);
+      const varnel_inspection inspection = inspect(damaged, with_repair(VARNEL_REPAIR_DIGITS));
+      if (inspection.verdict == VARNEL_VERDICT_REPAIRED) {
+        EXPECT_EQ(zone_of(inspection), zone);
+        EXPECT_EQ(inspect(zone_of(inspection)).verdict, VARNEL_VERDICT_VALID);
+      } else if (inspection.verdict != VARNEL_VERDICT_DOUBTFUL) {
+        EXPECT_EQ(s.layout[0], 'M') << "optional data of visas has no digit";
+        EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_VALID);
+      }
+    }
+  }
+}
+
+TEST(Repair, EndsWithinTheInput) {
+  for (const std::string &text :
+       {std::string(), std::string(65536, '<'), std::string(65536, '0'), std::string(200, 'P'),
+        std::string("\xE2\x82"), TOP.substr(0, 43), TOP + LOW.substr(0, 30), TOP + LOW.substr(0, 28),
+        TOP + LOW.substr(0, 27)}) {
+    for (const int level : LEVELS) {
+      const varnel_inspection inspection = inspect(text, with_repair(level));
+      EXPECT_LE(inspection.change_count, VARNEL_CHANGES);
+      EXPECT_LT(inspection.verdict, VARNEL_VERDICT_VALID);
+    }
+  }
+}
+
+} // namespace
