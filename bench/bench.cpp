@@ -15,6 +15,9 @@
 #include <string>
 #include <vector>
 
+#ifdef VARNEL_BENCH_DOCUMENTS
+#include <Varnel/documents/barcode.h>
+#endif
 #ifdef VARNEL_BENCH_FACADE
 #include "facade.h"
 #endif
@@ -175,6 +178,23 @@ void add_utilities() {
   });
 }
 
+#ifdef VARNEL_BENCH_DOCUMENTS
+// A licence of the usual length: a header, 22 elements and a jurisdiction's subfile.
+void add_licence() {
+  const std::string licence =
+      "@\n\x1E\rANSI 636000100002DL00410217ZV02580008DLDAQT64235789\nDCSHOLLOWAY\nDDEN\nDACMARGUERITE\nDDFN\n"
+      "DADANNE,LOUISE\nDDGN\nDCAD\nDCBK\nDCDPH\nDBD06062019\nDBB06061986\nDBA12102027\nDBC2\nDAU068 in\n"
+      "DAYBRO\nDAG12 ELM CT\nDAIFAIRFAX\nDAJVA\nDAK220300000  \nDCF2424244747474786\nDCGUSA\rZVZVA01\r";
+  add("barcode/licence", licence, [](workspace &space, const std::string &text) {
+    varnel_barcode_info info;
+    benchmark::DoNotOptimize(
+        varnel_barcode(text.data(), text.size(), &space.record, space.buffer, sizeof space.buffer, &info));
+    varnel_export(&space.record, space.pairs);
+    benchmark::DoNotOptimize(space.pairs);
+  });
+}
+#endif
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -214,6 +234,9 @@ int main(int argc, char **argv) {
     add("length/" + std::to_string(length), std::string(static_cast<std::size_t>(length), '<'), chain);
   }
   add_utilities();
+#ifdef VARNEL_BENCH_DOCUMENTS
+  add_licence();
+#endif
 
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) {

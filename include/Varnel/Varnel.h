@@ -93,7 +93,7 @@ extern VARNEL_API const unsigned char VarnelVersionString[];
  * @param buffer      where the texts of the slots will lie; null is a bad argument. It stays the caller's,
  *                    and has to live as long as the record's slots are read.
  * @param buffer_size capacity of `buffer` in bytes; below 1 is a bad argument. VARNEL_BUFFER_SIZE is enough
- *                    for every document.
+ *                    for every zone; a licence may need more, see varnel_barcode().
  * @return ERR_OK, or ERR_INVALID_ARGS for a bad argument, and then nothing changed.
  */
 VARNEL_API int result_init(varnel_parse_result *pResult, char *buffer, int buffer_size);
@@ -118,7 +118,7 @@ VARNEL_API int result_clear(varnel_parse_result *pResult);
 
 /** Sizes of the portable entry and export. */
 enum {
-  VARNEL_BUFFER_SIZE = 1024,  /**< a buffer of this size holds every value of every document */
+  VARNEL_BUFFER_SIZE = 1024,  /**< a buffer of this size holds every value of every zone */
   VARNEL_EXAMINED_MAX = 1023, /**< no more than this many UTF-16 units of a text are examined */
   VARNEL_VALUE_COUNT = 12     /**< values that a document is exported as */
 };

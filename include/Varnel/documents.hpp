@@ -274,7 +274,7 @@ constexpr std::string_view barcode_finding_name(int code) {
 class barcode {
 public:
   /** @param record as varnel_barcode() filled it, or emptied it when it refused. @param info beside it. */
-  barcode(const PARSE_RESULT &record, const varnel_barcode_info &info, bool ok)
+  barcode(const varnel_parse_result &record, const varnel_barcode_info &info, bool ok)
       : record_(record), info_(info), ok_(ok) {}
 
   /** @return whether the text was read; when not, the last finding is the reason. */
@@ -284,7 +284,7 @@ public:
 
   /** @param slot FIELD_DOCUMENT_NUMBER and so on. @return its value; empty where there is none. */
   std::string_view slot(int slot) const {
-    const STRING value = varnel_value(&record_, slot);
+    const varnel_string value = varnel_value(&record_, slot);
     return std::string_view(value.str, static_cast<std::size_t>(value.len));
   }
 
@@ -320,10 +320,10 @@ public:
   /** @return what the text says beside its slots. */
   const varnel_barcode_info &info() const { return info_; }
   /** @return the record. */
-  const PARSE_RESULT &record() const { return record_; }
+  const varnel_parse_result &record() const { return record_; }
 
 private:
-  PARSE_RESULT record_;
+  varnel_parse_result record_;
   varnel_barcode_info info_;
   bool ok_;
 };
@@ -338,14 +338,14 @@ private:
  */
 inline std::optional<barcode> read_barcode(std::string_view text, char *buffer, std::size_t size) {
   constexpr std::size_t most = VARNEL_BARCODE_BUFFER_SIZE(VARNEL_BARCODE_TEXT_MAX);
-  PARSE_RESULT record;
+  varnel_parse_result record;
   varnel_barcode_info info;
   const int status = varnel_barcode(text.data(), text.size(), &record, buffer,
                                     static_cast<int>(size < most ? size : most), &info);
-  if (status == ERR_INVALID_ARGS) {
+  if (status == VARNEL_ERR_INVALID_ARGS) {
     return std::nullopt;
   }
-  return barcode(record, info, status == ERR_OK);
+  return barcode(record, info, status == VARNEL_ERR_OK);
 }
 
 } // namespace varnel
