@@ -26,6 +26,7 @@ extern const command PARSE_COMMAND;
 extern const command ELEMENT_COMMAND;
 extern const command SOUNDEX_COMMAND;
 #ifdef VARNEL_CLI_DOCUMENTS
+extern const command INSPECT_COMMAND;
 extern const command BARCODE_COMMAND;
 extern const command COMPOSE_COMMAND;
 extern const command SPECIMEN_COMMAND;
@@ -34,8 +35,8 @@ extern const command SPECIMEN_COMMAND;
 /** In the order in which the help lists them. */
 inline constexpr const command *COMMANDS[] = {&PARSE_COMMAND,
 #ifdef VARNEL_CLI_DOCUMENTS
-                                              &BARCODE_COMMAND, &COMPOSE_COMMAND,
-                                              &SPECIMEN_COMMAND,
+                                              &INSPECT_COMMAND, &BARCODE_COMMAND,
+                                              &COMPOSE_COMMAND, &SPECIMEN_COMMAND,
 #endif
                                               &ELEMENT_COMMAND, &SOUNDEX_COMMAND};
 

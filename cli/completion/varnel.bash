@@ -4,7 +4,7 @@ _varnel() {
   COMPREPLY=()
   for ((i = 1; i < COMP_CWORD; i++)); do
     case "${COMP_WORDS[i]}" in
-      help | parse | barcode | compose | specimen | element | soundex)
+      help | parse | inspect | barcode | compose | specimen | element | soundex)
         command="${COMP_WORDS[i]}"
         break
         ;;
@@ -40,9 +40,10 @@ _varnel() {
       ;;
   esac
   case "$command" in
-    parse | barcode)
+    parse | inspect | barcode)
       if [[ "$word" == -* ]]; then
         local options="--each --format --help --slots --verbose --version --with-source"
+        [[ "$command" == inspect ]] && options="--date --each --format --help --verbose --version --with-source"
         [[ "$command" == barcode ]] && options="--format --help --info --slots --version --with-source"
         COMPREPLY=($(compgen -W "$options" -- "$word"))
       else
@@ -67,10 +68,10 @@ _varnel() {
       COMPREPLY=($(compgen -W "--format --help --version" -- "$word"))
       ;;
     help)
-      COMPREPLY=($(compgen -W "help parse barcode compose specimen element soundex --help --version" -- "$word"))
+      COMPREPLY=($(compgen -W "help parse inspect barcode compose specimen element soundex --help --version" -- "$word"))
       ;;
     *)
-      COMPREPLY=($(compgen -W "help parse barcode compose specimen element soundex --help --version" -- "$word"))
+      COMPREPLY=($(compgen -W "help parse inspect barcode compose specimen element soundex --help --version" -- "$word"))
       ;;
   esac
 }

@@ -42,6 +42,8 @@ bool is_code(const char *code, const char *letters) {
   return code[0] == letters[0] && code[1] == letters[1] && code[2] == '\0';
 }
 
+bool is_layout(int layout) { return layout > VARNEL_LAYOUT_NONE && layout < LAYOUT_COUNT; }
+
 } // namespace
 
 const char *varnel_state_name(const char *code) { return state_of(code).name; }
@@ -78,6 +80,10 @@ const char *varnel_finding_name(int code) { return name_of(FINDING_NAMES, code);
 const char *varnel_layout_name(int layout) { return name_of(LAYOUT_NAMES, layout); }
 
 const char *varnel_kind_name(int layout) { return name_of(KIND_NAMES, layout); }
+
+int varnel_layout_lines(int layout) { return is_layout(layout) ? LAYOUTS[layout].lines : 0; }
+
+int varnel_layout_width(int layout) { return is_layout(layout) ? LAYOUTS[layout].width : 0; }
 
 const char *varnel_verdict_name(int verdict) { return name_of(VERDICT_NAMES, verdict); }
 

@@ -257,6 +257,10 @@ VARNEL_DOCUMENTS_API const char *varnel_finding_name(int code);
 VARNEL_DOCUMENTS_API const char *varnel_layout_name(int layout);
 /** @param layout VARNEL_LAYOUT_…. @return "passport", "visa" or "card"; null for VARNEL_LAYOUT_NONE. */
 VARNEL_DOCUMENTS_API const char *varnel_kind_name(int layout);
+/** @param layout VARNEL_LAYOUT_…. @return the number of its lines; 0 for VARNEL_LAYOUT_NONE. */
+VARNEL_DOCUMENTS_API int varnel_layout_lines(int layout);
+/** @param layout VARNEL_LAYOUT_…. @return the characters of each of its lines; 0 for VARNEL_LAYOUT_NONE. */
+VARNEL_DOCUMENTS_API int varnel_layout_width(int layout);
 /** @param verdict VARNEL_VERDICT_…. @return "valid" and so on. */
 VARNEL_DOCUMENTS_API const char *varnel_verdict_name(int verdict);
 /** @param status VARNEL_STATUS_…. @return "ok" and so on. */
