@@ -273,7 +273,11 @@ constexpr std::string_view barcode_finding_name(int code) {
 /** A barcode that was read or refused. Its values are views into the buffer that was lent for it. */
 class barcode {
 public:
-  /** @param record as varnel_barcode() filled it, or emptied it when it refused. @param info beside it. */
+  /**
+   * @param record as varnel_barcode() filled it, or emptied it when it refused.
+   * @param info   what it wrote beside the record.
+   * @param ok     whether it read the text.
+   */
   barcode(const varnel_parse_result &record, const varnel_barcode_info &info, bool ok)
       : record_(record), info_(info), ok_(ok) {}
 

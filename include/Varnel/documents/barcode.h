@@ -97,8 +97,8 @@ enum {
 /** An element without a slot, and the place of its value: bytes of the text from `start` to before `end`. */
 typedef struct varnel_barcode_element {
   char element[4]; /**< its identifier in capitals, NUL-terminated */
-  uint32_t start;
-  uint32_t end;
+  uint32_t start;  /**< the first byte of its value */
+  uint32_t end;    /**< the byte after its value */
 } varnel_barcode_element;
 
 /** A place where the text departs from the standard, or where a value could not be taken as it stands. */
