@@ -2,6 +2,7 @@
 
 import argparse
 import concurrent.futures
+import dataclasses
 import hashlib
 import os
 import pathlib
@@ -12,10 +13,59 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 JOBS = 2
-LANGUAGE = ["-std=c++17", "-fno-exceptions", "-fno-rtti"]
+LANGUAGE = ["-std=c++17", "-fno-rtti"]
 INCLUDES = [f"-I{ROOT / 'include'}"]
 TEST_INCLUDES = INCLUDES + [f"-I{ROOT / 'tests' / folder}" for folder in ("unit", "reference")]
 TEST_DEFINES = [f'-DVARNEL_VECTORS_DIR="{ROOT / "tests" / "vectors"}"']
+
+
+
+@dataclasses.dataclass(frozen=True)
+class Library:
+    """One of the two libraries, where its parts are, and what it is held to."""
+
+    name: str
+    sources: pathlib.Path
+    headers: tuple
+    manifests: pathlib.Path
+    needs: list  # the shared libraries that it is linked to
+    knows: str  # a function of its own: what lists its functions has to hold it
+    frame_bound: int  # bytes of stack of one function
+    chain_bound: int  # and of a chain of calls
+    file_bound: int  # bytes of the stripped shared library
+    code_bound: int  # and of its code and constants
+
+    def manifest(self, name):
+        return self.manifests / name
+
+    def shared(self, work):
+        return release(work) / self.sources.relative_to(ROOT) / f"lib{self.name}.so"
+
+    def static(self, work):
+        return work / "static" / self.sources.relative_to(ROOT) / f"lib{self.name}.a"
+
+    def objects(self, work):
+        """The objects of the library as the release build of the shared library has them."""
+        folder = self.shared(work).parent / "CMakeFiles" / f"{self.name}.dir"
+        objects = sorted(folder.rglob("*.o"))
+        if len(objects) < len(sources_of(self)):
+            fail(f"{len(objects)} objects for {len(sources_of(self))} sources of {self.name}")
+        return objects
+
+
+PUBLIC = ROOT / "include" / "Varnel"
+DOCUMENT_HEADERS = (PUBLIC / "documents.h", *sorted((PUBLIC / "documents").glob("*.h")))
+CORE = Library(
+    name="varnel", sources=ROOT / "src", manifests=ROOT / "tests" / "abi", needs=["libc.so.6"],
+    headers=tuple(path for path in sorted(PUBLIC.rglob("*.h")) if path not in DOCUMENT_HEADERS),
+    knows="varnel_parse_mrz",
+    frame_bound=1280,  # varnel_parse_mrz holds the normalised zone: 1024 bytes
+    chain_bound=2048, file_bound=40 * 1024, code_bound=24 * 1024)
+DOCUMENTS = Library(
+    name="varnel_documents", sources=ROOT / "src" / "documents", headers=DOCUMENT_HEADERS,
+    manifests=ROOT / "tests" / "abi" / "documents", needs=["libvarnel.so.1", "libc.so.6"], knows="varnel_inspect",
+    frame_bound=16 * 1024, chain_bound=32 * 1024, file_bound=208 * 1024, code_bound=192 * 1024)
+LIBRARIES = (CORE, DOCUMENTS)
 
 
 def fail(text):
@@ -75,8 +125,14 @@ def compare(expected, found, manifest, what):
         fail(f"{what} differ from {manifest}: {len(missing)} missing, {len(new)} new")
 
 
+def sources_of(library):
+    others = [other.sources for other in LIBRARIES if library.sources in other.sources.parents]
+    return [path for path in sorted(library.sources.rglob("*.cpp"))
+            if not any(folder in path.parents for folder in others)]
+
+
 def core_sources():
-    return sorted((ROOT / "src").rglob("*.cpp"))
+    return sources_of(CORE)
 
 
 def unit_test_sources():
@@ -126,19 +182,7 @@ def release(work):
 
 
 def shared_library(work):
-    return release(work) / "src" / "libvarnel.so"
-
-
-def static_library(work):
-    return work / "static" / "src" / "libvarnel.a"
-
-
-def core_objects(work):
-    """The objects of the core as the release build of the shared library has them."""
-    objects = sorted((release(work) / "src").rglob("*.o"))
-    if len(objects) < len(core_sources()):
-        fail(f"{len(objects)} objects for {len(core_sources())} sources of the core")
-    return objects
+    return CORE.shared(work)
 
 
 def symbols(path, *options):

@@ -1,34 +1,39 @@
-"""The shared library exports exactly what tests/abi/exported-symbols.txt lists and the headers declare."""
+"""The shared libraries export exactly what their lists exported-symbols.txt and their headers name."""
 
 import re
 
-from building import ROOT, arguments, compare, fail, lines_of, shared_library, symbols
-
-MANIFEST = ROOT / "tests" / "abi" / "exported-symbols.txt"
+from building import LIBRARIES, ROOT, arguments, compare, fail, lines_of, symbols
 
 
-def declared():
-    """The names that the public headers mark with VARNEL_API."""
+def declared(headers):
+    """The names that public headers mark with VARNEL_API."""
     names = set()
-    for header in sorted((ROOT / "include" / "Varnel").rglob("*.h")):
+    for header in headers:
         text = re.sub(r"/\*.*?\*/", " ", header.read_text(), flags=re.DOTALL)
         text = re.sub(r"^\s*#.*$", "", text, flags=re.MULTILINE)
-        for declaration in re.findall(r"\bVARNEL_API\b([^;]*);", text):
+        for declaration in re.findall(r"\bVARNEL_(?:DOCUMENTS_)?API\b([^;]*);", text):
             names.update(re.findall(r"(\w+)\s*(?:\(|\[|$)", declaration)[:1])
     if not names:
         fail("no declaration in include/Varnel is marked VARNEL_API")
     return names
 
 
+def check(library, work):
+    manifest = library.manifest("exported-symbols.txt")
+    name = str(manifest.relative_to(ROOT))
+    listed = lines_of(manifest)
+    if listed != sorted(set(listed)):
+        fail(f"{name} is not sorted or names a symbol twice")
+    exported = {symbol for symbol, _ in symbols(library.shared(work), "-D", "--defined-only")}
+    compare(listed, exported, name, "the exported symbols")
+    compare(listed, declared(library.headers), name, "the declarations in include/Varnel")
+    print(f"{library.name}: {len(exported)} exported symbols")
+
+
 def main():
     work = arguments(__doc__).work
-    listed = lines_of(MANIFEST)
-    if listed != sorted(set(listed)):
-        fail("tests/abi/exported-symbols.txt is not sorted or names a symbol twice")
-    exported = {name for name, _ in symbols(shared_library(work), "-D", "--defined-only")}
-    compare(listed, exported, "tests/abi/exported-symbols.txt", "the exported symbols")
-    compare(listed, declared(), "tests/abi/exported-symbols.txt", "the declarations in include/Varnel")
-    print(f"{len(exported)} exported symbols")
+    for library in LIBRARIES:
+        check(library, work)
 
 
 main()

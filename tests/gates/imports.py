@@ -1,8 +1,9 @@
-"""The core calls the few C library functions of tests/abi/allowed-imports.txt only, and needs libc alone."""
+"""The libraries call the few C library functions of their lists allowed-imports.txt only, and need libc alone; the
+documents library needs and calls the core besides."""
 
 import re
 
-from building import ROOT, arguments, fail, lines_of, run, shared_library, static_library, symbols
+from building import CORE, LIBRARIES, ROOT, arguments, fail, lines_of, run, symbols
 
 # Weak hooks that the compiler's start-up files bring to every shared library.
 START_UP = {"_ITM_deregisterTMCloneTable", "_ITM_registerTMCloneTable", "__cxa_finalize", "__gmon_start__"}
@@ -15,21 +16,28 @@ def undefined_in_archive(archive):
     return undefined - {name for name, kind in found if kind not in "Uvw"}
 
 
+def check(library, work):
+    manifest = library.manifest("allowed-imports.txt")
+    allowed = set(lines_of(manifest))
+    if library is not CORE:
+        allowed |= set(lines_of(CORE.manifest("exported-symbols.txt")))
+    shared = {name for name, kind in symbols(library.shared(work), "-D") if kind in "Uvw"} - START_UP
+    static = undefined_in_archive(library.static(work)) - LINKER_MADE
+    for file, imports in ((library.shared(work).name, shared), (library.static(work).name, static)):
+        if not imports:
+            fail(f"{file} imports nothing at all: it cannot have been read")
+        if imports - allowed:
+            fail(f"{file} imports {', '.join(sorted(imports - allowed))}: not in {manifest.relative_to(ROOT)}")
+        print(f"{file}: {' '.join(sorted(imports))}")
+    needed = re.findall(r"\(NEEDED\).*\[(.*)\]", run(["readelf", "-dW", library.shared(work)]))
+    if needed != library.needs:
+        fail(f"{library.shared(work).name} needs {needed or 'no library'}, not {library.needs}")
+
+
 def main():
     work = arguments(__doc__).work
-    allowed = set(lines_of(ROOT / "tests" / "abi" / "allowed-imports.txt"))
-    shared = {name for name, kind in symbols(shared_library(work), "-D") if kind in "Uvw"} - START_UP
-    static = undefined_in_archive(static_library(work)) - LINKER_MADE
-    for library, imports in (("libvarnel.so", shared), ("libvarnel.a", static)):
-        if not imports:
-            fail(f"{library} imports nothing at all: it cannot have been read")
-        if imports - allowed:
-            fail(f"{library} imports {', '.join(sorted(imports - allowed))}: "
-                 "not in tests/abi/allowed-imports.txt")
-        print(f"{library}: {' '.join(sorted(imports))}")
-    needed = re.findall(r"\(NEEDED\).*\[(.*)\]", run(["readelf", "-dW", shared_library(work)]))
-    if needed != ["libc.so.6"]:
-        fail(f"libvarnel.so needs {needed or 'no library'}, not libc alone")
+    for library in LIBRARIES:
+        check(library, work)
 
 
 main()

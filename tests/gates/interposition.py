@@ -4,7 +4,7 @@ of its answers: the shared library has no relocation to a symbol of its own."""
 import pathlib
 import re
 
-from building import INCLUDES, arguments, fail, run, shared_library, static_library, symbols, tool
+from building import CORE, INCLUDES, LIBRARIES, arguments, fail, run, symbols, tool
 
 
 def relocated_names(library):
@@ -18,18 +18,22 @@ def relocated_names(library):
 
 def main():
     work = arguments(__doc__).work
-    shared = shared_library(work)
-    exported = {name for name, _ in symbols(shared, "-D", "--defined-only")}
-    own = sorted(exported & relocated_names(shared))
-    if own:
-        fail(f"libvarnel.so reads {', '.join(own)} where the program says, not its own")
+    count = 0
+    for library in LIBRARIES:
+        file = library.shared(work)
+        exported = {name for name, _ in symbols(file, "-D", "--defined-only")}
+        count += len(exported)
+        own = sorted(exported & relocated_names(file))
+        if own:
+            fail(f"{file.name} reads {', '.join(own)} where the program says, not its own")
+    shared = CORE.shared(work)
     source = pathlib.Path(__file__).with_suffix(".c")
-    for kind, library in (("shared", shared), ("static", static_library(work))):
+    for kind, library in (("shared", shared), ("static", CORE.static(work))):
         program = work / f"interposition-{kind}"
         run([tool("gcc"), "-std=c99", "-Wall", "-Wextra", *INCLUDES, source, library,
              f"-Wl,-rpath,{shared.parent}", "-o", program])
         run([program])
-    print(f"{len(exported)} exported symbols, none read where the program says")
+    print(f"{count} exported symbols, none read where the program says")
 
 
 main()

@@ -1,6 +1,8 @@
 // Every character test and every text routine answers alike in every locale, on all bytes.
 //
 // Arguments: names of 8-bit locales in which the C library takes bytes above 0x7F for letters.
+#include <predicates.hpp>
+
 #include <Varnel/Varnel.h>
 
 #include <cctype>
@@ -9,36 +11,6 @@
 #include <vector>
 
 namespace {
-
-using character_test = int (*)(int);
-
-const character_test TESTS[] = {
-    MRZ_common_pattern_valid_mrz,
-    MRZ_common_pattern_valid_mrz_cc,
-    MRZ_common_pattern_valid_mrz_date,
-    MRZ_common_pattern_valid_mrz_name,
-    pattern_is_atoi_valid,
-    pattern_isNotDigit,
-    pattern_isCityChar,
-    pattern_isClearCityChar,
-    pattern_isNotClearCityChar,
-    pattern_isNameChar,
-    pattern_isAddressChar,
-    pattern_isAddressChar2,
-    pattern_isClearAddressChar,
-    pattern_isClearAddressChar2,
-    pattern_isNotClearAddressChar,
-    pattern_isNotClearAddressChar2,
-    pattern_isClearPostalCode,
-    pattern_isLicenseNumber,
-    pattern_is_w,
-    pattern_is_not_w,
-    pattern_is_ws,
-    pattern_valid_symbols,
-    pattern_not_valid_symbols,
-    patter_trim_space,
-    patter_trim_address,
-};
 
 // What the library says of one byte, wherever a class of characters matters.
 void ask_about(char byte, std::vector<int> &answers) {
@@ -68,8 +40,8 @@ void ask_about(char byte, std::vector<int> &answers) {
 std::vector<int> answers() {
   std::vector<int> said;
   for (int c = -128; c < 256; ++c) {
-    for (const character_test test : TESTS) {
-      said.push_back(test(c));
+    for (const reference::predicate &predicate : reference::PREDICATES) {
+      said.push_back(predicate.library(c));
     }
     ask_about(static_cast<char>(c), said);
   }

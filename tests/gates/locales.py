@@ -3,7 +3,7 @@
 import os
 import pathlib
 
-from building import INCLUDES, arguments, fail, run, shared_library, tool
+from building import TEST_INCLUDES, arguments, fail, reference_sources, run, shared_library, tool
 
 # In German and Turkish 8-bit locales bytes above 0x7F are letters; Turkish has its own i besides.
 LOCALES = (("de_DE", "ISO-8859-1"), ("tr_TR", "ISO-8859-9"))
@@ -22,8 +22,8 @@ def main():
             run([tool("localedef"), "-i", language, "-f", charset, folder / names[-1]])
     library = shared_library(work)
     program = work / "locales"
-    run([tool("g++"), "-std=c++17", "-O1", "-Wall", "-Wextra", *INCLUDES,
-         pathlib.Path(__file__).with_name("locales.cpp"), library, f"-Wl,-rpath,{library.parent}",
+    run([tool("g++"), "-std=c++17", "-O1", "-Wall", "-Wextra", *TEST_INCLUDES,
+         pathlib.Path(__file__).with_name("locales.cpp"), *reference_sources(), library, f"-Wl,-rpath,{library.parent}",
          "-o", program])
     print(run([program, *names], env=dict(os.environ, LOCPATH=str(folder))), end="")
 

@@ -1,6 +1,7 @@
 """Builds the release that the other gates look at, shared and static, and installs it to a scratch prefix."""
 
 import os
+import pathlib
 import shutil
 
 from building import ROOT, arguments, run, tool
@@ -13,7 +14,7 @@ def build(folder, *options):
     run(["cmake", "-S", ROOT, "-B", folder, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release",
          f"-DCMAKE_C_COMPILER={tool('gcc')}", f"-DCMAKE_CXX_COMPILER={tool('g++')}",
          f"-DCMAKE_CXX_FLAGS={REPORTS}", "-DCMAKE_C_FLAGS=", "-DCMAKE_INSTALL_LIBDIR=lib",
-         "-DVARNEL_BUILD_TESTS=OFF", "-DVARNEL_BUILD_FACADE=OFF", *options], env=environment())
+         "-DVARNEL_BUILD_TESTS=OFF", "-DVARNEL_BUILD_CLI=OFF", "-DVARNEL_BUILD_FACADE=OFF", *options], env=environment())
     run(["cmake", "--build", folder, "-j2"], env=environment())
 
 
@@ -24,13 +25,16 @@ def environment():
 
 
 def main():
-    work = arguments(__doc__).work
-    has_cli = (ROOT / "cli" / "CMakeLists.txt").exists()
-    build(work / "shared", "-DBUILD_SHARED_LIBS=ON", f"-DVARNEL_BUILD_CLI={'ON' if has_cli else 'OFF'}")
-    build(work / "static", "-DBUILD_SHARED_LIBS=OFF", "-DVARNEL_BUILD_CLI=OFF")
+    args = arguments(__doc__, (("--command-build",), {"type": pathlib.Path, "help": "where the command was built"}))
+    work = args.work
+    build(work / "shared", "-DBUILD_SHARED_LIBS=ON")
+    build(work / "static", "-DBUILD_SHARED_LIBS=OFF")
     shutil.rmtree(work / "prefix", ignore_errors=True)
     for folder in ("static", "shared"):
         run(["cmake", "--install", work / folder, "--prefix", work / "prefix"])
+    if args.command_build:
+        run(["cmake", "--install", args.command_build, "--prefix", work / "prefix", "--component", "command"])
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -1,15 +1,12 @@
-"""No function of the core has a frame above FRAME_BOUND bytes or of a size unknown before it runs, no chain
-of calls needs more than CHAIN_BOUND bytes, and nothing calls itself, directly or round about.
+"""No function of the libraries has a frame above its library's bound or of a size unknown before it runs, no chain
+of calls needs more than the bound for chains, and nothing calls itself, directly or round about.
 
-Callbacks that the caller hands in and the C library's functions count as nothing: they are not the core's.
+Callbacks that the caller hands in and functions of other libraries count as nothing.
 """
 
 import re
 
-from building import arguments, core_objects, fail
-
-FRAME_BOUND = 1280  # varnel_parse_mrz holds the normalised zone: 1024 bytes
-CHAIN_BOUND = 2048
+from building import LIBRARIES, arguments, fail
 
 # gcc's words for a frame of known size; the second is one that grows by arguments put on the stack.
 BOUNDED = {"static", "dynamic,bounded"}
@@ -41,10 +38,9 @@ def deepest_chain(function, frames, callees, chain, known):
     return known[function]
 
 
-def main():
-    work = arguments(__doc__).work
+def check(library, work):
     frames, callees = {}, {}
-    for path in core_objects(work):
+    for path in library.objects(work):
         report = path.with_suffix(".ci")
         if not report.exists():
             fail(f"the compiler wrote no call graph for {path.name}")
@@ -52,19 +48,25 @@ def main():
         frames.update(own)
         for caller, callee in calls:
             callees.setdefault(caller, set()).add(callee)
-    if "varnel_parse_mrz" not in frames or not callees:
-        fail("the call graph does not hold varnel_parse_mrz: it cannot have been read")
+    if library.knows not in frames or not callees:
+        fail(f"the call graph does not hold {library.knows}: it cannot have been read")
     known = {}
     for function in frames:
         deepest_chain(function, frames, callees, [], known)
     function = max(frames, key=frames.get)
-    print(f"{len(frames)} functions, largest frame {frames[function]} bytes ({function})")
-    if frames[function] > FRAME_BOUND:
-        fail(f"the frame of {function} has {frames[function]} bytes, more than {FRAME_BOUND}")
+    print(f"{library.name}: {len(frames)} functions, largest frame {frames[function]} bytes ({function})")
+    if frames[function] > library.frame_bound:
+        fail(f"the frame of {function} has {frames[function]} bytes, more than {library.frame_bound}")
     size, chain = max(known.values())
     print(f"deepest chain {size} bytes: {' -> '.join(chain)}")
-    if size > CHAIN_BOUND:
-        fail(f"the chain of calls {' -> '.join(chain)} needs {size} bytes, more than {CHAIN_BOUND}")
+    if size > library.chain_bound:
+        fail(f"the chain of calls {' -> '.join(chain)} needs {size} bytes, more than {library.chain_bound}")
+
+
+def main():
+    work = arguments(__doc__).work
+    for library in LIBRARIES:
+        check(library, work)
 
 
 main()
