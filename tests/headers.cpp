@@ -1,0 +1,1 @@
+// Nothing of its own: compiled for the headers that the tests share.
