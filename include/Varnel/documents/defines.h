@@ -13,8 +13,14 @@
  * @{
  */
 
-/** Marks a symbol that libvarnel_documents exports. */
+/** Marks a symbol that libvarnel_documents exports; on Windows as VARNEL_API does, with its own library. */
+#if defined(_WIN32) && !defined(VARNEL_STATIC) && defined(VARNEL_DOCUMENTS_EXPORTS)
+#define VARNEL_DOCUMENTS_API __declspec(dllexport)
+#elif defined(_WIN32) && !defined(VARNEL_STATIC)
+#define VARNEL_DOCUMENTS_API __declspec(dllimport)
+#else
 #define VARNEL_DOCUMENTS_API VARNEL_API
+#endif
 
 /** Sizes of zones. */
 enum {
