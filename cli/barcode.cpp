@@ -14,7 +14,7 @@ namespace {
 constexpr option INFO_OPTION = {"info", "",
                                 "Add the version, the issuer, elements without a slot and findings (JSON)"};
 
-// Why the last finding of a refused text is its reason, in words.
+// A finding in words; the last one of a refused text is its reason.
 std::string reason_in_words(int code) {
   switch (code) {
 #define VARNEL_CLI_FINDING(constant, name, meaning)                                                          \

@@ -285,7 +285,8 @@ int find_elements(const barcode_card &card, const header &head, int number, cons
   for (int n = 0; declared != NOWHERE && n <= 2 * OFFSET_REACH; ++n) {
     const int at = declared + step(n);
     if (at >= head.body && at < card.size && is_at_line_start(card, head, at) &&
-        known_element_at(card, at, card.size, type)) {
+        known_element_at(card, at, card.size, type) &&
+        (type[0] != 'Z' || begins_with_type(identifier_at(card, at, card.size).key, type))) {
       return at;
     }
   }

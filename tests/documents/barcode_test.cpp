@@ -755,6 +755,25 @@ TEST(Barcode, TakesAnMForACrOnlyWhereItCanBeNothingElse) {
   EXPECT_EQ(Reading(moved).slot(FIELD_NAME_SUFFIX), "IIMM");
 }
 
+// Where a subfile does not begin a line, only its offset finds it, four bytes either way.
+TEST(Barcode, FindsASubfileInALineByItsOffsetAlone) {
+  const std::string printed = replaced(virginian().text(), "USA\r", "USAM");
+  const auto moved = [&](const char *offset) {
+    return Reading(replaced(printed, "ZV02580008", "ZV0" + std::string(offset) + "0008"));
+  };
+  for (const char *offset : {"254", "257", "259", "262"}) {
+    SCOPED_TRACE(offset);
+    const Reading reading = moved(offset);
+    EXPECT_EQ(reading.values(), VIRGINIAN);
+    EXPECT_EQ(reading.elements(), "ZVA=01");
+    EXPECT_EQ(reading.findings(), "offset@33:ZV printedReturn@257:DL unknownElement@260:ZVA");
+  }
+  for (const char *offset : {"253", "263"}) {
+    SCOPED_TRACE(offset);
+    EXPECT_NE(moved(offset).findings().find("subfileMissing@31:ZV"), std::string::npos);
+  }
+}
+
 // ---- without a header -----------------------------------------------------------------------------------
 
 struct HeadlessRow {
