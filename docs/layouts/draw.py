@@ -98,11 +98,11 @@ def picture(layout, rows):
 
 def drawing(layout, rows):
     zone = LAYOUTS[layout][0]
-    cell, height, left, top = 18, 26, 10, 24
+    cell, height, gap, left, top = 18, 26, 40, 10, 24
     width = left * 2 + cell * len(zone[0])
     pieces = []
     for number, (line, values) in enumerate(zip(zone, owners(layout, rows))):
-        y = top + number * (height + 24)
+        y = top + number * (height + gap)
         for column, (character, value) in enumerate(zip(line, values)):
             x = left + column * cell
             colour = VALUES[value][2] if value else "#f7f7f7"
@@ -117,12 +117,17 @@ def drawing(layout, rows):
             if row_line == number + 1:
                 name = {"code": "code", "names": "lastName, firstName, middleName",
                         "personalNumber": "FIELD_PERSONAL_NUMBER"}.get(value, value)
-                # A label wider than its columns is drawn below the others.
-                lower = 9 if len(name) * 5.2 > length * cell and value in ("gender", "code") else 0
+                # A label wider than its columns is drawn below the others, at the end of a line from them.
+                lower = 10 if len(name) * 5.2 > length * cell and value in ("gender", "code") else 0
                 middle = left + (start * 2 + length) * cell // 2
+                if lower:
+                    pieces.append(f'<path d="M{middle} {y + height}v{lower + 1}" stroke="#999"/>')
                 pieces.append(f'<text x="{middle}" y="{y + height + 10 + lower}" font-size="8.5" '
                               f'fill="#333" text-anchor="middle">{name}</text>')
-    total = top + len(zone) * (height + 24) + 4
+    y = top + len(zone) * (height + gap) - 8
+    pieces.append(f'<rect x="{left}" y="{y}" width="{cell}" height="12" fill="#f7f7f7" stroke="#bbb"/>'
+                  f'<text x="{left + cell + 6}" y="{y + 10}" font-size="10" fill="#333">not read</text>')
+    total = y + 20
     return (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {width} {total}" width="{width}" '
             f'font-family="monospace"><title>Columns of {layout.upper()}</title>'
             f'<rect width="{width}" height="{total}" fill="#ffffff"/>\n' + "\n".join(pieces) + "\n</svg>\n")
