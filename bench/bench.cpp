@@ -21,6 +21,9 @@
 #ifdef VARNEL_BENCH_FACADE
 #include "facade.h"
 #endif
+#ifdef VARNEL_BENCH_DOCUMENTS
+#include <Varnel/documents.h>
+#endif
 
 namespace {
 
@@ -193,6 +196,39 @@ void add_licence() {
     benchmark::DoNotOptimize(space.pairs);
   });
 }
+
+// The specimens' values composed to the specimens' zones; and a passport whose names are in national letters.
+varnel_compose_fields values_of(int layout) {
+  varnel_compose_fields fields = {};
+  fields.layout = layout;
+  fields.document_code = layout == VARNEL_LAYOUT_TD3 ? "P" : layout < VARNEL_LAYOUT_TD3 ? "I" : "V";
+  fields.issuing_state = fields.nationality = "UTO";
+  fields.document_number = "L898902C3";
+  fields.birth_date = "1974-08-12";
+  fields.sex = "F";
+  fields.expiry_date = "2012-04-15";
+  fields.primary_identifier = "Eriksson";
+  fields.secondary_identifier = "Anna Maria";
+  return fields;
+}
+
+void add_compose(const std::string &name, const varnel_compose_fields &fields) {
+  add("compose/" + name, "", [fields](workspace &, const std::string &) {
+    varnel_zone zone;
+    benchmark::DoNotOptimize(varnel_compose(&fields, nullptr, &zone, nullptr));
+    benchmark::DoNotOptimize(zone);
+  });
+}
+
+void add_compositions(const std::vector<sample> &layouts) {
+  for (std::size_t i = 0; i < layouts.size(); ++i) {
+    add_compose(layouts[i].name, values_of(VARNEL_LAYOUT_TD1 + static_cast<int>(i)));
+  }
+  varnel_compose_fields national = values_of(VARNEL_LAYOUT_TD3);
+  national.primary_identifier = "Шевченко-Müllerström";
+  national.secondary_identifier = "Þóra Łucja Jörg";
+  add_compose("national letters", national);
+}
 #endif
 
 } // namespace
@@ -236,6 +272,7 @@ int main(int argc, char **argv) {
   add_utilities();
 #ifdef VARNEL_BENCH_DOCUMENTS
   add_licence();
+  add_compositions(texts);
 #endif
 
   benchmark::Initialize(&argc, argv);

@@ -1,5 +1,7 @@
 #include "characters.hpp"
 
+#include "sorted_rows.hpp"
+
 namespace documents {
 
 namespace {
@@ -200,21 +202,13 @@ constexpr composition COMPOSITIONS[] = {
     {0x1EF0, 0x01AF, 0x0323}, {0x1EF2, 'Y', 0x0300},    {0x1EF4, 'Y', 0x0323},    {0x1EF6, 'Y', 0x0309},
     {0x1EF8, 'Y', 0x0303}};
 
-constexpr int COMPOSITION_COUNT = static_cast<int>(sizeof COMPOSITIONS / sizeof COMPOSITIONS[0]);
+static_assert(is_sorted<&kind_range::last>(KINDS) && is_sorted<&capital_range::last>(CAPITALS) &&
+              is_sorted<&composition::composed>(COMPOSITIONS));
 
 // Null where the letter does not decompose.
 const composition *find_decomposition(char32_t composed) {
-  int low = 0;
-  int high = COMPOSITION_COUNT;
-  while (low < high) {
-    const int middle = (low + high) / 2;
-    if (COMPOSITIONS[middle].composed < composed) {
-      low = middle + 1;
-    } else {
-      high = middle;
-    }
-  }
-  return low < COMPOSITION_COUNT && COMPOSITIONS[low].composed == composed ? &COMPOSITIONS[low] : nullptr;
+  const composition *found = first_from<&composition::composed>(COMPOSITIONS, composed);
+  return found != nullptr && found->composed == composed ? found : nullptr;
 }
 
 // 0 where they do not compose.
@@ -259,28 +253,17 @@ int combining_class(char32_t mark) {
 } // namespace
 
 character_kind kind_of(char32_t c) {
-  int low = 0;
-  int high = static_cast<int>(sizeof KINDS / sizeof KINDS[0]);
-  while (low < high) {
-    const int middle = (low + high) / 2;
-    if (KINDS[middle].last < c) {
-      low = middle + 1;
-    } else {
-      high = middle;
-    }
+  if ((c >= 0x00C0 && c < 0x02B0) || (c >= 0x0400 && c < 0x0483)) {
+    return character_kind::other; // Latin and Cyrillic letters, told without a search
   }
-  const bool in_range = low < static_cast<int>(sizeof KINDS / sizeof KINDS[0]) && KINDS[low].first <= c;
-  return in_range ? KINDS[low].kind : character_kind::other;
+  const kind_range *found = first_from<&kind_range::last>(KINDS, c);
+  return found != nullptr && found->first <= c ? found->kind : character_kind::other;
 }
 
 char32_t capital_of(char32_t c) {
-  for (const capital_range &range : CAPITALS) {
-    if (c <= range.last) {
-      const bool is_small = c >= range.first && (c - range.first) % range.step == 0;
-      return is_small ? static_cast<char32_t>(static_cast<int32_t>(c) + range.distance) : c;
-    }
-  }
-  return c;
+  const capital_range *found = first_from<&capital_range::last>(CAPITALS, c);
+  const bool is_small = found != nullptr && found->first <= c && (c - found->first) % found->step == 0;
+  return is_small ? static_cast<char32_t>(static_cast<int32_t>(c) + found->distance) : c;
 }
 
 // The marks of a composed first letter come before all that follow it.

@@ -45,6 +45,15 @@ public:
     return true;
   }
 
+  // A letter that no mark can follow.
+  bool add_plain(char capital) {
+    if (!write_letter(false)) {
+      return false;
+    }
+    out_.put(capital);
+    return true;
+  }
+
   bool end_component() { return write_letter(true); }
 
   // The letter that could not be written.
@@ -116,9 +125,13 @@ bool write_name(const char *text, language of, zone_text &out, text_position &ba
   while (written && !reader.at_end()) {
     const text_position at = reader.position();
     const char32_t c = reader.next();
-    written = is_ascii_letter(c)
-                  ? writer.add_letter(static_cast<char32_t>(ascii::to_upper(static_cast<int>(c))), at)
-                  : writer.add(c, at);
+    if (!is_ascii_letter(c)) {
+      written = writer.add(c, at);
+      continue;
+    }
+    const int capital = ascii::to_upper(static_cast<int>(c));
+    written = reader.is_plain_next() ? writer.add_plain(static_cast<char>(capital))
+                                     : writer.add_letter(static_cast<char32_t>(capital), at);
   }
   written = written && writer.end_component();
   if (!written) {

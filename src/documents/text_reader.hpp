@@ -27,6 +27,9 @@ public:
   // Where the next character stands.
   text_position position() const { return next_; }
 
+  // Whether no character beyond ASCII comes next.
+  bool is_plain_next() const { return at_end() || static_cast<unsigned char>(text_[next_.offset]) < 0x80; }
+
   // Must not be called at the end.
   char32_t next() {
     const char *at = text_ + next_.offset;

@@ -1,5 +1,7 @@
 #include "transliteration.hpp"
 
+#include "sorted_rows.hpp"
+
 namespace documents {
 
 namespace {
@@ -98,29 +100,20 @@ constexpr exception EXCEPTIONS[] = {
 constexpr char32_t TEH_MARBUTA = 0x0629;
 constexpr char LAST_TEH_MARBUTA[] = "XAH"; // at the end of a component
 
-template <int Count> constexpr bool is_sorted(const row (&rows)[Count]) {
-  for (int i = 1; i < Count; ++i) {
-    if (rows[i - 1].letter >= rows[i].letter) {
-      return false;
-    }
-  }
-  return true;
-}
-
-static_assert(is_sorted(LATIN) && is_sorted(CYRILLIC) && is_sorted(ARABIC) && is_sorted(ADDITIONS));
+static_assert(is_sorted<&row::letter>(LATIN) && is_sorted<&row::letter>(CYRILLIC) &&
+              is_sorted<&row::letter>(ARABIC) && is_sorted<&row::letter>(ADDITIONS));
 
 template <int Count> const char *find(const row (&rows)[Count], char32_t letter) {
-  int low = 0;
-  int high = Count;
-  while (low < high) {
-    const int middle = (low + high) / 2;
-    if (rows[middle].letter < letter) {
-      low = middle + 1;
-    } else {
-      high = middle;
-    }
+  const row *found = first_from<&row::letter>(rows, letter);
+  return found != nullptr && found->letter == letter ? found->zone : nullptr;
+}
+
+// In the table of its script.
+const char *find_in_tables(char32_t letter) {
+  if (letter >= 0x0600 && letter < 0x0700) {
+    return find(ARABIC, letter);
   }
-  return low < Count && rows[low].letter == letter ? rows[low].zone : nullptr;
+  return letter >= 0x0400 && letter < 0x0530 ? find(CYRILLIC, letter) : find(LATIN, letter);
 }
 
 const char *find_exception(char32_t letter, language of, component_place place) {
@@ -164,13 +157,7 @@ const char *zone_letters(char32_t capital, language of, component_place place) {
       return exceptional;
     }
   }
-  const char *zone = find(LATIN, capital);
-  if (zone == nullptr) {
-    zone = find(CYRILLIC, capital);
-  }
-  if (zone == nullptr) {
-    zone = find(ARABIC, capital);
-  }
+  const char *zone = find_in_tables(capital);
   return zone != nullptr ? zone : find(ADDITIONS, capital);
 }
 
