@@ -24,6 +24,11 @@ namespace {
 constexpr option DATE_OPTION = {
     "date", "YYYY-MM-DD",
     "The reference date, by which years and expiry are resolved (default:\ntoday, UTC)"};
+constexpr option REPAIR_OPTION = {"repair", "off|columns|digits",
+                                  "Put right what an optical reader gets wrong, as far as it can be proven;\n"
+                                  "columns: kinds of characters, and fillers; digits: numbers, too\n"
+                                  "(default: off)"};
+
 // Today in UTC, or the date that was asked for; a date that does not exist is for the library to refuse.
 bool read_date(const arguments &asked, varnel_inspect_options &options) {
   if (!asked.has(DATE_OPTION.name)) {
@@ -43,7 +48,10 @@ bool read_date(const arguments &asked, varnel_inspect_options &options) {
 }
 
 bool read_options(const arguments &asked, varnel_inspect_options &options) {
-  options.repair = VARNEL_REPAIR_OFF;
+  const std::string_view level = asked.value(REPAIR_OPTION.name);
+  options.repair = level == "columns"  ? VARNEL_REPAIR_COLUMNS
+                   : level == "digits" ? VARNEL_REPAIR_DIGITS
+                                       : VARNEL_REPAIR_OFF;
   varnel_inspection unused;
   return read_date(asked, options) && varnel_inspect("", 0, &options, &unused) == ERR_OK;
 }
@@ -351,7 +359,7 @@ const command INSPECT_COMMAND = {
     "FILE",
     "Files to read, each a text with a document's zone somewhere in it; '-' or none:\nstandard input",
     false,
-    {DATE_OPTION, EACH_OPTION, FORMAT_OPTION, WITH_SOURCE_OPTION, VERBOSE_OPTION},
+    {DATE_OPTION, REPAIR_OPTION, EACH_OPTION, FORMAT_OPTION, WITH_SOURCE_OPTION, VERBOSE_OPTION},
     "  varnel inspect page.txt                the zone on a page of text, with what fails\n"
     "  varnel inspect --each zone scans.txt   all zones of a text, JSON lines\n",
     run};

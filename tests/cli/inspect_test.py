@@ -178,6 +178,25 @@ class Words(unittest.TestCase):
         self.assertEqual(re.sub(rb"\033\[[0-9;]*m", b"", out), plain)
 
 
+class Repair(unittest.TestCase):
+    READ = PASSPORT.replace(b"7408122F", b"74O8122F")
+
+    def test_only_when_asked_for(self):
+        self.assertEqual(verdicts(varnel("inspect", *DATE, text=self.READ)[1]), ["doubtful"])
+        self.assertEqual(verdicts(varnel("inspect", *DATE, "--repair", "off", text=self.READ)[1]), ["doubtful"])
+        code, out, _ = varnel("inspect", *DATE, "--repair", "columns", text=self.READ)
+        document = json.loads(out)
+        self.assertEqual((code, document["verdict"], document["repair"]), (0, "repaired", "columns"))
+        self.assertEqual(document["changes"],
+                         [{"line": 1, "column": 15, "from": "O", "to": "0", "reason": "class"}])
+
+    def test_changes_in_words(self):
+        out = varnel("inspect", *DATE, "--repair", "digits", "--format", "table", text=self.READ)[1].decode()
+        self.assertTrue(out.startswith("Valid after repair: passport (TD3), expired on 2012-04-15\n"), out)
+        self.assertTrue(out.endswith("\n  line 2, column 16: O read, 0 taken: "
+                                     "only one kind of character can stand there\n"), out)
+
+
 class Usage(unittest.TestCase):
     def test_dates(self):
         for date in ("2026-02-30", "2026-13-01", "0000-01-01", "26-1-1", "2026-11-2x", " 2026-1-1", "today", ""):
