@@ -17,7 +17,7 @@ if(NOT PROJECT_IS_TOP_LEVEL)
   return()
 endif()
 
-# ---- Debian packages: libvarnel1, libvarnel-dev and varnel -------------------------------------------
+# ---- Debian packages: libvarnel1, libvarnel-documents1, libvarnel-dev and varnel ----------------------
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME varnel)
@@ -35,7 +35,7 @@ set(VARNEL_STATIC_BUILD "" CACHE PATH "The build of the static library that the 
 mark_as_advanced(VARNEL_STATIC_BUILD)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL library development command)
+set(CPACK_COMPONENTS_ALL library documents development command)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 if(VARNEL_STATIC_BUILD)
   set(CPACK_INSTALL_CMAKE_PROJECTS
@@ -44,7 +44,7 @@ endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src" "${PROJECT_BINARY_DIR}/src/documents")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libvarnel${PROJECT_VERSION_MAJOR})
@@ -57,19 +57,31 @@ Varnel reads the text of the machine-readable zone of a passport, an identity
 card or a visa (ICAO Doc 9303: TD1, TD2, TD3, MRV-A and MRV-B) into twelve
 values. It allocates nothing and keeps no state.")
 
+set(CPACK_DEBIAN_DOCUMENTS_PACKAGE_NAME libvarnel-documents${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_DOCUMENTS_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_DOCUMENTS_PACKAGE_DEPENDS
+  "libvarnel${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+set(CPACK_DEBIAN_DOCUMENTS_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/cmake/packages/triggers")
+set(CPACK_COMPONENT_DOCUMENTS_DESCRIPTION "inspector of machine-readable zones of travel documents: library
+The documents library inspects the zone of a passport, an identity card or a
+visa: whether its check digits hold, what is wrong with it and where. It also
+composes zones and reads the barcodes of driver's licences.")
+
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvarnel-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-  "libvarnel${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+  "libvarnel${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), \
+libvarnel-documents${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "reader of machine-readable zones of travel documents: headers
-The headers for C, C++17 and Objective-C, the static library, and the files
-by which CMake and pkg-config find Varnel.")
+The headers for C, C++17 and Objective-C, the static libraries, the files by
+which CMake and pkg-config find Varnel, its guide and samples.")
 
 set(CPACK_DEBIAN_COMMAND_PACKAGE_NAME varnel)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS
-  "libvarnel${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})")
+  "libvarnel${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION}), \
+libvarnel-documents${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_COMMAND_DESCRIPTION "reader of machine-readable zones of travel documents: command
 The command varnel reads machine-readable zones from files or standard input
 and prints JSON, CSV or a table, for one document or for many as a stream.

@@ -11,7 +11,7 @@ from support import (HERE, ROOT, SAMPLES, Prefix, build_project, environment, ex
 
 WORK = pathlib.Path(sys.argv[1])
 OUT = WORK / "packages"
-PACKAGES = ("libvarnel1", "libvarnel-dev", "varnel")
+PACKAGES = ("libvarnel1", "libvarnel-documents1", "libvarnel-dev", "varnel")
 
 
 def contents(package):
@@ -21,7 +21,8 @@ def contents(package):
     version = field(package, "Version").split("-")[0]
     files = [line[2:].replace(multiarch, "@MULTIARCH@").replace(version, "@VERSION@")
              for line in lines if not line.endswith("/")]
-    return sorted(files)
+    samples = [path for path in files if "/samples/" in path or "/docs/" in path]
+    return sorted(set(files) - set(samples)) + ([f"{len(samples) > 20} samples and pages"] if samples else [])
 
 
 def field(package, name):
@@ -35,12 +36,14 @@ def check_contents(packages):
 
 
 def check_dependencies(packages):
-    """The library needs the C library only, and dpkg finds the three complete on this machine."""
+    """The library needs the C library only, and dpkg finds all complete on this machine."""
     depends = {name: sorted(re.findall(r"[\w.+-]+(?= \(|,|$)", field(packages[name], "Depends")))
                for name in PACKAGES}
     expect(depends["libvarnel1"], ["libc6"], "what libvarnel1 depends on")
-    expect(depends["libvarnel-dev"], ["libvarnel1"], "what libvarnel-dev depends on")
-    expect(depends["varnel"], ["libc6", "libgcc-s1", "libstdc++6", "libvarnel1"], "what varnel depends on")
+    expect(depends["libvarnel-documents1"], ["libc6", "libvarnel1"], "what libvarnel-documents1 depends on")
+    expect(depends["libvarnel-dev"], ["libvarnel-documents1", "libvarnel1"], "what libvarnel-dev depends on")
+    expect(depends["varnel"], ["libc6", "libgcc-s1", "libstdc++6", "libvarnel-documents1", "libvarnel1"],
+           "what varnel depends on")
     run("dpkg", "--simulate", "--install", *packages.values())
 
 
@@ -53,6 +56,27 @@ def check_lintian():
         tag = re.match(r"[EWIPX]: [^:]+: (\S+)", line)
         if not tag or tag.group(1) not in explained:
             fail(f"lintian says what cmake/packages/lintian.md does not explain: {line}")
+
+
+def check_access(packages):
+    """What is packed can be read by all, and every folder entered, although it was packed under umask 077."""
+    listings = [run("sh", "-c", f"dpkg-deb --fsys-tarfile {package} | tar -tv") for package in packages.values()]
+    listings += [run("tar", "-tvf", archive) for archive in OUT.glob("*.tar.gz")]
+    for line in "\n".join(listings).splitlines():
+        if not re.match(r"d..xr.xr.x|-r..r..r..|l", line):
+            fail(f"not everybody can read or enter: {line}")
+
+
+def check_reproducible(packages):
+    """Another copy of the sources, in another folder, gives the same packages to the byte."""
+    source = next((WORK / "source").iterdir())
+    elsewhere = fresh(WORK / "elsewhere") / "a-folder-of-another-name"
+    shutil.copytree(source, elsewhere, symlinks=True)
+    epoch = run("git", "-C", ROOT, "log", "-1", "--format=%ct").strip() if (ROOT / ".git").exists() else "1"
+    run(elsewhere / "cmake" / "packages" / "run", WORK / "again", env=environment(SOURCE_DATE_EPOCH=epoch))
+    for package in packages.values():
+        if package.read_bytes() != (WORK / "again" / package.name).read_bytes():
+            fail(f"{package.name} depends on the folder it is built in")
 
 
 def check_use(packages):
@@ -104,7 +128,8 @@ def check_source():
 
 
 def main():
-    run(ROOT / "cmake" / "packages" / "run", OUT)
+    fresh(OUT)
+    run("sh", "-c", f"umask 077; exec {ROOT / 'cmake' / 'packages' / 'run'} {OUT}")
     packages = {}
     for package in OUT.glob("*.deb"):
         packages[field(package, "Package")] = package
@@ -112,9 +137,11 @@ def main():
     check_contents(packages)
     check_dependencies(packages)
     check_lintian()
+    check_access(packages)
     check_use(packages)
     check_source()
-    print("libvarnel1, libvarnel-dev, varnel and the source archive: built, unpacked, used")
+    check_reproducible(packages)
+    print("libvarnel1, libvarnel-documents1, libvarnel-dev, varnel and the source archive: built, unpacked, used")
 
 
 main()
