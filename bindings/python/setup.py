@@ -42,7 +42,8 @@ setup(
         Extension(
             "varnel._core",
             ["src/varnel/_core.c"],
-            include_dirs=[str(ROOT / "include")],
+            include_dirs=[str(ROOT / "include"), str(ROOT / "bindings")],
+            depends=[str(ROOT / "bindings" / "composition.h")],
             define_macros=[("Py_LIMITED_API", MINIMUM), ("VARNEL_STATIC", "1")],
             py_limited_api=True,
         )

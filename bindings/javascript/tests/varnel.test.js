@@ -5,11 +5,13 @@ import { createRequire } from "node:module";
 import { join } from "node:path";
 import { test } from "node:test";
 
-import { inspect, parse } from "varnel";
+import { ComposeError, barcode, compose, inspect, parse } from "varnel";
 
 const root = process.env.VARNEL_ROOT;
 const require = createRequire(join(root, "build/javascript/tools/package.json"));
 const Ajv2020 = require("ajv/dist/2020").default;
+const json = (name) => JSON.parse(readFileSync(join(root, name), "utf8"));
+const schema = (name) => new Ajv2020({ strict: false }).compile(json(`docs/${name}.schema.json`));
 const date = "2026-11-21";
 const passport = readFileSync(join(root, "samples/passport.mrz"), "utf8");
 
@@ -44,8 +46,7 @@ test("every vector is parsed as in C", () => {
 });
 
 test("every vector's inspection is within the schema", () => {
-  const schema = JSON.parse(readFileSync(join(root, "docs/inspection.schema.json"), "utf8"));
-  const validate = new Ajv2020({ strict: false }).compile(schema);
+  const validate = schema("inspection");
   for (const vector of vectors) {
     const text = textOf(vector);
     if (text !== undefined) {
@@ -53,6 +54,50 @@ test("every vector's inspection is within the schema", () => {
       assert.ok(validate(document), `${vector}: ${JSON.stringify(validate.errors)}`);
     }
   }
+});
+
+test("every vector of inspections is inspected as in C", () => {
+  const folder = join(root, "tests/documents/vectors");
+  const names = readdirSync(folder).filter((name) => name.endsWith(".json"));
+  assert.ok(names.length > 40, `${names.length} vectors`);
+  for (const name of names) {
+    const expected = JSON.parse(readFileSync(join(folder, name), "utf8"));
+    const text = textOf(join(folder, name.replace(/json$/, "txt")));
+    assert.deepEqual(inspect(text, { date: expected.date, repair: expected.repair }), expected, name);
+  }
+});
+
+test("zones are composed, or the value that is wrong is named", () => {
+  const validate = schema("composition");
+  for (const { name, fields, zone, error } of json("bindings/vectors/compositions.json")) {
+    if (zone) {
+      assert.deepEqual(compose(fields), zone, name);
+      assert.ok(validate(fields), `${name}: ${JSON.stringify(validate.errors)}`);
+      assert.equal(inspect(zone.join("\n"), { date }).verdict, "valid", name);
+    } else {
+      assert.throws(() => compose(fields), (thrown) => {
+        const { field, reason, position, message } = thrown;
+        assert.deepEqual({ field, reason, position, message }, error, name);
+        return thrown instanceof ComposeError && thrown instanceof Error && thrown.name === "ComposeError";
+      });
+    }
+  }
+});
+
+test("barcodes are read, and what else they say is within the schema", () => {
+  const validate = schema("barcode");
+  for (const { name, text, answer } of json("bindings/vectors/barcodes.json")) {
+    assert.deepEqual(barcode(text), answer, name);
+    assert.ok(answer === null || validate(answer.info), `${name}: ${JSON.stringify(validate.errors)}`);
+  }
+});
+
+test("a barcode of the longest text and values is read whole", () => {
+  const lines = ["DAQD1234567", "DBB06061986", "DACJANE"];
+  const name = "É".repeat((65536 - Buffer.byteLength(lines.join("\n")) - 4) / 2);
+  const answer = barcode([...lines, `DCS${name}`].join("\n"));
+  assert.equal(answer.lastName, name);
+  assert.equal(answer.licenseNumber, "D1234567");
 });
 
 test("a passport is inspected", () => {
@@ -67,11 +112,18 @@ test("a passport is inspected", () => {
 
 test("bad calls are errors that say what is wrong", () => {
   for (const wrong of [undefined, null, 7, ["P<UTO"]]) {
-    assert.throws(() => parse(wrong), { name: "TypeError", message: /^text must be a string, not / });
-    assert.throws(() => inspect(wrong), TypeError);
+    for (const read of [parse, inspect, barcode]) {
+      assert.throws(() => read(wrong), { name: "TypeError", message: /^text must be a string, not / });
+    }
   }
+  assert.throws(() => compose(null), { name: "TypeError", message: "fields must be an object, not null" });
+  assert.throws(() => compose("TD3"), { name: "TypeError", message: "fields must be an object, not string" });
+  assert.throws(() => compose({ sex: 1 }), { name: "TypeError", message: "sex must be a string or null, not number" });
+  assert.throws(() => compose({ sex: "F".repeat(65536) }), { message: "text of more than 65536 bytes" });
+  assert.throws(() => barcode("@".repeat(65537)), { name: "RangeError", message: "text of more than 65536 bytes" });
   assert.throws(() => inspect(passport, { repair: "all" }), { name: "RangeError", message: /"off", "columns"/ });
   assert.throws(() => inspect(passport, { date: "2026-02-30" }), { message: "there is no date 2026-02-30" });
+  assert.throws(() => inspect(passport, { date: "0000-01-01" }), { message: "there is no date 0000-01-01" });
   assert.throws(() => inspect(passport, { date: "today" }), { message: /Date or YYYY-MM-DD, not today/ });
   assert.throws(() => inspect(passport, { date: new Date(NaN) }), RangeError);
   assert.throws(() => inspect("<".repeat(65537)), { name: "RangeError", message: "text of more than 65536 bytes" });

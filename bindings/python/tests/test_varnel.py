@@ -4,17 +4,27 @@ import datetime
 import importlib
 import json
 import pathlib
+import pickle
 import typing
 import unittest
 
 import varnel
-from varnel import _types
+from varnel import _core, _types
 
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 VECTORS = sorted((ROOT / "tests" / "vectors").glob("*/*.mrz"))
-SCHEMA = json.loads((ROOT / "docs" / "inspection.schema.json").read_text(encoding="utf-8"))
+INSPECTIONS = sorted((ROOT / "tests" / "documents" / "vectors").glob("*.json"))
 PASSPORT = (ROOT / "samples" / "passport.mrz").read_text(encoding="utf-8")
 DATE = "2026-11-21"
+
+
+def json_of(name: str) -> typing.Any:
+    return json.loads((ROOT / name).read_text(encoding="utf-8"))
+
+
+def validator_of(name: str) -> typing.Any:
+    jsonschema: typing.Any = importlib.import_module("jsonschema")
+    return jsonschema.Draft202012Validator(json_of(f"docs/{name}.schema.json"))
 
 
 def text_of(vector: pathlib.Path) -> typing.Optional[str]:
@@ -48,6 +58,15 @@ class Parse(unittest.TestCase):
 
 
 class Inspect(unittest.TestCase):
+    def test_every_vector(self) -> None:
+        self.assertGreater(len(INSPECTIONS), 40)
+        for vector in INSPECTIONS:
+            with self.subTest(vector.stem):
+                expected = json_of(str(vector))
+                text = vector.with_suffix(".txt").read_bytes().decode("utf-8")
+                answer = varnel.inspect(text, date=expected["date"], repair=expected["repair"])
+                self.assertEqual(answer, expected)
+
     def test_passport(self) -> None:
         document = varnel.inspect(PASSPORT, date=DATE)
         self.assertEqual(document["verdict"], "valid")
@@ -83,9 +102,7 @@ class Inspect(unittest.TestCase):
         self.assertEqual(document["fields"]["primaryIdentifier"]["value"], "ERIKSSON")
 
     def test_schema(self) -> None:
-        jsonschema: typing.Any = importlib.import_module("jsonschema")
-
-        validator = jsonschema.Draft202012Validator(SCHEMA)
+        validator = validator_of("inspection")
         seen = set()
         for vector in VECTORS:
             text = text_of(vector)
@@ -94,6 +111,60 @@ class Inspect(unittest.TestCase):
                 validator.validate(document)
                 seen.add(document["layout"])
         self.assertLessEqual({"TD1", "TD2", "TD3", "MRV-A", "MRV-B", None}, seen)
+
+
+class Compose(unittest.TestCase):
+    def test_every_vector(self) -> None:
+        validator = validator_of("composition")
+        for vector in json_of("bindings/vectors/compositions.json"):
+            with self.subTest(vector["name"]):
+                if "zone" in vector:
+                    self.assertEqual(varnel.compose(vector["fields"]), vector["zone"])
+                    validator.validate(vector["fields"])
+                    self.assertEqual(varnel.inspect("\n".join(vector["zone"]), date=DATE)["verdict"], "valid")
+                    continue
+                with self.assertRaises(varnel.ComposeError) as refusal:
+                    varnel.compose(vector["fields"])
+                error = refusal.exception
+                self.assertIsInstance(error, ValueError)
+                self.assertEqual({"field": error.field, "reason": error.reason, "position": error.position,
+                                  "message": str(error)}, vector["error"])
+
+    def test_error_passes_between_processes(self) -> None:
+        error = pickle.loads(pickle.dumps(varnel.ComposeError("sex", "missing", 0, "sex: missing")))
+        self.assertEqual((error.field, error.reason, error.position, str(error)), ("sex", "missing", 0, "sex: missing"))
+
+    def test_what_is_no_text(self) -> None:
+        with self.assertRaisesRegex(TypeError, "sex must be str or None, not <class 'int'>"):
+            varnel.compose({"sex": 1})  # type: ignore[typeddict-item]
+        with self.assertRaisesRegex(TypeError, "fields must be a mapping, not <class 'NoneType'>"):
+            varnel.compose(None)  # type: ignore[arg-type]
+
+
+class Barcode(unittest.TestCase):
+    def test_every_vector(self) -> None:
+        validator = validator_of("barcode")
+        for vector in json_of("bindings/vectors/barcodes.json"):
+            with self.subTest(vector["name"]):
+                answer = varnel.barcode(vector["text"])
+                self.assertEqual(answer, vector["answer"])
+                if answer is not None:
+                    validator.validate(answer["info"])
+                    self.assertEqual(list(answer), list(vector["answer"]), "the order of the keys")
+
+    def test_longest_text(self) -> None:
+        lines = "DAQD1234567\nDBB06061986\nDACJANE\nDCS"
+        name = "É" * ((65536 - len(lines)) // 2)
+        answer = varnel.barcode(lines + name)
+        assert answer is not None
+        self.assertEqual(answer["lastName"], name)
+        with self.assertRaisesRegex(ValueError, "text of more than 65536 bytes"):
+            varnel.barcode("@" * 65537)
+
+    def test_what_is_no_text(self) -> None:
+        with self.assertRaisesRegex(TypeError, "text must be str, not <class 'bytes'>"):
+            varnel.barcode(b"@")  # type: ignore[arg-type]
+        self.assertIsNone(varnel.barcode("\ud800"))
 
 
 class Types(unittest.TestCase):
@@ -106,15 +177,28 @@ class Types(unittest.TestCase):
             keys |= set(getattr(base, "__annotations__", {}))
         return keys
 
+    def assertHasKeys(self, name: str, schema: typing.Any) -> None:
+        with self.subTest(name):
+            self.assertEqual(self.keys(name), set(schema["properties"]))
+            kind = getattr(_types, name)
+            required: typing.Set[str] = set(kind.__required_keys__)
+            self.assertEqual(required, set(schema.get("required", ())))
+
     def test_keys(self) -> None:
-        self.assertEqual(self.keys("Inspection"), set(SCHEMA["properties"]))
-        self.assertEqual(self.keys("Fields"), set(SCHEMA["properties"]["fields"]["properties"]))
-        self.assertEqual(self.keys("Checks"), set(SCHEMA["properties"]["checks"]["properties"]))
+        inspection = json_of("docs/inspection.schema.json")
+        self.assertHasKeys("Inspection", inspection)
+        self.assertHasKeys("Fields", inspection["properties"]["fields"])
+        self.assertHasKeys("Checks", inspection["properties"]["checks"])
         for name in ("Source", "Field", "CodeField", "StateField", "NameField", "DateField", "Check", "Change", "Finding"):
-            with self.subTest(name):
-                definition = SCHEMA["$defs"][name[0].lower() + name[1:]]
-                self.assertEqual(self.keys(name), set(definition["properties"]))
-                self.assertEqual(self.keys(name), set(definition["required"]))
+            self.assertHasKeys(name, inspection["$defs"][name[0].lower() + name[1:]])
+        composition = json_of("docs/composition.schema.json")
+        self.assertHasKeys("Composition", composition)
+        self.assertEqual(set(_core.composition_keys()), set(composition["properties"]))
+        barcode = json_of("docs/barcode.schema.json")
+        self.assertHasKeys("BarcodeInfo", barcode)
+        self.assertHasKeys("BarcodeElement", barcode["properties"]["elements"]["items"])
+        self.assertHasKeys("BarcodeFinding", barcode["properties"]["findings"]["items"])
+        self.assertHasKeys("BarcodeOmitted", barcode["properties"]["omitted"])
 
 
 if __name__ == "__main__":

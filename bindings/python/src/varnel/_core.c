@@ -5,10 +5,14 @@
 #define PY_SSIZE_T_CLEAN
 #include <Python.h>
 
+#include "composition.h"
+
 #include <Varnel/Varnel.h>
-#include <Varnel/documents.h>
 
 #include <string.h>
+
+/* More than any info needs: as many elements and findings as it holds, each under 96 bytes. */
+enum { BARCODE_JSON_MAX = 16384 };
 
 /* The text as UTF-8 in a new bytes object; NULL with an exception set. */
 static PyObject *utf8_of(PyObject *text, const char *errors) {
@@ -54,11 +58,9 @@ static PyObject *parse(PyObject *module, PyObject *text) {
   char buffer[VARNEL_BUFFER_SIZE];
   VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
   int status;
-  Py_BEGIN_ALLOW_THREADS
-  status = varnel_parse_mrz(characters, varnel_utf16_length(characters, (size_t)size), &result, buffer,
-                            sizeof buffer);
-  Py_END_ALLOW_THREADS
-  Py_DECREF(bytes);
+  Py_BEGIN_ALLOW_THREADS status = varnel_parse_mrz(characters, varnel_utf16_length(characters, (size_t)size),
+                                                   &result, buffer, sizeof buffer);
+  Py_END_ALLOW_THREADS Py_DECREF(bytes);
   if (status != ERR_OK) {
     Py_RETURN_NONE;
   }
@@ -72,8 +74,7 @@ static PyObject *inspect(PyObject *module, PyObject *args) {
   (void)module;
   PyObject *text;
   varnel_inspect_options options;
-  if (!PyArg_ParseTuple(args, "Oiiii", &text, &options.year, &options.month, &options.day,
-                        &options.repair)) {
+  if (!PyArg_ParseTuple(args, "Oiiii", &text, &options.year, &options.month, &options.day, &options.repair)) {
     return NULL;
   }
   PyObject *bytes = utf8_of(text, "surrogatepass");
@@ -87,10 +88,8 @@ static PyObject *inspect(PyObject *module, PyObject *args) {
   char *json = NULL;
   int status;
   int length = 0;
-  Py_BEGIN_ALLOW_THREADS
-  status = varnel_inspect(characters, (size_t)size, &options, &inspection);
-  Py_END_ALLOW_THREADS
-  Py_DECREF(bytes);
+  Py_BEGIN_ALLOW_THREADS status = varnel_inspect(characters, (size_t)size, &options, &inspection);
+  Py_END_ALLOW_THREADS Py_DECREF(bytes);
   if (status != ERR_OK) {
     PyErr_Format(PyExc_ValueError, "text of more than %d bytes", (int)VARNEL_TEXT_MAX);
     return NULL;
@@ -106,9 +105,117 @@ static PyObject *inspect(PyObject *module, PyObject *args) {
   return answer;
 }
 
+PyDoc_STRVAR(compose_doc,
+             "compose(values)\n--\n\nThe lines of a zone; or key, reason, character and words of what "
+             "was refused.");
+
+/* Points to the UTF-8 of each value, in the order of composition_keys(); they are bytes, which end with a
+ * NUL. */
+static int point_to(PyObject *values, const char *texts[COMPOSITION_VALUES]) {
+  if (!PyTuple_Check(values) || PyTuple_Size(values) != COMPOSITION_VALUES) {
+    PyErr_SetString(PyExc_TypeError, "as many bytes are needed as there are keys");
+    return -1;
+  }
+  for (int i = 0; i < COMPOSITION_VALUES; ++i) {
+    char *text = NULL;
+    if (PyBytes_AsStringAndSize(PyTuple_GetItem(values, i), &text, NULL) != 0) { /* refuses a NUL within */
+      return -1;
+    }
+    texts[i] = text;
+  }
+  return 0;
+}
+
+static PyObject *compose(PyObject *module, PyObject *values) {
+  (void)module;
+  const char *texts[COMPOSITION_VALUES];
+  varnel_zone zone;
+  varnel_compose_error error;
+  int status;
+  if (point_to(values, texts) != 0) {
+    return NULL;
+  }
+  Py_BEGIN_ALLOW_THREADS status = composition_compose(texts, &zone, &error);
+  Py_END_ALLOW_THREADS if (status != ERR_OK) {
+    return Py_BuildValue("(ssns)", composition_refused_key(&error), composition_reason(&error),
+                         (Py_ssize_t)error.position, composition_words(&error));
+  }
+  PyObject *lines = PyList_New(0);
+  for (int i = 0; lines != NULL && i < zone.line_count; ++i) {
+    PyObject *line = PyUnicode_FromString(zone.lines[i]);
+    if (line == NULL || PyList_Append(lines, line) != 0) {
+      Py_CLEAR(lines);
+    }
+    Py_XDECREF(line);
+  }
+  return lines;
+}
+
+PyDoc_STRVAR(composition_keys_doc, "composition_keys()\n--\n\nThe keys of the values that compose() takes.");
+
+static PyObject *composition_keys(PyObject *module, PyObject *nothing) {
+  (void)module;
+  (void)nothing;
+  PyObject *keys = PyTuple_New(COMPOSITION_VALUES);
+  for (int i = 0; keys != NULL && i < COMPOSITION_VALUES; ++i) {
+    PyObject *key = PyUnicode_FromString(composition_key(i));
+    if (key == NULL || PyTuple_SetItem(keys, i, key) != 0) {
+      Py_CLEAR(keys);
+    }
+  }
+  return keys;
+}
+
+PyDoc_STRVAR(barcode_doc,
+             "barcode(text)\n--\n\nThe twelve values of a barcode and its info as JSON, or None.");
+
+static PyObject *barcode(PyObject *module, PyObject *text) {
+  (void)module;
+  PyObject *bytes = utf8_of(text, "surrogatepass");
+  char *characters = NULL;
+  Py_ssize_t size = 0;
+  if (bytes == NULL || PyBytes_AsStringAndSize(bytes, &characters, &size) != 0) {
+    Py_XDECREF(bytes);
+    return NULL;
+  }
+  if (size > VARNEL_BARCODE_TEXT_MAX) {
+    Py_DECREF(bytes);
+    return PyErr_Format(PyExc_ValueError, "text of more than %d bytes", (int)VARNEL_BARCODE_TEXT_MAX);
+  }
+  const int room = VARNEL_BARCODE_BUFFER_SIZE((int)size);
+  char *const buffer = PyMem_Malloc((size_t)room);
+  if (buffer == NULL) {
+    Py_DECREF(bytes);
+    return PyErr_NoMemory();
+  }
+  PARSE_RESULT record;
+  varnel_barcode_info info;
+  char json[BARCODE_JSON_MAX];
+  int status;
+  int length = 0;
+  Py_BEGIN_ALLOW_THREADS status = varnel_barcode(characters, (size_t)size, &record, buffer, room, &info);
+  length = varnel_barcode_info_json(&info, json, sizeof json);
+  Py_END_ALLOW_THREADS Py_DECREF(bytes);
+  PyObject *answer = NULL;
+  if (status == ERR_OK) {
+    VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
+    varnel_export(&record, pairs);
+    PyObject *const values = dict_of(pairs);
+    answer = values == NULL ? NULL : Py_BuildValue("(Ns#)", values, json, (Py_ssize_t)length);
+  } else {
+    answer = Py_None;
+    Py_INCREF(answer);
+  }
+  PyMem_Free(buffer);
+  return answer;
+}
+
 static PyMethodDef methods[] = {
     {"parse", parse, METH_O, parse_doc},
     {"inspect", inspect, METH_VARARGS, inspect_doc},
+    {"compose", compose, METH_O, compose_doc},
+    {"composition_keys", composition_keys, METH_NOARGS, composition_keys_doc},
+    {"barcode", barcode, METH_O, barcode_doc},
     {NULL, NULL, 0, NULL},
 };
 

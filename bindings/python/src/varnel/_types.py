@@ -1,4 +1,4 @@
-"""The shape of an inspection, as docs/inspection.schema.json describes it. Unknown keys are to be ignored."""
+"""What goes in and out, as the schemas in docs describe it. Unknown keys are to be ignored."""
 
 from typing import List, Optional, TypedDict
 
@@ -129,3 +129,82 @@ class Inspection(TypedDict):
     nearest: Optional[Nearest]
     expired: Optional[bool]
     chipAccess: Optional[str]
+
+
+class MandatoryValues(TypedDict):
+    """The values without which no zone is composed."""
+
+    layout: str
+    documentCode: str
+    issuingState: str
+    documentNumber: str
+    nationality: str
+    sex: str
+    expiryDate: str
+    primaryIdentifier: str
+
+
+class Composition(MandatoryValues, total=False):
+    """The values that a zone is composed from."""
+
+    language: Optional[str]
+    birthDate: Optional[str]
+    secondaryIdentifier: Optional[str]
+    optionalData1: Optional[str]
+    optionalData2: Optional[str]
+    optionalData: Optional[str]
+    personalNumber: Optional[str]
+
+
+class BarcodeElement(TypedDict):
+    """An element that is none of a licence's values, and the bytes of the text where its value stands."""
+
+    element: str
+    start: int
+    end: int
+
+
+class BarcodeFinding(TypedDict):
+    """A place where the text departs from the standard, or where a value could not be taken as it stands."""
+
+    code: str
+    offset: int
+    element: Optional[str]
+
+
+class BarcodeOmitted(TypedDict):
+    """How many elements and findings found no room."""
+
+    elements: int
+    findings: int
+
+
+class BarcodeInfo(TypedDict):
+    """What a barcode says beside its values."""
+
+    version: Optional[int]
+    issuer: Optional[str]
+    jurisdiction: Optional[str]
+    country: Optional[str]
+    subfiles: List[str]
+    elements: List[BarcodeElement]
+    findings: List[BarcodeFinding]
+    omitted: BarcodeOmitted
+
+
+class Barcode(TypedDict):
+    """A driver's licence: the twelve values, and what else its barcode says."""
+
+    firstName: str
+    lastName: str
+    middleName: str
+    licenseNumber: str
+    birthDate: str
+    expirationDate: str
+    gender: str
+    countryCode: str
+    jurisdictionCode: str
+    nationality: str
+    documentType: str
+    issueDate: str
+    info: BarcodeInfo
