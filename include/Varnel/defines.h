@@ -20,7 +20,7 @@
  * Marks a symbol that the library exports; every other symbol stays hidden.
  *
  * On Windows a program that links the static library defines VARNEL_STATIC, and the library's own build
- * VARNEL_EXPORTS; CMake and pkg-config users need do nothing.
+ * VARNEL_EXPORTS; CMake defines both where they are needed.
  */
 #if defined(_WIN32) && defined(VARNEL_STATIC)
 #define VARNEL_API
