@@ -39,6 +39,12 @@ int varnel_inspect_all(const char *text, size_t size, const varnel_inspect_optio
     return ERR_INVALID_ARGS;
   }
   const passage whole = {text, 0, static_cast<uint32_t>(size)};
-  return options->repair == VARNEL_REPAIR_OFF ? find_zones(whole, *options, inspections, capacity)
-                                              : repair::find_zones(whole, *options, inspections, capacity);
+  if (options->repair != VARNEL_REPAIR_OFF) {
+    return repair::find_zones(whole, *options, inspections, capacity);
+  }
+  const int found = find_zones(whole, *options, inspections, capacity);
+  if (found == 0) {
+    find_zone(whole, *options, inspections[0]); // says why there is none
+  }
+  return found;
 }

@@ -3,6 +3,7 @@
 
 #include <string.h>
 
+#include "json_writer.hpp"
 #include "layouts.hpp"
 #include "names.hpp"
 #include "states.hpp"
@@ -11,152 +12,30 @@ using namespace documents;
 
 namespace {
 
-// Writes text into a room that may be too small, and counts what the whole needs.
-class json_writer {
-public:
-  json_writer(char *out, size_t size) : out_(out), room_(size > 0 ? size - 1 : 0) {}
-
-  // A literal, without its NUL.
-  template <size_t Size> void raw(const char (&literal)[Size]) {
-    constexpr size_t length = Size - 1;
-    if (has_room_for(length)) {
-      memcpy(out_ + length_, literal, length);
-    } else {
-      write_what_fits(literal, length);
-    }
-    length_ += length;
-  }
-
-  void raw(char c) {
-    if (has_room_for(1)) {
-      out_[length_] = c;
-    }
-    ++length_;
-  }
-
-  void number(unsigned value) {
-    if (value < 10) {
-      raw(static_cast<char>('0' + value));
-      return;
-    }
-    char digits[10];
-    int first = sizeof digits;
-    do {
-      digits[--first] = static_cast<char>('0' + value % 10);
-      value /= 10;
-    } while (value > 0);
-    text(digits + first, sizeof digits - static_cast<size_t>(first));
-  }
-
-  void number_or_null(int value, bool is_null) {
-    if (is_null) {
-      raw("null");
-    } else {
-      number(static_cast<unsigned>(value));
-    }
-  }
-
-  // A number with leading zeros.
-  void padded(int value, int width) {
-    char digits[4];
-    for (int i = width - 1; i >= 0; --i) {
-      digits[i] = static_cast<char>('0' + value % 10);
-      value /= 10;
-    }
-    text(digits, static_cast<size_t>(width));
-  }
-
-  void boolean(bool value) {
-    if (value) {
-      raw("true");
-    } else {
-      raw("false");
-    }
-  }
-
-  // A string of which no character needs a backslash; null for a null pointer.
-  void string(const char *characters) {
-    if (characters == nullptr) {
-      raw("null");
-      return;
-    }
-    raw('"');
-    text(characters, strlen(characters));
-    raw('"');
-  }
-
-  // Any string without control characters.
-  void escaped_string(const char *characters) {
-    if (characters == nullptr) {
-      raw("null");
-      return;
-    }
-    raw('"');
-    for (; *characters != '\0'; ++characters) {
-      if (*characters == '"' || *characters == '\\') {
-        raw('\\');
-      }
-      raw(*characters);
-    }
-    raw('"');
-  }
-
-  // Ends the text and returns its whole length.
-  int finish(size_t size) {
-    if (size > 0) {
-      out_[length_ < room_ ? length_ : room_] = '\0';
-    }
-    return static_cast<int>(length_);
-  }
-
-private:
-  bool has_room_for(size_t length) const { return length_ + length <= room_; }
-
-  void text(const char *characters, size_t length) {
-    if (has_room_for(length)) {
-      memcpy(out_ + length_, characters, length);
-    } else {
-      write_what_fits(characters, length);
-    }
-    length_ += length;
-  }
-
-  void write_what_fits(const char *characters, size_t length) {
-    if (length_ < room_) {
-      const size_t free = room_ - length_;
-      memcpy(out_ + length_, characters, length < free ? length : free);
-    }
-  }
-
-  char *out_;
-  size_t room_; // for text, the NUL left out
-  size_t length_ = 0;
-};
-
 void write_source(json_writer &json, varnel_source source) {
   json.raw("{\"start\":");
   json.number(source.start);
   json.raw(",\"end\":");
   json.number(source.end);
-  json.raw('}');
+  json.raw("}");
 }
 
 void write_zone(json_writer &json, const varnel_inspection &inspection) {
   json.raw(",\"zone\":[");
   for (int i = 0; i < inspection.line_count; ++i) {
     if (i > 0) {
-      json.raw(',');
+      json.raw(",");
     }
     json.string(inspection.zone[i]);
   }
   json.raw("],\"source\":[");
   for (int i = 0; i < inspection.source_count; ++i) {
     if (i > 0) {
-      json.raw(',');
+      json.raw(",");
     }
     write_source(json, inspection.source[i]);
   }
-  json.raw(']');
+  json.raw("]");
 }
 
 void write_state(json_writer &json, const char *value) {
@@ -215,18 +94,18 @@ void write_field(json_writer &json, const varnel_inspection &inspection,
   json.raw(",\"proof\":");
   json.string(varnel_proof_name(field.proof));
   write_additions(json, inspection, field);
-  json.raw('}');
+  json.raw("}");
 }
 
 void write_fields(json_writer &json, const varnel_inspection &inspection) {
   json.raw(",\"fields\":{");
   for (int i = 0; i < inspection.field_count; ++i) {
     if (i > 0) {
-      json.raw(',');
+      json.raw(",");
     }
     write_field(json, inspection, inspection.fields[i]);
   }
-  json.raw('}');
+  json.raw("}");
 }
 
 void write_checks(json_writer &json, const varnel_inspection &inspection) {
@@ -234,7 +113,7 @@ void write_checks(json_writer &json, const varnel_inspection &inspection) {
   for (int i = 0; i < inspection.check_count; ++i) {
     const varnel_check &check = inspection.checks[i];
     if (i > 0) {
-      json.raw(',');
+      json.raw(",");
     }
     json.string(varnel_field_name(check.field));
     json.raw(":{\"line\":");
@@ -242,16 +121,16 @@ void write_checks(json_writer &json, const varnel_inspection &inspection) {
     json.raw(",\"column\":");
     json.number(check.column);
     json.raw(",\"found\":\"");
-    json.raw(check.found);
+    json.character(check.found);
     json.raw("\",\"expected\":\"");
-    json.raw(check.expected);
+    json.character(check.expected);
     json.raw("\",\"holds\":");
     json.boolean(check.holds);
     json.raw(",\"rule\":");
     json.string(varnel_rule_name(check.rule));
-    json.raw('}');
+    json.raw("}");
   }
-  json.raw('}');
+  json.raw("}");
 }
 
 void write_changes(json_writer &json, const varnel_inspection &inspection) {
@@ -259,7 +138,7 @@ void write_changes(json_writer &json, const varnel_inspection &inspection) {
   for (int i = 0; i < inspection.change_count; ++i) {
     const varnel_change &change = inspection.changes[i];
     if (i > 0) {
-      json.raw(',');
+      json.raw(",");
     }
     json.raw("{\"line\":");
     json.number(change.line);
@@ -271,17 +150,17 @@ void write_changes(json_writer &json, const varnel_inspection &inspection) {
     json.escaped_string(change.to);
     json.raw(",\"reason\":");
     json.string(varnel_change_name(change.reason));
-    json.raw('}');
+    json.raw("}");
   }
-  json.raw(']');
+  json.raw("]");
 }
 
 void write_findings(json_writer &json, const varnel_finding *findings, int count) {
-  json.raw('[');
+  json.raw("[");
   for (int i = 0; i < count; ++i) {
     const varnel_finding &finding = findings[i];
     if (i > 0) {
-      json.raw(',');
+      json.raw(",");
     }
     json.raw("{\"code\":");
     json.string(varnel_finding_name(finding.code));
@@ -291,9 +170,9 @@ void write_findings(json_writer &json, const varnel_finding *findings, int count
     json.number_or_null(finding.line, finding.line < 0);
     json.raw(",\"column\":");
     json.number_or_null(finding.column, finding.column < 0);
-    json.raw('}');
+    json.raw("}");
   }
-  json.raw(']');
+  json.raw("]");
 }
 
 void write_nearest(json_writer &json, const varnel_inspection &inspection) {
@@ -308,13 +187,13 @@ void write_nearest(json_writer &json, const varnel_inspection &inspection) {
   json.raw(",\"lines\":[");
   for (int i = 0; i < form.lines; ++i) {
     if (i > 0) {
-      json.raw(',');
+      json.raw(",");
     }
     json.raw("{\"expected\":");
     json.number(form.width);
     json.raw(",\"found\":");
     json.number(inspection.nearest[i]);
-    json.raw('}');
+    json.raw("}");
   }
   json.raw("]}");
 }
@@ -322,9 +201,9 @@ void write_nearest(json_writer &json, const varnel_inspection &inspection) {
 void write_inspection(json_writer &json, const varnel_inspection &inspection) {
   json.raw("{\"version\":1,\"date\":\"");
   json.padded(inspection.year, 4);
-  json.raw('-');
+  json.raw("-");
   json.padded(inspection.month, 2);
-  json.raw('-');
+  json.raw("-");
   json.padded(inspection.day, 2);
   json.raw("\",\"repair\":");
   json.string(varnel_repair_name(inspection.repair));
@@ -351,7 +230,7 @@ void write_inspection(json_writer &json, const varnel_inspection &inspection) {
   }
   json.raw(",\"chipAccess\":");
   json.string(inspection.chip_access[0] != '\0' ? inspection.chip_access : nullptr);
-  json.raw('}');
+  json.raw("}");
 }
 
 } // namespace
@@ -362,5 +241,5 @@ int varnel_inspection_json(const varnel_inspection *inspection, char *out, size_
   }
   json_writer json(out, size);
   write_inspection(json, *inspection);
-  return json.finish(size);
+  return json.finish();
 }

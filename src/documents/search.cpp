@@ -353,11 +353,7 @@ bool find_zone(passage p, const varnel_inspect_options &options, varnel_inspecti
 
 int find_zones(passage p, const varnel_inspect_options &options, varnel_inspection *inspections,
                int capacity) {
-  const int found = search_for_all(p, options, inspections, capacity).run();
-  if (found == 0) {
-    find_zone(p, options, inspections[0]);
-  }
-  return found;
+  return search_for_all(p, options, inspections, capacity).run();
 }
 
 } // namespace documents

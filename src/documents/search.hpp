@@ -12,8 +12,7 @@ namespace documents {
 bool find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection);
 
 // Finds the zones of the passage that do not overlap, the best first, and writes up to `capacity` records,
-// at least 1, in the order of the page. Returns how many it wrote; without a zone 0, and a refusal in the
-// first record.
+// at least 1, in the order of the page. Returns how many it wrote. Records beyond those may be written over.
 int find_zones(passage p, const varnel_inspect_options &options, varnel_inspection *inspections,
                int capacity);
 
