@@ -1,4 +1,4 @@
-# Varnel for CocoaPods: the core and the Objective-C face, from the sources of every other build.
+# Varnel for CocoaPods: the core and the Objective-C class, from the sources of every other build.
 Pod::Spec.new do |pod|
   pod.name = 'Varnel'
   # The version is written down once, in the umbrella header.

@@ -1,25 +1,25 @@
-# The Objective-C face: src/Varnel.m over the portable entry and export.
+# The Objective-C class: src/Varnel.m over the portable entry and export.
 #
 #   varnel_framework   for iOS: Varnel.framework, see apple/CMakeLists.txt
-#   varnel_foundation  elsewhere: a shared library of the core and the face
+#   varnel_foundation  elsewhere: a shared library of the core and the class
 #
-# Where Foundation is not to be had the face is left out; ON makes that an error.
+# Where Foundation is not available the class is left out; ON makes that an error.
 set(facade_default AUTO)
 if(NOT PROJECT_IS_TOP_LEVEL)
   set(facade_default OFF)
 endif()
-set(VARNEL_BUILD_FACADE ${facade_default} CACHE STRING "Build the Objective-C face: AUTO, ON or OFF")
+set(VARNEL_BUILD_FACADE ${facade_default} CACHE STRING "Build the Objective-C class: AUTO, ON or OFF")
 set_property(CACHE VARNEL_BUILD_FACADE PROPERTY STRINGS AUTO ON OFF)
 if(NOT VARNEL_BUILD_FACADE)
   return()
 endif()
 
-# Says why the face cannot be built; to be followed by return().
+# Says why the class cannot be built; to be followed by return().
 macro(varnel_leave_facade_out reason)
   if(VARNEL_BUILD_FACADE STREQUAL "AUTO")
-    message(STATUS "The Objective-C face is left out: ${reason}")
+    message(STATUS "The Objective-C class is left out: ${reason}")
   else()
-    message(FATAL_ERROR "The Objective-C face cannot be built: ${reason}")
+    message(FATAL_ERROR "The Objective-C class cannot be built: ${reason}")
   endif()
 endmacro()
 
@@ -91,7 +91,7 @@ if(NOT VARNEL_FOUNDATION_COMPILES)
   return()
 endif()
 
-# ---- the face ---------------------------------------------------------------------------------------
+# ---- the class--------------------------------------------------------------------------------------
 
 # What Objective-C code over Foundation is compiled and linked with; shared with the tests.
 add_library(varnel_foundation_options INTERFACE)

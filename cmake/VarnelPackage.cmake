@@ -1,4 +1,4 @@
-# The Objective-C face as an installed library, and the packages that CPack makes: cmake/packages/run makes them.
+# The Objective-C class as an installed library, and the packages that CPack makes: cmake/packages/run makes them.
 
 # What is installed below without naming a component belongs to the command.
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME command)
@@ -6,7 +6,7 @@ if(NOT VARNEL_INSTALL)
   return()
 endif()
 
-# The face is installed when it was asked for by ON. What AUTO finds is for the tests: what is installed does
+# The class is installed when it was asked for by ON. What AUTO finds is for the tests: what is installed does
 # not depend on what else happens to be on the machine.
 if(VARNEL_BUILD_FACADE STREQUAL "ON" AND TARGET varnel_foundation)
   install(TARGETS varnel_foundation LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT foundation)

@@ -7,7 +7,7 @@ int main(void) {
 
   printf("version 06: slot %d\n", utils_barcode2fieldtype(birth, MAP_AAMVA_2D06, MAP_AAMVA_2D06_SIZE, NULL));
 
-  // Version 08 has the element twice. Searching on starts at the row behind the one that was found.
+  // Version 08 has the element twice. Searching on starts at the row after the one that was found.
   int row = 0;
   int slot;
   while ((slot = utils_barcode2fieldtype(birth, MAP_AAMVA_2D08, MAP_AAMVA_2D08_SIZE, &row)) != -1) {

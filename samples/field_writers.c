@@ -7,7 +7,7 @@ int main(void) {
   char buffer[64];
   result_init(&record, buffer, sizeof buffer);
 
-  // A name as it stands in a zone: fillers become blanks, and runs of blanks one.
+  // A name as it stands in a zone: fillers become spaces, and runs of spaces one.
   STRING name = {"VAN<DER<<BERG", 13};
   utils_write_field(&record, FIELD_FAMILY_NAME, &name, "<", " ", ' ');
 
@@ -22,7 +22,7 @@ int main(void) {
     STRING value = record.fields[slots[i]].value;
     printf("slot %2d: %d characters, \"%s\"\n", slots[i], value.len, value.len > 0 ? value.str : "");
   }
-  // One terminator behind each value, but two behind that of the array writer.
+  // One terminator after each value, but two after that of the array writer.
   printf("%d of %d bytes used\n", record.data_size, record.buffer_size);
   return 0;
 }

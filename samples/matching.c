@@ -28,8 +28,8 @@ int main(void) {
 
   // In place, within the room there is.
   char buffer[8] = "A<B<C";
-  STRING filler = {"<", 1}, blanks = {"  ", 2};
-  int length = utils_strreplace(buffer, 5, sizeof buffer, &filler, &blanks);
+  STRING filler = {"<", 1}, spaces = {"  ", 2};
+  int length = utils_strreplace(buffer, 5, sizeof buffer, &filler, &spaces);
   printf("replaced: \"%.*s\"\n", length, buffer);
   return 0;
 }

@@ -27,9 +27,7 @@
  * @code{.c}
  * varnel_document document;
  * if (varnel_read(text, strlen(text), &document) == ERR_OK) {
- *   // document.layout_name is "TD3", document.values[0].key "firstName", document.values[0].value.str its
- * text
- * }
+ *   // document.layout_name is "TD3", values[0].key "firstName" and values[0].value.str "ANNA"
  * @endcode
  *
  * With a record and a buffer of one's own, in steps:

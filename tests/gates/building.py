@@ -69,7 +69,7 @@ LIBRARIES = (CORE, DOCUMENTS)
 
 
 def fail(text):
-    """Ends the gate with the reason it is shut for."""
+    """Ends the gate with the reason it fails for."""
     sys.stdout.flush()
     sys.exit(f"GATE: {text}")
 
@@ -106,7 +106,7 @@ def run(command, **options):
 
 
 def lines_of(path):
-    """The entries of a manifest: one per line, comments and blank lines left out. Never empty."""
+    """The entries of a manifest: one per line, comments and empty lines left out. Never empty."""
     entries = [line.strip() for line in path.read_text().splitlines()]
     entries = [line for line in entries if line and not line.startswith("#")]
     if not entries:

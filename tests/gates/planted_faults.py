@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Plants a fault for each gate in a copy of the project and shows that the gate shuts, and why.
+"""Plants a fault for each gate in a copy of the project and shows that the gate fails, and why.
 
     tests/gates/planted_faults.py [GATE...]
 
-A gate that stays open is reported, and the exit code is 1. The table of CONTRIBUTING.md tells the same.
+A gate that passes is reported, and the exit code is 1. The table of CONTRIBUTING.md tells the same.
 """
 
 import sys
@@ -20,7 +20,7 @@ from building import ROOT, TEST_DEFINES, TEST_INCLUDES, fail, linker, tool
 
 COPY = ROOT / "build" / "planted" / "copy"
 WORK = ROOT / "build" / "planted" / "work"
-LEFT_OUT = ("build", "out", "cli", ".git", "__pycache__")  # the command is not needed to shut a gate
+LEFT_OUT = ("build", "out", "cli", ".git", "__pycache__")  # the command is not needed to make a gate fail
 
 
 @dataclasses.dataclass
@@ -112,7 +112,7 @@ FAULTS = [
     Fault("clang_tidy", "a branch without braces", "src/patterns.cpp", "",
           "int planted(int c);\nint planted(int c) {\n  if (c > 0)\n    return 1;\n  return 2;\n}\n",
           "readability-braces-around-statements"),
-    Fault("cppcheck", "a write behind an array", "src/patterns.cpp", "",
+    Fault("cppcheck", "a write past an array", "src/patterns.cpp", "",
           "int planted() {\n  int two[2] = {1, 2};\n  two[2] = 3;\n  return two[0];\n}\n", "arrayIndexOutOfBounds"),
     Fault("threads", "a counter that all threads share", "src/Varnel.cpp", body_of("varnel_parse_mrz"),
           r"\g<0> static int planted = 0; ++planted;", "data race"),
@@ -183,19 +183,19 @@ def main():
         print("usage: planted_faults.py [GATE...]; the gates: " + ", ".join(sorted(known)), file=sys.stderr)
         return 2
     chosen = [fault for fault in FAULTS if fault.gate in asked or not asked]
-    still_open = 0
+    passing = 0
     for fault in chosen:
         copy_project()
         WORK.mkdir(parents=True, exist_ok=True)
         plant(fault)
         status, said = run_gate(fault)
-        is_shut = status != 0 and re.search(fault.says, said) is not None
-        still_open += 0 if is_shut else 1
+        has_failed = status != 0 and re.search(fault.says, said) is not None
+        passing += 0 if has_failed else 1
         last = said.strip().splitlines()[-1:] or [""]
-        print(f"{'shut' if is_shut else 'OPEN':5} {fault.gate:18} {fault.what}\n      {last[0][:150]}", flush=True)
-        if not is_shut:
+        print(f"{'fails' if has_failed else 'PASSES':6} {fault.gate:18} {fault.what}\n      {last[0][:150]}", flush=True)
+        if not has_failed:
             print(said[-3000:])
-    return 1 if still_open else 0
+    return 1 if passing else 0
 
 
 sys.exit(main())
