@@ -1,7 +1,10 @@
-# 64-bit ARM with Debian's cross-compiler; programs run in qemu.
+# 64-bit ARM with clang over Debian's libraries for cross-compiling; programs run in
+# qemu. (Debian's own cross-compilers cannot be installed beside gcc-multilib.)
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
-set(CMAKE_C_COMPILER aarch64-linux-gnu-gcc)
-set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
+set(CMAKE_C_COMPILER clang)
+set(CMAKE_C_COMPILER_TARGET aarch64-linux-gnu)
+set(CMAKE_CXX_COMPILER clang++)
+set(CMAKE_CXX_COMPILER_TARGET aarch64-linux-gnu)
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64 -L /usr/aarch64-linux-gnu)
 include("${CMAKE_CURRENT_LIST_DIR}/find_here.cmake")

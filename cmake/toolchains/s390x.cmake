@@ -1,7 +1,10 @@
-# IBM Z, which is big-endian, with Debian's cross-compiler; programs run in qemu.
+# IBM Z, which is big-endian, with clang over Debian's libraries for cross-compiling; programs run in
+# qemu. (Debian's own cross-compilers cannot be installed beside gcc-multilib.)
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR s390x)
-set(CMAKE_C_COMPILER s390x-linux-gnu-gcc)
-set(CMAKE_CXX_COMPILER s390x-linux-gnu-g++)
+set(CMAKE_C_COMPILER clang)
+set(CMAKE_C_COMPILER_TARGET s390x-linux-gnu)
+set(CMAKE_CXX_COMPILER clang++)
+set(CMAKE_CXX_COMPILER_TARGET s390x-linux-gnu)
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-s390x -L /usr/s390x-linux-gnu)
 include("${CMAKE_CURRENT_LIST_DIR}/find_here.cmake")
