@@ -53,7 +53,8 @@ class Mutant:
     replacement: str
     kind: str
     line: int
-    before: str  # the touched lines, without outer blanks
+    function: str  # in which it is, or the constant whose value it touches
+    before: str  # the touched tokens with their neighbours, one space between two
     after: str
 
     def apply(self, text):
@@ -244,13 +245,70 @@ def mutants_of(path, text):
             faults += [(token.start, token.end, other, kind) for kind, other in of_token(text, tokens, i)]
     faults += negated_conditions(text, tokens)
     faults += dropped_statements(tokens)
-    return [described(path, text, *fault) for fault in sorted(set(faults))]
+    names = names_of_places(tokens)
+    return [described(path, text, tokens, names, fault) for fault in sorted(set(faults))]
 
 
-def described(path, text, start, end, replacement, kind):
-    first = text.rfind("\n", 0, start) + 1
-    last = text.find("\n", end)
-    last = len(text) if last < 0 else last
-    one_line = lambda lines: " ".join(lines.split())
-    return Mutant(path, start, end, replacement, kind, text.count("\n", 0, start) + 1,
-                  one_line(text[first:last]), one_line(text[first:start] + replacement + text[end:last]))
+def names_of_places(tokens):
+    """For each token the name of the function that it is in, or else of what is declared there."""
+    names, scopes, declared = [], [], ""
+    for i, token in enumerate(tokens):
+        if token.text == "{":
+            scopes.append(name_of_block(tokens, i))
+        names.append(next((name for name in reversed(scopes) if name), declared))
+        if token.text == "}" and scopes:
+            scopes.pop()
+        if token.text in (";", "}") and not any(scopes):
+            declared = ""
+        elif not any(scopes) and token.kind == "word" and i + 1 < len(tokens) and tokens[i + 1].text in ("=", "[", "("):
+            declared = declared or token.text
+    return names
+
+
+def name_of_block(tokens, opening):
+    """The function whose body begins with the brace at `opening`; empty for any other block."""
+    i = opening - 1
+    while i >= 0 and tokens[i].text in ("const", "noexcept", "override"):
+        i -= 1
+    if i < 0 or tokens[i].text != ")":
+        return ""
+    depth = 0
+    while i >= 0:
+        depth += {")": 1, "(": -1}.get(tokens[i].text, 0)
+        if depth == 0:
+            break
+        i -= 1
+    name = tokens[i - 1] if i > 0 else None
+    if name is None or name.kind != "word" or name.text in ("if", "for", "while", "switch"):
+        return ""
+    return name.text
+
+
+NEIGHBOURS, LONGEST = 4, 12
+
+
+def neighbours(tokens):
+    """Up to four tokens of the same statement, of those that come next."""
+    found = []
+    for token in tokens[:NEIGHBOURS]:
+        if token.text in ";{}":
+            break
+        found.append(token.text)
+    return found
+
+
+def shortened(words):
+    return words if len(words) <= LONGEST else [*words[:LONGEST], "..."]
+
+
+def described(path, text, tokens, names, fault):
+    """The mutant, known by its function and a fragment of the code, which other lines do not change."""
+    start, end, replacement, kind = fault
+    inside = [i for i, token in enumerate(tokens) if start <= token.start and token.end <= end]
+    first, last = inside[0], inside[-1]
+    before = neighbours(tokens[:first][::-1])[::-1]
+    after = neighbours(tokens[last + 1:])
+    own = shortened([token.text for token in tokens[first:last + 1]])
+    put = shortened([token.text for token in tokens_of(replacement)])
+    return Mutant(path, start, end, replacement, kind, text.count("\n", 0, start) + 1, names[first],
+                  " ".join([*before, *own, *after]), " ".join([*before, *put, *after]))
