@@ -40,7 +40,9 @@ foreach(expected IN ITEMS
     "group__varnel__document.html;varnel_parse_mrz"
     "group__varnel__types.html;nationality (MRZ)"
     "interfaceVarnel.html;parseMRZStringForDictionary"
-    "utilities.html;Calendar dates")
+    "utilities.html;Calendar dates"
+    "index.html;varnel_read"
+    "index.html;href=\"md_docs_oddities.html\"")
   list(GET expected 0 page)
   list(GET expected 1 words)
   file(GLOB_RECURSE found "${WORK}/html/*${page}")
@@ -51,5 +53,13 @@ foreach(expected IN ITEMS
   string(FIND "${html}" "${words}" at)
   if(at EQUAL -1)
     message(FATAL_ERROR "${page} says nothing of ${words}.")
+  endif()
+endforeach()
+
+# In running text Varnel is the project: the class of that name is not meant.
+foreach(page IN ITEMS index md_docs_guide md_docs_layouts md_docs_oddities)
+  file(READ "${WORK}/html/${page}.html" html)
+  if(html MATCHES "interfaceVarnel.html[^>]*>Varnel</a> (reads|is|offers|has|does|gives)")
+    message(FATAL_ERROR "${page}.html links the project's name to the class.")
   endif()
 endforeach()

@@ -120,8 +120,8 @@ typedef struct varnel_inspect_options {
 
 /** A stretch of the input: bytes from `start` to before `end`. */
 typedef struct varnel_source {
-  uint32_t start;
-  uint32_t end;
+  uint32_t start; /**< of the first byte */
+  uint32_t end;   /**< of the first byte after it */
 } varnel_source;
 
 /** A field of the zone. */
@@ -154,8 +154,8 @@ typedef struct varnel_check {
 
 /** A change of a character. */
 typedef struct varnel_change {
-  uint8_t line; /**< place in the zone, from 0 */
-  uint8_t column;
+  uint8_t line;   /**< place in the zone, from 0 */
+  uint8_t column; /**< and in its line, from 0 */
   uint8_t reason; /**< VARNEL_CHANGE_… */
   char from[5];   /**< UTF-8, NUL-terminated; empty where nothing stood */
   char to[2];     /**< NUL-terminated; empty where nothing stands now */
@@ -171,9 +171,9 @@ typedef struct varnel_finding {
 
 /** An inspected document: a plain value that owns its text. */
 typedef struct varnel_inspection {
-  int16_t year; /**< the reference date */
-  uint8_t month;
-  uint8_t day;
+  int16_t year;           /**< the reference date */
+  uint8_t month;          /**< its month */
+  uint8_t day;            /**< its day */
   uint8_t repair;         /**< VARNEL_REPAIR_… */
   uint8_t verdict;        /**< VARNEL_VERDICT_… */
   uint8_t layout;         /**< VARNEL_LAYOUT_…; VARNEL_LAYOUT_NONE when refused */
@@ -192,9 +192,9 @@ typedef struct varnel_inspection {
   varnel_source source[VARNEL_ZONE_LINES];                /**< where each line stands in the input */
   varnel_inspected_field fields[VARNEL_INSPECTED_FIELDS]; /**< in the order of the zone */
   varnel_check checks[VARNEL_CHECKS];                     /**< in the order of the layout */
-  varnel_change changes[VARNEL_CHANGES];
-  varnel_finding findings[VARNEL_INSPECTION_FINDINGS];
-  varnel_finding notices[VARNEL_INSPECTION_NOTICES];
+  varnel_change changes[VARNEL_CHANGES];                  /**< what was changed by repair */
+  varnel_finding findings[VARNEL_INSPECTION_FINDINGS];    /**< what is wrong */
+  varnel_finding notices[VARNEL_INSPECTION_NOTICES];      /**< what a reader should know */
 } varnel_inspection;
 
 /**
