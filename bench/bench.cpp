@@ -182,6 +182,50 @@ void add_utilities() {
 }
 
 #ifdef VARNEL_BENCH_DOCUMENTS
+constexpr varnel_inspect_options TODAY = {2026, 11, 21, VARNEL_REPAIR_OFF};
+
+// A zone inspected, and what was found written as JSON.
+void add_inspection(const sample &each) {
+  add("inspect/" + each.name, each.text, [](workspace &, const std::string &text) {
+    varnel_inspection inspection;
+    benchmark::DoNotOptimize(varnel_inspect(text.data(), text.size(), &TODAY, &inspection));
+    benchmark::DoNotOptimize(inspection);
+  });
+  varnel_inspection inspection;
+  varnel_inspect(each.text.data(), each.text.size(), &TODAY, &inspection);
+  add("inspection as JSON/" + each.name, each.text, [inspection](workspace &, const std::string &) {
+    char json[4096];
+    benchmark::DoNotOptimize(varnel_inspection_json(&inspection, json, sizeof json));
+    benchmark::DoNotOptimize(json);
+  });
+}
+
+// 64 KiB of text without a zone.
+std::string page_of(const std::string &line) {
+  std::string page;
+  while (page.size() + line.size() <= VARNEL_TEXT_MAX) {
+    page += line;
+  }
+  page.resize(VARNEL_TEXT_MAX, ' ');
+  return page;
+}
+
+void add_page(const std::string &name, const std::string &line) {
+  add("page of 64 KiB/" + name, page_of(line), [](workspace &, const std::string &text) {
+    varnel_inspection inspection;
+    benchmark::DoNotOptimize(varnel_inspect(text.data(), text.size(), &TODAY, &inspection));
+    benchmark::DoNotOptimize(inspection);
+  });
+}
+
+void add_inspections(const std::vector<sample> &layouts) {
+  for (const sample &each : layouts) {
+    add_inspection(each);
+  }
+  add_page("English", "The holder of this document, born in 1974, may pass freely (see note 3) & so on.\n");
+  add_page("Greek", "Ο κάτοχος του παρόντος εγγράφου, που γεννήθηκε το 1974, μπορεί να περάσει ελεύθερα.\n");
+}
+
 // A licence of the usual length: a header, 22 elements and a jurisdiction's subfile.
 void add_licence() {
   const std::string licence =
@@ -271,6 +315,7 @@ int main(int argc, char **argv) {
   }
   add_utilities();
 #ifdef VARNEL_BENCH_DOCUMENTS
+  add_inspections(texts);
   add_licence();
   add_compositions(texts);
 #endif

@@ -165,9 +165,38 @@ namespace {
 
 constexpr unsigned adds(char c) { return BYTES.adds[static_cast<unsigned char>(c)]; }
 
-// Passes over bytes that need no closer look, four at a time and then singly. Returns the first that does,
-// or the end.
-const char *pass_plain_bytes(const char *at, const char *end, uint32_t &kept) {
+constexpr bool is_one_of(unsigned c, unsigned a, unsigned b) { return c == a || c == b; }
+
+// Whether the byte that asks for a closer look begins something that is kept or that ends the line, by what
+// follows it. The letters that look like Latin ones are counted here and need no more.
+bool begins_something(const char *at, const char *end, uint32_t &kept) {
+  const unsigned lead = static_cast<unsigned char>(at[0]);
+  const unsigned second = end - at >= 2 ? static_cast<unsigned char>(at[1]) : 0;
+  switch (lead) {
+  case 0xC2: // NEL and the double signs
+    return second == 0x85 || is_one_of(second, 0xAB, 0xBB);
+  case 0xCE:
+  case 0xD0:
+  case 0xD1: { // Greek and Cyrillic
+    const uint32_t letter = ((lead & 0x1F) << 6 | (second & 0x3F)) - FIRST_LOOK_ALIKE;
+    const bool is_letter = (second & 0xC0) == 0x80 && letter <= LAST_LOOK_ALIKE - FIRST_LOOK_ALIKE;
+    kept += is_letter && LETTERS.letters[letter] != '\0' ? 1u : 0u;
+    return false;
+  }
+  case 0xE2: // line ends and signs for the filler
+    return is_one_of(second, 0x80, 0x89) || is_one_of(second, 0x8C, 0x9F);
+  case 0xE3:
+    return second == 0x80;
+  case 0xEF: // full-width forms
+    return is_one_of(second, 0xBC, 0xBD);
+  default: // ASCII
+    return true;
+  }
+}
+
+// Passes over bytes up to one that begins something to be read as a character, or to the end. Four at a
+// time where none of them asks for a closer look.
+const char *pass_bytes(const char *at, const char *end, uint32_t &kept) {
   for (; end - at >= 4; at += 4) {
     const unsigned sum = adds(at[0]) + adds(at[1]) + adds(at[2]) + adds(at[3]);
     if (sum >= byte_table::LOOK_CLOSER) {
@@ -175,8 +204,12 @@ const char *pass_plain_bytes(const char *at, const char *end, uint32_t &kept) {
     }
     kept += sum;
   }
-  for (; at < end && adds(*at) != byte_table::LOOK_CLOSER; ++at) {
-    kept += adds(*at);
+  for (; at < end; ++at) {
+    if (adds(*at) < byte_table::LOOK_CLOSER) {
+      kept += adds(*at);
+    } else if (begins_something(at, end, kept)) {
+      break;
+    }
   }
   return at;
 }
@@ -194,7 +227,7 @@ bool line_reader::next_of_any(text_line &line) {
   bool single_bytes = true;
   line.begin = at_;
   line.end = at_ = passage_.end;
-  while ((at = pass_plain_bytes(at, end, kept)) < end) {
+  while ((at = pass_bytes(at, end, kept)) < end) {
     const character c = read_character(at, static_cast<uint32_t>(end - at));
     if (c.kind == kind::line_end) {
       line.end = static_cast<uint32_t>(at - passage_.text);

@@ -31,6 +31,9 @@ struct character {
 };
 
 // What single bytes are in a text of UTF-8.
+//
+// Of the bytes above ASCII only those need a closer look that begin a character which is kept or ends a line;
+// all others add nothing, whatever stands around them.
 struct byte_table {
   enum : uint8_t { ADDS_NONE = 0, ADDS_ONE = 1, LOOK_CLOSER = 32 };
 
@@ -38,14 +41,19 @@ struct byte_table {
   char as[256] = {};      // what it is read as; NUL unless it is a kept character by itself
 
   constexpr byte_table() {
-    for (int c = 0; c < 256; ++c) {
+    for (int c = 0; c < 128; ++c) {
       const int capital = ascii::to_upper(c);
-      if (c >= 128 || c == '&' || (c >= '\n' && c <= '\r')) {
+      if (c == '&' || (c >= '\n' && c <= '\r')) {
         adds[c] = LOOK_CLOSER;
       } else if (ascii::is_digit(c) || ascii::is_upper(capital) || c == FILLER) {
         adds[c] = ADDS_ONE;
         as[c] = static_cast<char>(capital);
       }
+    }
+    // U+0080 to U+00BF, Greek, Cyrillic, U+2000 to U+2FFF, U+3000 to U+3FFF, U+F000 to U+FFFF.
+    constexpr int leads[] = {0xC2, 0xCE, 0xD0, 0xD1, 0xE2, 0xE3, 0xEF};
+    for (const int lead : leads) {
+      adds[lead] = LOOK_CLOSER;
     }
   }
 };

@@ -79,22 +79,17 @@ int copy_words(char *out, const char *text, int length) {
   return written;
 }
 
-void write_digits(char *out, int number, int count) {
-  for (int i = count - 1; i >= 0; --i) {
-    out[i] = static_cast<char>('0' + number % 10);
-    number /= 10;
+// A date as ISO 8601 has it: the year's first two digits, then those of the zone, XX for what is unknown.
+void write_date(char *out, int century, const char *digits, int known) {
+  memcpy(out, "00YY-XX-XX", sizeof "00YY-XX-XX");
+  out[0] = static_cast<char>('0' + century / 10);
+  out[1] = static_cast<char>('0' + century % 10);
+  memcpy(out + 2, digits, 2);
+  if (known > 2) {
+    memcpy(out + 5, digits + 2, 2);
   }
-}
-
-// A date as ISO 8601 has it, with XX for a month or day that is 0: unknown.
-void write_date(char *out, date d) {
-  memcpy(out, "0000-XX-XX", sizeof "0000-XX-XX");
-  write_digits(out, d.year, 4);
-  if (d.month != 0) {
-    write_digits(out + 5, d.month, 2);
-  }
-  if (d.day != 0) {
-    write_digits(out + 8, d.day, 2);
+  if (known > 4) {
+    memcpy(out + 8, digits + 4, 2);
   }
 }
 
@@ -474,7 +469,7 @@ private:
     field.year = static_cast<int16_t>(d.year);
     field.month = static_cast<uint8_t>(known > 2 ? d.month : 0);
     field.day = static_cast<uint8_t>(known > 4 ? d.day : 0);
-    write_date(field.value, date_of(field));
+    write_date(field.value, d.year / 100, field.text, known);
     set(field, VARNEL_STATUS_OK, true);
   }
 

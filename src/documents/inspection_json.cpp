@@ -26,7 +26,7 @@ void write_zone(json_writer &json, const varnel_inspection &inspection) {
     if (i > 0) {
       json.raw(",");
     }
-    json.string(inspection.zone[i]);
+    json.array(inspection.zone[i]);
   }
   json.raw("],\"source\":[");
   for (int i = 0; i < inspection.source_count; ++i) {
@@ -78,11 +78,15 @@ void write_additions(json_writer &json, const varnel_inspection &inspection,
 
 void write_field(json_writer &json, const varnel_inspection &inspection,
                  const varnel_inspected_field &field) {
-  json.string(varnel_field_name(field.field));
+  json.array(FIELD_NAMES[field.field]);
   json.raw(":{\"text\":");
-  json.string(field.text);
+  json.array(field.text);
   json.raw(",\"value\":");
-  json.string(field.has_value ? field.value : nullptr);
+  if (field.has_value) {
+    json.array(field.value);
+  } else {
+    json.raw("null");
+  }
   json.raw(",\"line\":");
   json.number(field.line);
   json.raw(",\"column\":");
@@ -90,9 +94,9 @@ void write_field(json_writer &json, const varnel_inspection &inspection,
   json.raw(",\"source\":");
   write_source(json, field.source);
   json.raw(",\"status\":");
-  json.string(varnel_status_name(field.status));
+  json.array(STATUS_NAMES[field.status]);
   json.raw(",\"proof\":");
-  json.string(varnel_proof_name(field.proof));
+  json.array(PROOF_NAMES[field.proof]);
   write_additions(json, inspection, field);
   json.raw("}");
 }
@@ -115,7 +119,7 @@ void write_checks(json_writer &json, const varnel_inspection &inspection) {
     if (i > 0) {
       json.raw(",");
     }
-    json.string(varnel_field_name(check.field));
+    json.array(FIELD_NAMES[check.field]);
     json.raw(":{\"line\":");
     json.number(check.line);
     json.raw(",\"column\":");
@@ -149,7 +153,7 @@ void write_changes(json_writer &json, const varnel_inspection &inspection) {
     json.raw(",\"to\":");
     json.escaped_string(change.to);
     json.raw(",\"reason\":");
-    json.string(varnel_change_name(change.reason));
+    json.array(CHANGE_NAMES[change.reason]);
     json.raw("}");
   }
   json.raw("]");
@@ -163,7 +167,7 @@ void write_findings(json_writer &json, const varnel_finding *findings, int count
       json.raw(",");
     }
     json.raw("{\"code\":");
-    json.string(varnel_finding_name(finding.code));
+    json.array(FINDING_NAMES[finding.code]);
     json.raw(",\"field\":");
     json.string(varnel_field_name(finding.field));
     json.raw(",\"line\":");
@@ -206,9 +210,9 @@ void write_inspection(json_writer &json, const varnel_inspection &inspection) {
   json.raw("-");
   json.padded(inspection.day, 2);
   json.raw("\",\"repair\":");
-  json.string(varnel_repair_name(inspection.repair));
+  json.array(REPAIR_NAMES[inspection.repair]);
   json.raw(",\"verdict\":");
-  json.string(varnel_verdict_name(inspection.verdict));
+  json.array(VERDICT_NAMES[inspection.verdict]);
   json.raw(",\"kind\":");
   json.string(varnel_kind_name(inspection.layout));
   json.raw(",\"layout\":");

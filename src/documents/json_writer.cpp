@@ -21,16 +21,16 @@ void json_writer::character(char c) {
 }
 
 void json_writer::number(unsigned value) {
+  if (value < 10) {
+    character(static_cast<char>('0' + value));
+    return;
+  }
   char digits[10];
   size_t first = sizeof digits;
-  while (value >= 10) {
+  for (; value > 0; value /= 10) {
     digits[--first] = static_cast<char>('0' + value % 10);
-    value /= 10;
   }
-  digits[--first] = static_cast<char>('0' + value);
-  for (; first < sizeof digits; ++first) {
-    character(digits[first]);
-  }
+  raw(digits + first, sizeof digits - first);
 }
 
 void json_writer::number_or_null(int value, bool is_null) {
@@ -63,17 +63,9 @@ void json_writer::string(const char *text) {
     raw("null");
     return;
   }
-  const size_t length = strlen(text);
-  if (room_ - length_ >= length + 2) {
-    out_[length_] = '"';
-    memcpy(out_ + length_ + 1, text, length);
-    out_[length_ + 1 + length] = '"';
-    length_ += length + 2;
-  } else {
-    raw("\"");
-    raw(text, length);
-    raw("\"");
-  }
+  raw("\"");
+  raw(text, strlen(text));
+  raw("\"");
 }
 
 void json_writer::escaped_string(const char *text) {

@@ -39,6 +39,19 @@ public:
   // A string of which no character needs a backslash; null for a null pointer.
   void string(const char *text);
 
+  // The same for a text in an array: the whole array is copied where there is room, at once.
+  template <size_t Size> void array(const char (&text)[Size]) {
+    const size_t length = strlen(text);
+    if (room_ - length_ >= Size + 2) {
+      char *out = out_ + length_;
+      memcpy(out + 1, text, Size);
+      out[0] = out[length + 1] = '"';
+      length_ += length + 2;
+    } else {
+      string(text);
+    }
+  }
+
   // Any string without control characters; null for a null pointer.
   void escaped_string(const char *text);
 

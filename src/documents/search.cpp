@@ -44,16 +44,6 @@ struct shape {
 // The shapes that zones have, the wider the later.
 constexpr shape SHAPES[] = {{3, td1::LINE_LENGTH}, {2, td2::LINE_LENGTH}, {2, td3::LINE_LENGTH}};
 
-// The shape of a whole zone in one line of so many characters.
-constexpr shape shape_of_run(uint32_t kept) {
-  for (const shape s : SHAPES) {
-    if (kept == static_cast<uint32_t>(s.lines * s.width)) {
-      return s;
-    }
-  }
-  return {0, 0};
-}
-
 // Lines that are nearly a zone: how far they are from the widths of a layout.
 struct near_miss {
   shape form = {0, 0};
@@ -105,15 +95,15 @@ struct candidate {
 
 constexpr candidate NO_CANDIDATE = {0, {0, 0}};
 
-// A line's length decides what it can end: at most one candidate.
+// The length of the last line decides what it can end: a zone in lines of that width, or one in a single run.
 candidate candidate_of(const line_window &window) {
-  const shape run = shape_of_run(window.last(1)->kept);
-  if (run.lines > 0) {
-    return {1, run};
-  }
+  const uint32_t kept = window.last(1)->kept;
   for (const shape s : SHAPES) {
-    if (window.has_width(s.lines, s.width)) {
-      return {s.lines, s};
+    if (kept == static_cast<uint32_t>(s.width)) {
+      return window.has_width(s.lines, s.width) ? candidate{s.lines, s} : NO_CANDIDATE;
+    }
+    if (kept == static_cast<uint32_t>(s.lines * s.width)) {
+      return {1, s};
     }
   }
   return NO_CANDIDATE;
@@ -155,21 +145,26 @@ public:
       return false;
     }
     if (!best_is_written_) {
-      evaluate(best_, options_, inspection_);
+      write(best_window_, best_);
     }
     return true;
   }
 
 private:
+  void write(const line_window &window, candidate c) {
+    zone_reading zone;
+    read_zone(passage_.text, window, c, zone);
+    evaluate(zone, options_, inspection_);
+  }
+
   // Of zones that are equally good the last one on the page wins.
   void consider(candidate c) {
-    zone_reading zone;
-    read_zone(passage_.text, window_, c, zone);
-    evaluate(zone, options_, inspection_);
+    write(window_, c);
     const int score = is_zone(inspection_) ? score_of(inspection_) : 0;
     best_is_written_ = score > 0 && score >= best_score_;
     if (best_is_written_) {
-      best_ = zone;
+      best_window_ = window_;
+      best_ = c;
       best_score_ = score;
     }
   }
@@ -239,7 +234,8 @@ private:
   line_window window_;
   int best_score_ = 0;           // 0: no zone yet
   bool best_is_written_ = false; // the record holds the best zone
-  zone_reading best_;
+  line_window best_window_;
+  candidate best_ = NO_CANDIDATE;
   near_miss near_;
 };
 
