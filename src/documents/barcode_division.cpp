@@ -298,12 +298,7 @@ bool find_only_division(division &d, int count) {
 } // namespace
 
 bool read_undivided(barcode_card &card, const char *type, int start, int end, int count) {
-  division d;
-  d.card = &card;
-  d.type = type;
-  d.start = start;
-  d.end = end;
-  d.place_count = 0;
+  division d = {&card, type, start, end, 0, {}, 0, {}};
   const bool divided = count >= 1 && count <= MOST_PLACES && end - start <= int{UINT16_MAX} &&
                        find_places(d) && d.place_count >= count && find_only_division(d, count);
   if (!divided) {

@@ -406,14 +406,14 @@ private:
     if (field.field != VARNEL_SECONDARY_IDENTIFIER) {
       return false;
     }
-    int run = form_.one_field_of_names ? 2 : 0;
+    int fillers = form_.one_field_of_names ? 2 : 0;
     for (int i = 0; i < length; ++i) {
       if (is_filler(field.text[i])) {
-        ++run;
-      } else if (run >= 3) {
+        ++fillers;
+      } else if (fillers >= 3) {
         return true;
       } else {
-        run = 0;
+        fillers = 0;
       }
     }
     return false;

@@ -246,6 +246,7 @@ private:
 // the zone which ends there, is all there is to remember.
 class search_for_all {
 public:
+  // cppcheck-suppress uninitMemberVar // scores are written as the cluster grows, and not read beyond it
   search_for_all(passage p, const varnel_inspect_options &options, varnel_inspection *inspections,
                  int capacity)
       : passage_(p), options_(options), inspections_(inspections), capacity_(capacity) {}

@@ -368,6 +368,7 @@ struct table {
     ISO_STATES(ADD_ISO)
     ICAO_STATES(ADD_ICAO)
     SEEN_STATES(ADD_SEEN)
+    // cppcheck-suppress unreadVariable // where a next name would stand
     WITHDRAWN_STATES(ADD_WITHDRAWN)
 #undef ADD_WITHDRAWN
 #undef ADD_SEEN

@@ -45,13 +45,13 @@ size_t zone_text::end_of_component(size_t index) const {
 
 // The first `full` components as they are, the others up to `all` as initials.
 int zone_text::write_initials(char *out, size_t full, size_t all) const {
-  size_t length = end_of_component(full - 1);
-  memcpy(out, text_, length);
+  size_t written = end_of_component(full - 1);
+  memcpy(out, text_, written);
   for (size_t i = full; i < all; ++i) {
-    out[length++] = FILLER;
-    out[length++] = initials_[i];
+    out[written++] = FILLER;
+    out[written++] = initials_[i];
   }
-  return static_cast<int>(length);
+  return static_cast<int>(written);
 }
 
 int zone_text::write_shortened(char *out, int room) const {

@@ -586,8 +586,8 @@ bool find_reading(passage p, passage page, extent within, int level, found_zone 
       if (!fit) {
         continue;
       }
-      const bool is_zone = found.zone.layout != VARNEL_LAYOUT_NONE;
-      if (is_zone && within == extent::first_zone && lines[0]->begin >= found.end()) {
+      const bool is_found = found.zone.layout != VARNEL_LAYOUT_NONE;
+      if (is_found && within == extent::first_zone && lines[0]->begin >= found.end()) {
         return true;
       }
       const surroundings around = {level, page, lines[0]->begin, lines[form.lines - 1]->end};

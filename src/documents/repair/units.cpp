@@ -268,7 +268,7 @@ int find_twin_in_state(const char *read) {
   for (int i = 0; i < 4; ++i) {
     const bool alike = (i > 0 && is_twin_in_state(read[i - 1], read[i])) ||
                        (i < 3 && is_twin_in_state(read[i], read[i + 1]));
-    char code[STATE];
+    char code[STATE] = {};
     for (int k = 0, size = 0; k < 4; ++k) {
       if (k != i) {
         code[size++] = static_cast<char>(ascii::to_upper(read[k]));
