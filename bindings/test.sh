@@ -3,7 +3,7 @@
 set -eu
 cd "$(dirname "$0")"
 failed=
-for test in python javascript java; do
+for test in python javascript javascript/page java; do
   echo "bindings: testing $test" >&2
   "$test/test.sh" || failed="$failed $test"
 done

@@ -53,7 +53,8 @@ constexpr int first(uint64_t marks) {
 
 // ---- wide words ------------------------------------------------------------------------------------
 
-#if defined(__GNUC__)
+// Where the machine has none, as WebAssembly without SIMD, the compiler would take each of the sixteen apart.
+#if defined(__GNUC__) && (!defined(__wasm__) || defined(__wasm_simd128__))
 
 using wide = unsigned char __attribute__((vector_size(16)));
 

@@ -141,6 +141,7 @@ class Dev(unittest.TestCase):
         sentence, left_out = done.stderr.splitlines()[-2:]
         self.assertRegex(sentence, r"^\./dev: 2 tests passed, 0 failed, 1 skipped \(consumers.swift: no Swift compiler\), in \d+ seconds$")
         self.assertRegex(left_out, r"^\./dev: left out, to be run by './dev test all': gate.allocation ")
+        self.assertRegex(left_out, r"by './dev test bindings': the Python, JavaScript and Java packages, the page and")
 
     def test_all_leaves_nothing_out(self):
         done = self.run_dev("./dev", "test", "all")
