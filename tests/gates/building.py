@@ -15,7 +15,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 JOBS = 2
 LANGUAGE = ["-std=c++17", "-fno-rtti"]
 INCLUDES = [f"-I{ROOT / 'include'}"]
-TEST_INCLUDES = INCLUDES + [f"-I{ROOT / 'tests' / folder}" for folder in ("unit", "reference")]
+TEST_INCLUDES = INCLUDES + [f"-I{ROOT / 'tests' / folder}" for folder in ("unit", "reference")] + [f"-I{ROOT / 'src'}"]
 TEST_DEFINES = [f'-DVARNEL_VECTORS_DIR="{ROOT / "tests" / "vectors"}"']
 
 
