@@ -165,37 +165,52 @@ namespace {
 
 constexpr unsigned adds(char c) { return BYTES.adds[static_cast<unsigned char>(c)]; }
 
-constexpr bool is_one_of(unsigned c, unsigned a, unsigned b) { return c == a || c == b; }
+// What a byte adds to the kept characters of its line, by the byte before it: a row for each byte that begins
+// characters of two or three bytes which are kept or end a line, and a row for all other bytes. LOOK_CLOSER
+// says that such a character begins with the byte before, or that a byte of ASCII wants to be looked at.
+struct pair_table {
+  static constexpr unsigned char LEADS[] = {0xC2, 0xCE, 0xD0, 0xD1, 0xE2, 0xE3, 0xEF};
+  static constexpr int ROWS = 1 + static_cast<int>(sizeof LEADS);
 
-// Whether the byte that asks for a closer look begins something that is kept or that ends the line, by what
-// follows it. The letters that look like Latin ones are counted here and need no more.
-bool begins_something(const char *at, const char *end, uint32_t &kept) {
-  const unsigned lead = static_cast<unsigned char>(at[0]);
-  const unsigned second = end - at >= 2 ? static_cast<unsigned char>(at[1]) : 0;
-  switch (lead) {
-  case 0xC2: // NEL and the double signs
-    return second == 0x85 || is_one_of(second, 0xAB, 0xBB);
-  case 0xCE:
-  case 0xD0:
-  case 0xD1: { // Greek and Cyrillic
-    const uint32_t letter = ((lead & 0x1F) << 6 | (second & 0x3F)) - FIRST_LOOK_ALIKE;
-    const bool is_letter = (second & 0xC0) == 0x80 && letter <= LAST_LOOK_ALIKE - FIRST_LOOK_ALIKE;
-    kept += is_letter && LETTERS.letters[letter] != '\0' ? 1u : 0u;
-    return false;
+  uint8_t row_after[256] = {};
+  uint8_t adds[ROWS][256] = {};
+
+  constexpr pair_table() {
+    for (auto &row : adds) {
+      for (int c = 0; c < 128; ++c) {
+        row[c] = BYTES.adds[c];
+      }
+    }
+    for (int i = 1; i < ROWS; ++i) {
+      row_after[LEADS[i - 1]] = static_cast<uint8_t>(i);
+    }
+    look_closer(0xC2, {0x85, 0xAB, 0xBB, 0xBB}); // NEL and the double signs
+    look_closer(0xE2, {0x80, 0x89, 0x8C, 0x9F}); // line ends and signs for the filler
+    look_closer(0xE3, {0x80, 0x80, 0x80, 0x80});
+    look_closer(0xEF, {0xBC, 0xBD, 0xBD, 0xBD}); // full-width forms
+    for (const look_alike &l : LOOK_ALIKES) {
+      adds[row_after[0xC0 | l.code_point >> 6]][0x80 | (l.code_point & 0x3F)] = byte_table::ADDS_ONE;
+    }
   }
-  case 0xE2: // line ends and signs for the filler
-    return is_one_of(second, 0x80, 0x89) || is_one_of(second, 0x8C, 0x9F);
-  case 0xE3:
-    return second == 0x80;
-  case 0xEF: // full-width forms
-    return is_one_of(second, 0xBC, 0xBD);
-  default: // ASCII
-    return true;
+
+  constexpr const uint8_t *adds_after(unsigned char before) const { return adds[row_after[before]]; }
+
+private:
+  struct four_bytes {
+    unsigned char of[4];
+  };
+
+  constexpr void look_closer(int lead, four_bytes second) {
+    for (const unsigned char c : second.of) {
+      adds[row_after[lead]][c] = byte_table::LOOK_CLOSER;
+    }
   }
-}
+};
+
+constexpr pair_table PAIRS;
 
 // Passes over bytes up to one that begins something to be read as a character, or to the end. Four at a
-// time where none of them asks for a closer look.
+// time where none of them asks for a closer look; first where they and the byte before are all of ASCII.
 const char *pass_bytes(const char *at, const char *end, uint32_t &kept) {
   for (; end - at >= 4; at += 4) {
     const unsigned sum = adds(at[0]) + adds(at[1]) + adds(at[2]) + adds(at[3]);
@@ -204,14 +219,23 @@ const char *pass_bytes(const char *at, const char *end, uint32_t &kept) {
     }
     kept += sum;
   }
-  for (; at < end; ++at) {
-    if (adds(*at) < byte_table::LOOK_CLOSER) {
-      kept += adds(*at);
-    } else if (begins_something(at, end, kept)) {
+  const auto byte = [](char c) { return static_cast<unsigned char>(c); };
+  const uint8_t *row = PAIRS.adds[0];
+  for (; end - at >= 4; at += 4) {
+    const unsigned sum = 0u + row[byte(at[0])] + PAIRS.adds_after(byte(at[0]))[byte(at[1])] +
+                         PAIRS.adds_after(byte(at[1]))[byte(at[2])] +
+                         PAIRS.adds_after(byte(at[2]))[byte(at[3])];
+    if (sum >= byte_table::LOOK_CLOSER) {
       break;
     }
+    kept += sum;
+    row = PAIRS.adds_after(byte(at[3]));
   }
-  return at;
+  for (; at < end && row[byte(*at)] < byte_table::LOOK_CLOSER; ++at) {
+    kept += row[byte(*at)];
+    row = PAIRS.adds_after(byte(*at));
+  }
+  return at < end && byte(*at) >= 128 ? at - 1 : at; // from a second byte back to the first
 }
 
 } // namespace
