@@ -8,7 +8,7 @@
 #include <string.h>
 
 /* No more of a text than this is ever examined: 1023 UTF-16 units, each at most three bytes. */
-enum { EXAMINED_BYTES = 3 * VARNEL_EXAMINED_MAX, JSON_MAX = 16384 };
+enum { EXAMINED_BYTES = 3 * VARNEL_EXAMINED_MAX, JSON_MAX = 32768 };
 
 static jbyteArray bytes_of(JNIEnv *env, const char *text, int length) {
   jbyteArray bytes = (*env)->NewByteArray(env, length);

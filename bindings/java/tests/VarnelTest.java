@@ -12,6 +12,7 @@ import java.nio.file.Path;
 import java.time.LocalDate;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.Locale;
 import java.util.Map;
 import java.util.stream.Stream;
 import org.junit.Test;
@@ -53,6 +54,38 @@ public class VarnelTest {
       }
     }
     assertTrue(compared + " vectors", compared > 100);
+  }
+
+  /** JSON without the white space between its tokens. */
+  private static String compact(String json) {
+    return json.replaceAll("\\s+(?=(?:[^\"]*\"[^\"]*\")*[^\"]*$)", "");
+  }
+
+  /** The text value of a key that stands in the outermost object first. */
+  private static String first(String json, String key) {
+    return json.replaceFirst("(?s).*?\"" + key + "\": ?\"([^\"]*)\".*", "$1");
+  }
+
+  @Test
+  public void everyVectorIsInspectedAsInC() throws IOException {
+    int compared = 0;
+    try (Stream<Path> files = Files.list(ROOT.resolve("tests/documents/vectors"))) {
+      for (Path file : (Iterable<Path>) files.filter(f -> f.toString().endsWith(".json")).sorted()::iterator) {
+        final String expected = Files.readString(file);
+        final String text = Files.readString(Path.of(file.toString().replaceAll("json$", "txt")));
+        final LocalDate date = LocalDate.parse(first(expected, "date"));
+        final Varnel.Repair repair = Varnel.Repair.valueOf(first(expected, "repair").toUpperCase(Locale.ROOT));
+        assertEquals(file.toString(), compact(expected), Varnel.inspect(text, date, repair));
+        compared++;
+      }
+    }
+    assertTrue(compared + " vectors", compared > 40);
+  }
+
+  @Test
+  public void aZoneIsRepaired() throws IOException {
+    final String json = Varnel.inspect(passport().replace("7408122F", "74O8122F"), DATE, Varnel.Repair.COLUMNS);
+    assertTrue(json, json.contains("\"repair\":\"columns\",\"verdict\":\"repaired\""));
   }
 
   @Test
