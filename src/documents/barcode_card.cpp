@@ -92,49 +92,57 @@ int write_character(char *out, const char *character, int bytes) {
 
 using printable_characters = character_set<range<' ', '~'>>;
 
-struct copied_value {
-  int length; // characters in the record's free space
+// Where a value that goes to the record's free space may end, so that a NUL has room after it.
+int room_of(const barcode_card &card) { return free_size(card.record) - 2; }
+
+// Copies a text to the record's free space and returns its length; when it does not fit, the card has no
+// room.
+int copy_text(barcode_card &card, STRING text) {
+  if (text.len > room_of(card)) {
+    card.has_room = false;
+    return 0;
+  }
+  memmove(free_space(card.record), text.str, static_cast<size_t>(text.len)); // it may stand there already
+  return text.len;
+}
+
+struct clean_value {
+  STRING text;
   bool controls_left_out;
 };
 
-// Copies a value to the record's free space as UTF-8. There is always room for a NUL after it; when there is
-// not, the card has no room.
-copied_value copy_value(barcode_card &card, STRING value) {
-  char *out = free_space(card.record);
-  const int room = free_size(card.record) - 2;
+// A trimmed value as UTF-8 without control characters: itself, or written to the record's free space. When it
+// does not fit there, the card has no room.
+clean_value clean(barcode_card &card, STRING value) {
   if (printable_characters::covers(value)) { // the usual value: nothing to encode or to leave out
-    if (value.len > room) {
-      card.has_room = false;
-      return copied_value{0, false};
-    }
-    memcpy(out, value.str, static_cast<size_t>(value.len));
-    return copied_value{value.len, false};
+    return clean_value{value, false};
   }
-  copied_value copied = {0, false};
+  clean_value cleaned = {{free_space(card.record), 0}, false};
+  char *out = free_space(card.record);
+  int length = 0;
   for (int at = 0; at < value.len;) {
     const char *character = value.str + at;
     const int bytes = utf8::sequence_length(character, static_cast<size_t>(value.len - at));
     at += bytes;
     if (is_control(character, bytes)) {
-      copied.controls_left_out = true;
+      cleaned.controls_left_out = true;
       continue;
     }
-    if (*character == ' ' && copied.length == 0) {
+    if (*character == ' ' && length == 0) {
       continue; // padding that stood after a control character
     }
     char encoded[4];
     const int size = write_character(encoded, character, bytes);
-    if (copied.length + size > room) {
+    if (length + size > room_of(card)) {
       card.has_room = false;
-      return copied_value{0, false};
+      return cleaned;
     }
-    memcpy(out + copied.length, encoded, static_cast<size_t>(size));
-    copied.length += size;
+    memcpy(out + length, encoded, static_cast<size_t>(size));
+    length += size;
   }
-  STRING stored = {out, copied.length};
-  trim_end(stored);
-  copied.length = stored.len;
-  return copied;
+  cleaned.text.len = length;
+  trim_end(cleaned.text);
+  return cleaned;
 }
 
 // ---- dates ----------------------------------------------------------------------------------------------
@@ -208,10 +216,10 @@ void store_date(barcode_card &card, int key, int slot, STRING value, int offset)
   if (found.separated) {
     add_finding(card.info, VARNEL_BARCODE_DATE_SEPARATORS, offset, name.text);
   }
-  const copied_value copied = copy_value(card, STRING{date, sizeof date});
-  fill_slot(card.record, slot, copied.length);
+  const int length = copy_text(card, STRING{date, sizeof date});
+  fill_slot(card.record, slot, length);
   card.dates[card.date_count] = stored_date{key, offset, month_first};
-  card.date_count += copied.length > 0 ? 1 : 0;
+  card.date_count += length > 0 ? 1 : 0;
 }
 
 // ---- other values ---------------------------------------------------------------------------------------
@@ -219,18 +227,15 @@ void store_date(barcode_card &card, int key, int slot, STRING value, int offset)
 void store_sex(barcode_card &card, STRING value) {
   const char c = value.len == 1 ? value.str[0] : '\0';
   const char *sex = c == '1' || c == 'M' ? "M" : c == '2' || c == 'F' ? "F" : "";
-  fill_slot(card.record, FIELD_SEX, copy_value(card, STRING{sex, text_length(sex)}).length);
+  fill_slot(card.record, FIELD_SEX, copy_text(card, STRING{sex, text_length(sex)}));
 }
 
-void store_text(barcode_card &card, int key, int slot, STRING value, int offset) {
-  const copied_value copied = copy_value(card, value);
-  if (copied.controls_left_out) {
-    add_finding(card.info, VARNEL_BARCODE_CONTROL, offset, element_name(key).text);
-  }
+void store_text(barcode_card &card, int slot, STRING value, int offset) {
+  const int length = copy_text(card, value);
   if (slot == FIELD_MIDDLE_NAME) {
-    store_names(card, slot, copied.length);
+    store_names(card, slot, length);
   } else {
-    fill_slot(card.record, slot, copied.length);
+    fill_slot(card.record, slot, length);
   }
   if (slot == FIELD_FULL_NAME) {
     card.full_name_at = offset;
@@ -391,14 +396,21 @@ void read_element(barcode_card &card, int key, int at, int start, int end) {
   STRING value = {card.text + start, end - start};
   trim_start(value);
   trim_end(value);
-  if (value.len == 0 || (slot != FIELD_FAMILY_NAME && is_placeholder(value))) {
+  const clean_value cleaned = clean(card, value);
+  value = cleaned.text;
+  const bool missing = value.len == 0 || (slot != FIELD_FAMILY_NAME && is_placeholder(value));
+  const bool repeated = !missing && !is_empty(card.record->fields[slot].value);
+  if (cleaned.controls_left_out && !repeated) {
+    add_finding(card.info, VARNEL_BARCODE_CONTROL, start, element_name(key).text);
+  }
+  if (missing) {
     return;
   }
   ++card.known_elements;
   if (!own) {
     add_finding(card.info, VARNEL_BARCODE_OTHER_TABLE, at, element_name(key).text);
   }
-  if (!is_empty(card.record->fields[slot].value)) {
+  if (repeated) {
     add_finding(card.info, VARNEL_BARCODE_REPEATED, at, element_name(key).text);
     keep_element(card.info, key, start, end);
     return;
@@ -408,6 +420,6 @@ void read_element(barcode_card &card, int key, int at, int start, int end) {
   } else if (slot == FIELD_SEX) {
     store_sex(card, value);
   } else {
-    store_text(card, key, slot, value, start);
+    store_text(card, slot, value, start);
   }
 }

@@ -477,6 +477,18 @@ static const ValueRow VALUES[] = {
      FIELD_ADDRESS_STREET_1, "12", "controlCharacter"},
     {"DAG", "\x01 12 ELM \x01", FIELD_ADDRESS_STREET_1, "12 ELM", "controlCharacter"},
     {"DAG", "\x01\x02", FIELD_ADDRESS_STREET_1, "", "controlCharacter"},
+    {"DAG", "NO\x1ENE", FIELD_ADDRESS_STREET_1, "", "controlCharacter"},
+    {"DAC", "\x1EUNAVL\x1E", FIELD_FIRST_NAME, "", "controlCharacter"},
+    {"DBB",
+     "\x1E"
+     "02281990\x7F",
+     FIELD_BIRTH_DATE, "19900228", "controlCharacter"},
+    {"DBB", "0228\t1990", FIELD_BIRTH_DATE, "19900228", "controlCharacter"},
+    {"DBB",
+     "0000\x1E"
+     "0000",
+     FIELD_BIRTH_DATE, "", "controlCharacter"},
+    {"DBC", "2\x1E", FIELD_SEX, "F", "controlCharacter"},
 };
 
 TEST(Barcode, TakesValuesAsTheyStandButTrimmed) {
