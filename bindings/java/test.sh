@@ -7,5 +7,7 @@ out=$(dirname "$jar")
 junit=/usr/share/java/junit4.jar:/usr/share/java/hamcrest-core.jar
 mkdir -p "$out/tests"
 javac --release 17 -cp "$jar:$junit" -d "$out/tests" "$here"/tests/*.java
+javac --release 17 -cp "$jar" -d "$out/tests" "$here/../../samples/bindings/ParseZone.java"
+java -Djava.library.path="$out" -cp "$jar:$out/tests" ParseZone | diff "$here/../../samples/passport.out" -
 java -Dvarnel.root="$here/../.." -Djava.library.path="$out" -Xcheck:jni -cp "$jar:$out/tests:$junit" \
   org.junit.runner.JUnitCore VarnelTest

@@ -12,6 +12,8 @@ cp "$here"/tests/* "$out/site/"
 rm -rf "$out/site/node_modules"
 (cd "$out/site" && npm install --silent --no-save --no-package-lock --no-audit --no-fund --offline "$package")
 VARNEL_ROOT=$here/../.. node --test "$out/site/"
+cp "$here/../../samples/bindings/inspect_zone.mjs" "$out/site/"
+node "$out/site/inspect_zone.mjs" | diff "$here/../../samples/bindings/inspect_zone.out" -
 "$here/types.sh" --check
 (cd "$out/site" && "$out/tools/node_modules/.bin/tsc" --noEmit --strict --target es2022 --module nodenext \
   --moduleResolution nodenext types.ts)

@@ -11,6 +11,7 @@ site=$(cd "$site" && pwd)
 cd "$here"
 export PYTHONPATH="$site" PYTHONDONTWRITEBYTECODE=1
 /usr/bin/python3 -m unittest discover -s tests
+/usr/bin/python3 ../../samples/bindings/inspect_zone.py | diff ../../samples/bindings/inspect_zone.out -
 /usr/bin/python3 -c 'import doctest, sys, varnel
 failed, tried = doctest.testmod(varnel)
 print(f"{tried} examples in docstrings, {failed} failed")
