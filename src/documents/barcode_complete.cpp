@@ -100,9 +100,8 @@ bool copies_fit(const barcode_card &card, STRING name) {
 }
 
 void split_names(barcode_card &card) {
-  const bool complete = is_filled(card, FIELD_FAMILY_NAME) && is_filled(card, FIELD_FIRST_NAME) &&
-                        is_filled(card, FIELD_MIDDLE_NAME);
-  if (complete) {
+  if (is_filled(card, FIELD_FAMILY_NAME) && is_filled(card, FIELD_FIRST_NAME) &&
+      is_filled(card, FIELD_MIDDLE_NAME)) {
     return;
   }
   const STRING full_name = card.record->fields[FIELD_FULL_NAME].value;

@@ -246,7 +246,7 @@ private:
     const int length = number.write(text);
     const int own = length < place.length ? length : place.length;
     memcpy(columns_of(place), text, static_cast<size_t>(own));
-    if (length > own) {
+    if (length > place.length) {
       write_rest_of_number(text, own, length);
     }
     return true;

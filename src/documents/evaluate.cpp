@@ -461,7 +461,7 @@ private:
     }
   }
 
-  void finish_date(varnel_inspected_field &field, date d, int known) {
+  static void finish_date(varnel_inspected_field &field, date d, int known) {
     if (!exists(d)) {
       set(field, VARNEL_STATUS_NOT_A_DATE, false);
       return;
@@ -486,7 +486,7 @@ private:
     }
   }
 
-  int proof_of(const varnel_inspected_field &field, field_kind kind, const varnel_check *check) {
+  int proof_of(const varnel_inspected_field &field, field_kind kind, const varnel_check *check) const {
     if (field.status != VARNEL_STATUS_OK) {
       return VARNEL_PROOF_NONE;
     }
@@ -551,7 +551,7 @@ private:
   void compare_expiry() {
     const varnel_inspected_field *expiry = field_of(VARNEL_EXPIRY_DATE);
     if (expiry != nullptr && expiry->status == VARNEL_STATUS_OK) {
-      out_.expired = is_before(date_of(*expiry), reference_);
+      out_.expired = is_before(date_of(*expiry), reference_) ? 1 : 0;
     }
   }
 

@@ -8,8 +8,6 @@ namespace documents::repair {
 
 namespace {
 
-constexpr bool is_plain(char c) { return ascii::is_alnum(c) || c == FILLER; }
-
 // Letters and digits may stand there: what is changed among them is changed for a check digit.
 bool is_mixed(const layout &form, int line, int column) {
   for (int i = 0; i < form.field_count; ++i) {
