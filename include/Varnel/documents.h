@@ -12,5 +12,6 @@
 #include <Varnel/documents/barcode.h>
 #include <Varnel/documents/compose.h>
 #include <Varnel/documents/inspect.h>
+#include <Varnel/documents/looks.h>
 
 #endif

@@ -526,6 +526,9 @@ private:
       if ((zone_.unproven >> field.field & 1u) != 0) {
         finding(field, VARNEL_FINDING_UNPROVEN);
       }
+      if ((zone_.differing >> field.field & 1u) != 0) {
+        finding(field, VARNEL_FINDING_LOOKS_DIFFER);
+      }
     }
     const varnel_check *composite = check_of(VARNEL_COMPOSITE);
     if (composite != nullptr && !composite->holds) {

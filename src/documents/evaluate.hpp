@@ -15,6 +15,7 @@ struct zone_reading {
   varnel_source sources[VARNEL_ZONE_LINES][VARNEL_ZONE_WIDTH];
   bool dropped[VARNEL_ZONE_LINES]; // characters other than white space were dropped within the line
   uint32_t unproven;               // 1 << field: a value that may have been misread (finding `unproven`)
+  uint32_t differing;              // 1 << field: looks prove two values of it (finding `looksDiffer`)
 };
 
 // Empties the record and writes the reference date and the level of repair into it.

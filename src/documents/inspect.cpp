@@ -1,17 +1,12 @@
 #include <Varnel/documents/inspect.h>
 
-#include "calendar.hpp"
+#include "arguments.hpp"
 #include "repair/repair.hpp"
 #include "search.hpp"
 
 using namespace documents;
 
 namespace {
-
-bool are_valid(const varnel_inspect_options *options) {
-  return options != nullptr && exists(date{options->year, options->month, options->day}) &&
-         options->repair >= VARNEL_REPAIR_OFF && options->repair <= VARNEL_REPAIR_DIGITS;
-}
 
 bool is_valid(const char *text, size_t size) {
   return size <= VARNEL_TEXT_MAX && (text != nullptr || size == 0);

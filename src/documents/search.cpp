@@ -111,6 +111,7 @@ candidate candidate_of(const line_window &window) {
 
 void read_zone(const char *text, const line_window &window, candidate c, zone_reading &zone) {
   zone.unproven = 0;
+  zone.differing = 0;
   for (bool &dropped : zone.dropped) {
     dropped = false;
   }

@@ -43,23 +43,6 @@ int likelihood_of_lookalikes(const char *number, int length) {
   return likelihood;
 }
 
-// Up to three letters, then digits, then fillers: as most states print it. A look-alike would stand out.
-bool is_plain(const char *number, int length) {
-  int i = 0;
-  while (i < 3 && ascii::is_upper(number[i])) {
-    ++i;
-  }
-  const int letters = i;
-  while (i < length && ascii::is_digit(number[i])) {
-    ++i;
-  }
-  const bool has_digits = i > letters;
-  while (i < length && number[i] == FILLER) {
-    ++i;
-  }
-  return has_digits && i == length;
-}
-
 int length_of(const char *number) {
   int length = NUMBER;
   while (length > 0 && number[length - 1] == FILLER) {
@@ -161,9 +144,25 @@ bool read_number(const noisy_line &line, int at, int length, bool may_have_twin,
   return length_of(text) > 0 && (length == NUMBER + 1 || number.holds);
 }
 
+bool is_plain_number(const char *number, int length) {
+  int i = 0;
+  while (i < 3 && ascii::is_upper(number[i])) {
+    ++i;
+  }
+  const int letters = i;
+  while (i < length && ascii::is_digit(number[i])) {
+    ++i;
+  }
+  const bool has_digits = i > letters;
+  while (i < length && number[i] == FILLER) {
+    ++i;
+  }
+  return has_digits && i == length;
+}
+
 bool is_unproven(const char *number, int length, const surroundings &around) {
   constexpr int tolerated = CERTAIN * 8 / 92; // the number itself is at least 92 % of all that holds
-  return !is_plain(number, length) && likelihood_of_lookalikes(number, length) > tolerated &&
+  return !is_plain_number(number, length) && likelihood_of_lookalikes(number, length) > tolerated &&
          !around.print(number, length);
 }
 

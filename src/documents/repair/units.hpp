@@ -100,6 +100,9 @@ bool read_number(const noisy_line &line, int at, int length, bool may_have_twin,
 // Says what can be told about a number: changes it where one look-alike alone makes its digit hold.
 void judge_number(number_unit &number, const surroundings &around);
 
+// Up to three letters, then digits, then fillers: as most states print it. A look-alike would stand out.
+bool is_plain_number(const char *number, int length);
+
 // Whether a number whose digit holds would hold as well with likely look-alikes in it, and is printed nowhere
 // else.
 bool is_unproven(const char *number, int length, const surroundings &around);
