@@ -25,13 +25,28 @@ bool is_pair(const char *pairs, char first, char second) {
   return false;
 }
 
+// By character; NUL for one that stands for no digit.
+struct digit_table {
+  char digit[128] = {};
+
+  constexpr digit_table() {
+    for (char c = '0'; c <= '9'; ++c) {
+      digit[static_cast<int>(c)] = c;
+    }
+    constexpr char pairs[] = "O0Q0D0U0C0o0c0d0q0I1L1T1J1l1i1t1Z2z2S5s5G6b6B8g8A4y4h4";
+    for (int i = 0; pairs[i] != '\0'; i += 2) {
+      digit[static_cast<int>(pairs[i])] = pairs[i + 1];
+    }
+  }
+};
+
+constexpr digit_table DIGITS;
+
 } // namespace
 
 char digit_for(char c) {
-  if (ascii::is_digit(c)) {
-    return c;
-  }
-  return find_second("O0Q0D0U0C0o0c0d0q0I1L1T1J1l1i1t1Z2z2S5s5G6b6B8g8A4y4h4", c);
+  const unsigned char index = static_cast<unsigned char>(c);
+  return index < sizeof DIGITS.digit ? DIGITS.digit[index] : '\0';
 }
 
 char other_digit_for(char c) { return find_second("T7g4S8s8I9Z7", c); }
@@ -84,7 +99,9 @@ bool are_alike(char a, char b) {
   return false;
 }
 
-bool is_twin(char first, char second) { return is_pair("0OO01II15SS58BB82ZZ2", first, second); }
+bool is_twin(char first, char second) {
+  return ascii::is_digit(first) != ascii::is_digit(second) && is_pair("0OO01II15SS58BB82ZZ2", first, second);
+}
 
 bool is_twin_in_state(char first, char second) {
   const char pairs[] = "0O1I2Z5S8B6G3JOCTI1T1L0D0Q";

@@ -34,32 +34,64 @@ char read_symbol(const char *text, int length) {
   return '\0';
 }
 
-// What a line of a zone has some of; lines without are passed over at once.
-constexpr uint32_t FEWEST_DIGITS = 6;
+constexpr bool ends_line(unsigned char c) { return c >= '\n' && c <= '\r'; }
 
-constexpr bool ends_line(char c) { return c >= '\n' && c <= '\r'; }
+// The last bytes of the signs that stand in for a filler, in UTF-8, and what closes "&lt;".
+constexpr bool may_end_filler(unsigned char c) {
+  return c == '<' || c == ';' || c == 0x88 || c == 0x9C || c == 0xA4 || c == 0xA8 || c == 0xA9 || c == 0xAB ||
+         c == 0xB9 || c == 0xBA || c == 0xBB;
+}
 
-// A filler, or a byte that the signs which stand in for one have.
-constexpr bool is_like_filler(char c) {
-  return c == '<' || c == '\xAB' || c == '\xB9' || c == '\x9C' || c == '\xBA' || c == '\xBB' || c == '\x88' ||
-         c == '\xA4' || c == '\xA8' || c == '\xA9' || c == ';';
+// What a byte adds to the counts of a line: small letters, capitals, digits and fillers, of 16 bits each.
+struct count_table {
+  uint64_t adds[256] = {};
+
+  static constexpr int SMALL = 0;
+  static constexpr int CAPITAL = 16;
+  static constexpr int DIGIT = 32;
+  static constexpr int LIKE_FILLER = 48;
+
+  constexpr count_table() {
+    for (int c = 0; c < 256; ++c) {
+      adds[c] = ascii::is_lower(c)                              ? uint64_t{1} << SMALL
+                : ascii::is_upper(c)                            ? uint64_t{1} << CAPITAL
+                : ascii::is_digit(c)                            ? uint64_t{1} << DIGIT
+                : may_end_filler(static_cast<unsigned char>(c)) ? uint64_t{1} << LIKE_FILLER
+                                                                : 0;
+    }
+  }
+};
+
+constexpr count_table COUNTS;
+
+constexpr uint32_t LONGEST_IN_BYTES = 1024; // with all the noise and white space in it
+
+// Whether a line of these counts may be one of a zone: neither prose nor too long or short.
+bool may_be_zone(uint64_t counts) {
+  const auto count = [counts](int of) { return static_cast<int>(counts >> of & 0xFFFF); };
+  const int small = count(count_table::SMALL);
+  const int capitals = count(count_table::CAPITAL);
+  const int digits = count(count_table::DIGIT);
+  const int fillers = count(count_table::LIKE_FILLER);
+  constexpr int fewest_digits = 6;
+  const bool prose = capitals > 0 && small > capitals + digits + fillers;
+  return !prose && (digits >= fewest_digits || fillers > 0) && small + capitals + digits <= LONGEST_LINE;
 }
 
 } // namespace
 
 bool noisy_line_reader::next(noisy_line &line) {
+  const unsigned char *bytes = reinterpret_cast<const unsigned char *>(passage_.text);
   while (at_ < passage_.end) {
     const uint32_t begin = at_;
-    uint32_t digits = 0;
-    uint32_t fillers = 0;
     uint32_t end = begin;
-    for (; end < passage_.end && !ends_line(passage_.text[end]); ++end) {
-      digits += ascii::is_digit(passage_.text[end]);
-      fillers += is_like_filler(passage_.text[end]);
+    uint64_t counts = 0;
+    for (; end < passage_.end && !ends_line(bytes[end]); ++end) {
+      counts += COUNTS.adds[bytes[end]];
     }
     at_ = end + 1;
-    const bool may_be_zone = end - begin >= SHORTEST_LINE / 2 && (digits >= FEWEST_DIGITS || fillers > 0);
-    if (may_be_zone && read(begin, end, line)) {
+    const bool may_fit = end - begin >= SHORTEST_LINE / 2 && end - begin <= LONGEST_IN_BYTES;
+    if (may_fit && may_be_zone(counts) && read(begin, end, line)) {
       return true;
     }
   }

@@ -102,6 +102,20 @@ bool make_digits(date_unit &date) {
   return (holds(text) || take_second_meaning(read, text)) && may_exist(text, known);
 }
 
+// Whether it is worth while to look closer: a month begins with 0 or 1, a day with 0 to 3.
+bool may_be_date(const char *read, int length) {
+  if (digit_for(read[0]) == '\0') {
+    return false;
+  }
+  if (length > DATE + 1) {
+    return true;
+  }
+  const char month = digit_for(read[2]);
+  const char day = digit_for(read[4]);
+  return (read[2] == FILLER || (month != '\0' && month <= '1') || other_digit_for(read[2]) != '\0') &&
+         (read[4] == FILLER || (day != '\0' && day <= '3') || other_digit_for(read[4]) != '\0');
+}
+
 // A seven is read twice as a letter and as a digit.
 bool is_twin_in_date(char first, char second) {
   return is_twin(first, second) || (first == 'T' && second == '7') || (first == '7' && second == 'T');
@@ -110,10 +124,10 @@ bool is_twin_in_date(char first, char second) {
 } // namespace
 
 bool read_date(const noisy_line &line, int at, int length, date_unit &date) {
-  date = date_unit{};
-  if (at + length > line.size) {
+  if (at + length > line.size || !may_be_date(line.text + at, length)) {
     return false;
   }
+  date = date_unit{};
   int dropped = -1;
   for (int i = at; length > DATE + 1 && i + 1 < at + length; ++i) {
     if (is_twin_in_date(line.text[i], line.text[i + 1])) {
