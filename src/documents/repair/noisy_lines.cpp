@@ -74,7 +74,7 @@ bool may_be_zone(uint64_t counts) {
   const int digits = count(count_table::DIGIT);
   const int fillers = count(count_table::LIKE_FILLER);
   constexpr int fewest_digits = 6;
-  const bool prose = capitals > 0 && small > capitals + digits + fillers;
+  const bool prose = capitals > 0 && small > 2 * (capitals + digits + fillers);
   return !prose && (digits >= fewest_digits || fillers > 0) && small + capitals + digits <= LONGEST_LINE;
 }
 
