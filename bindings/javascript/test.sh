@@ -11,7 +11,7 @@ cp "$here/tests/package.json" "$here/tests/package-lock.json" "$out/tools/"
 cp "$here"/tests/* "$out/site/"
 rm -rf "$out/site/node_modules"
 (cd "$out/site" && npm install --silent --no-save --no-package-lock --no-audit --no-fund --offline "$package")
-VARNEL_ROOT=$here/../.. node --test "$out/site/"
+VARNEL_ROOT=$here/../.. node --test "$out/site/varnel.test.js"
 cp "$here/../../samples/bindings/inspect_zone.mjs" "$out/site/"
 node "$out/site/inspect_zone.mjs" | diff "$here/../../samples/bindings/inspect_zone.out" -
 "$here/types.sh" --check
