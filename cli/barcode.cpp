@@ -73,7 +73,7 @@ private:
 int run(const arguments &asked, output &out) {
   barcode command(asked, out);
   // One byte more than can be read, so that a longer text is seen to be too long.
-  return read_documents(asked, out, command, VARNEL_BARCODE_TEXT_MAX + 1);
+  return read_documents(asked, out, command, VARNEL_BARCODE_TEXT_MAX + 1, reading::exact);
 }
 
 } // namespace

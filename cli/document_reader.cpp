@@ -17,7 +17,33 @@ bool begins_with(std::string_view text, std::string_view start) {
   return text.substr(0, start.size()) == start;
 }
 
-bool is_blank(std::string_view bytes) { return bytes.find_first_not_of(" \t") == std::string_view::npos; }
+// White space that is left of a line which is empty to the eye: the first two in plain text, in exact text
+// all that Unicode has, and a byte order mark.
+constexpr std::string_view WHITE_SPACE[] = {" ",
+                                            "\t",
+                                            "\v",
+                                            "\f",
+                                            "\xC2\x85",
+                                            "\xC2\xA0",
+                                            "\xE1\x9A\x80",
+                                            "\xE2\x80\x80",
+                                            "\xE2\x80\x81",
+                                            "\xE2\x80\x82",
+                                            "\xE2\x80\x83",
+                                            "\xE2\x80\x84",
+                                            "\xE2\x80\x85",
+                                            "\xE2\x80\x86",
+                                            "\xE2\x80\x87",
+                                            "\xE2\x80\x88",
+                                            "\xE2\x80\x89",
+                                            "\xE2\x80\x8A",
+                                            "\xE2\x80\xA8",
+                                            "\xE2\x80\xA9",
+                                            "\xE2\x80\xAF",
+                                            "\xE2\x81\x9F",
+                                            "\xE3\x80\x80",
+                                            UTF8_MARK};
+constexpr std::size_t PLAIN_WHITE_SPACE = 2;
 
 // Lines of the layouts of ICAO Doc 9303, and whole zones on one line: how many of a width make a zone.
 std::size_t lines_of_zone(std::size_t width) {
@@ -63,6 +89,7 @@ void document_reader::open(read_function read) {
   line_ = 1;
   zone_.clear();
   zone_lines_ = zone_width_ = 0;
+  begun_.clear();
   forget();
 }
 
@@ -90,7 +117,12 @@ bool document_reader::fill() {
     }
     if (after_cr_ && from_ < to_) {
       after_cr_ = false;
-      from_ += input_[from_] == '\n' ? 1 : 0;
+      if (input_[from_] == '\n') {
+        ++from_;
+        if (exact_ && length_ > 0) {
+          hold("\n");
+        }
+      }
     }
   }
   return from_ < to_;
@@ -115,7 +147,7 @@ void document_reader::skip_byte_order_mark() {
   while (to_ == 1 && !ended_ && (input_[0] == UTF16_MARKS[0][0] || input_[0] == UTF16_MARKS[1][0])) {
     read_more();
   }
-  from_ = begins_with(text(), UTF8_MARK) ? UTF8_MARK.size() : 0;
+  from_ = !exact_ && begins_with(text(), UTF8_MARK) ? UTF8_MARK.size() : 0;
   utf16_ = begins_with(text(), UTF16_MARKS[0]) || begins_with(text(), UTF16_MARKS[1]);
   if (utf16_) {
     failed_ = ended_ = true;
@@ -170,7 +202,22 @@ std::size_t document_reader::line_end() {
   if (feed_ <= from_ && input_[from_] != '\n') {
     feed_ = find('\n', to_);
   }
-  return find('\r', std::max(feed_, from_));
+  const std::size_t end = find('\r', std::max(feed_, from_));
+  return exact_ && split_ == split::block ? find('\f', find('\v', end)) : end;
+}
+
+// The line is blank until something other than white space stands in it. Its bytes come piece by piece.
+void document_reader::look_for_text(std::string_view bytes) {
+  const auto end = exact_ ? std::end(WHITE_SPACE) : WHITE_SPACE + PLAIN_WHITE_SPACE;
+  for (std::size_t i = 0; blank_ && i < bytes.size(); ++i) {
+    begun_ += bytes[i];
+    const auto found = std::find_if(
+        WHITE_SPACE, end, [&](std::string_view character) { return begins_with(character, begun_); });
+    blank_ = found != end;
+    if (!blank_ || found->size() == begun_.size()) {
+      begun_.clear();
+    }
+  }
 }
 
 // Adds the rest of a line, without what ends it, to the document in hand. False when the input ends
@@ -179,8 +226,8 @@ bool document_reader::take_line() {
   while (fill()) {
     const std::size_t end = line_end();
     const std::string_view bytes(input_.data() + from_, end - from_);
-    if (split_ == split::block && blank_) {
-      blank_ = is_blank(bytes);
+    if (split_ == split::block) {
+      look_for_text(bytes);
     }
     if (split_ == split::zone) {
       keep(bytes);
@@ -189,13 +236,15 @@ bool document_reader::take_line() {
     }
     from_ = end;
     if (end < to_) {
+      const bool ends_page = input_[end] == '\v' || input_[end] == '\f'; // no line to an editor
       after_cr_ = input_[end] == '\r';
       ++from_;
       if (after_cr_ && from_ < to_) {
         after_cr_ = false;
         from_ += input_[from_] == '\n' ? 1 : 0;
       }
-      ++line_;
+      line_ending_ = std::string_view(input_.data() + end, from_ - end);
+      line_ += ends_page ? 0 : 1;
       return true;
     }
   }
@@ -217,9 +266,11 @@ bool document_reader::next_block(document_text &document) {
   std::uint64_t block_length = 0; // to the end of its last line that is not blank
   for (bool complete = true; complete;) {
     complete = take_line();
+    blank_ = blank_ && begun_.empty();
+    begun_.clear();
     if (!blank_) {
       block_length = length_;
-      hold("\n");
+      hold(complete && exact_ ? line_ending_ : "\n");
       blank_ = true;
     } else if (block_length == 0) {
       forget();

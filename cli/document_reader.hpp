@@ -29,6 +29,16 @@ enum class split {
               document's letter and a state, or one of 72, 88 or 90 */
 };
 
+/** What stands between lines and documents, and what is kept of the bytes around them. */
+enum class reading {
+  /** Line feeds and carriage returns, spaces and tabs. A byte order mark is skipped, and the lines of a block
+      are joined by line feeds. */
+  plain,
+  /** The same for lines. But blocks are separated by lines of nothing but white space as Unicode has it, be
+      it a form feed, and every byte stays: offsets into a document are offsets into the input. */
+  exact
+};
+
 /** One document as it stands in the input. */
 struct document_text {
   /** The bytes that may count for the result: no more of its first ones than are kept. */
@@ -55,7 +65,8 @@ public:
   using read_function = std::function<std::ptrdiff_t(char *into, std::size_t room)>;
 
   /** @param counted how many bytes of a document are kept, its first ones */
-  explicit document_reader(split how, std::size_t counted = COUNTED) : split_(how), held_(counted) {}
+  explicit document_reader(split how, std::size_t counted = COUNTED, reading bytes = reading::plain)
+      : split_(how), exact_(bytes == reading::exact), held_(counted) {}
 
   /** Turns to a new input; whatever was left of the one before is forgotten. */
   void open(read_function read);
@@ -73,7 +84,7 @@ public:
 
   bool failed() const { return failed_; }
 
-  /** The input begins with the byte order mark of UTF-16, and so failed. That of UTF-8 is skipped. */
+  /** The input begins with the byte order mark of UTF-16, and so failed. */
   bool is_utf16() const { return utf16_; }
 
 private:
@@ -81,6 +92,7 @@ private:
   bool read_more();
   void skip_byte_order_mark();
   std::size_t line_end();
+  void look_for_text(std::string_view bytes);
   bool take_line();
   bool next_whole(document_text &document);
   bool next_line(document_text &document);
@@ -99,6 +111,7 @@ private:
   void give(document_text &document, std::uint64_t length) const;
 
   split split_;
+  bool exact_;
   read_function read_;
   bool at_start_ = false;
   bool ended_ = true;
@@ -114,6 +127,8 @@ private:
   std::uint64_t first_line_ = 1; // the line with which the document in hand began
   std::uint64_t length_ = 0;     // bytes of the document in hand, held or not
   bool blank_ = true;            // the line that is being read has been blank so far
+  std::string begun_;            // the first bytes of a white space character that goes on
+  std::string_view line_ending_; // what ended the last line
 
   // Zones: the line that is being read, and the lines of one width that may become a zone. What is in hand
   // beside them are lines that make none.

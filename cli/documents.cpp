@@ -34,12 +34,13 @@ constexpr std::size_t HEAD_SIZE = 4096;
 
 class document_run {
 public:
-  document_run(const arguments &asked, output &out, document_command &command, std::size_t counted)
+  document_run(const arguments &asked, output &out, document_command &command, std::size_t counted,
+               reading bytes)
       : operands_(asked.operands.empty() ? std::vector<std::string>{"-"} : asked.operands),
         split_(split_of(asked)), batch_(split_ != split::whole), titled_(format_of(asked) == format::table),
         with_source_(asked.has("with-source")),
         reasons_(!batch_ || asked.has("verbose") || is_terminal(STANDARD_ERROR)), out_(out),
-        command_(command), reader_(split_, counted), progress_(batch_ ? total_size(operands_) : 0) {}
+        command_(command), reader_(split_, counted, bytes), progress_(batch_ ? total_size(operands_) : 0) {}
 
   int run() {
     command_.begin();
@@ -175,8 +176,9 @@ split split_of(const arguments &asked) {
                            : split::whole;
 }
 
-int read_documents(const arguments &asked, output &out, document_command &command, std::size_t counted) {
-  return std::make_unique<document_run>(asked, out, command, counted)->run();
+int read_documents(const arguments &asked, output &out, document_command &command, std::size_t counted,
+                   reading bytes) {
+  return std::make_unique<document_run>(asked, out, command, counted, bytes)->run();
 }
 
 } // namespace varnel::cli

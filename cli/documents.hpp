@@ -59,10 +59,11 @@ public:
  * Reads all documents that the arguments name and hands each to the command.
  *
  * @param counted how many bytes of each document matter to the command; no more are kept
+ * @param bytes   whether every byte of a document has to stay where it is in the input
  * @return        the exit code
  */
 int read_documents(const arguments &asked, output &out, document_command &command,
-                   std::size_t counted = document_reader::COUNTED);
+                   std::size_t counted = document_reader::COUNTED, reading bytes = reading::plain);
 
 } // namespace varnel::cli
 

@@ -347,7 +347,7 @@ int run(const arguments &asked, output &out) {
   }
   inspect command(asked, out, options);
   // One byte more than can be inspected, so that a longer text is seen to be too long.
-  const int code = read_documents(asked, out, command, VARNEL_TEXT_MAX + 1);
+  const int code = read_documents(asked, out, command, VARNEL_TEXT_MAX + 1, reading::exact);
   return code == EXIT_ALL_READ && command.was_doubtful() ? EXIT_SOME_REFUSED : code;
 }
 

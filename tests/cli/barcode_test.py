@@ -47,6 +47,12 @@ class Barcode(unittest.TestCase):
         self.assertEqual(answer.pop("info"), INFO)
         self.assertEqual(list(answer.values()), VALUES)
 
+    def test_a_byte_order_mark_is_found_and_counted(self):
+        _, out, _ = varnel("barcode", "--info", text=b"\xef\xbb\xbf" + LICENCE)
+        self.assertEqual(json.loads(out)["info"]["findings"],
+                         [{"code": "byteOrderMark", "offset": 0, "element": None},
+                          {"code": "unknownElement", "offset": 156, "element": "ZVA"}])
+
     def test_bytes_of_iso_8859_1_come_out_as_their_letters(self):
         _, out, _ = varnel("barcode", text=LICENCE.replace(b"HOLLOWAY", b"HOLL\xd6WAY"))
         self.assertEqual(json.loads(out)["lastName"], "HOLLÖWAY")

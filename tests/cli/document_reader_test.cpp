@@ -10,6 +10,7 @@
 
 using varnel::cli::document_reader;
 using varnel::cli::document_text;
+using varnel::cli::reading;
 using varnel::cli::split;
 
 namespace {
@@ -51,8 +52,9 @@ std::vector<found> rest_of(document_reader &reader) {
 
 constexpr std::size_t PIECES[] = {1, 2, 3, 7, 64, 4096, document_reader::READ_SIZE, std::size_t{1} << 30};
 
-void expect_documents(split how, const std::string &input, const std::vector<found> &expected) {
-  document_reader reader(how);
+void expect_documents(split how, const std::string &input, const std::vector<found> &expected,
+                      reading bytes = reading::plain) {
+  document_reader reader(how, document_reader::COUNTED, bytes);
   for (const std::size_t piece : PIECES) {
     if (input.size() / piece > 100'000) {
       continue;
@@ -255,6 +257,41 @@ TEST(Zone, AfterADamagedOneIsFoundAgain) {
   const std::string damaged = state + "\n" + dates.substr(1) + "\n" + name;
   expect_documents(split::zone, damaged + "\n" + card + "\n" + card,
                    {{damaged, 1, false}, {card, 4, false}, {card, 7, false}});
+}
+
+void expect_exact(split how, const std::string &input, const std::vector<found> &expected) {
+  expect_documents(how, input, expected, reading::exact);
+}
+
+TEST(Exact, KeepsEveryByte) {
+  const std::string mark = "\xEF\xBB\xBF";
+  expect_exact(split::whole, mark + "a\r\nb\r", {{mark + "a\r\nb\r", 1, false}});
+  expect_exact(split::line, mark + "a\r\nb", {{mark + "a", 1, false}, {"b", 2, false}});
+  for (const std::string end : {"\n", "\r\n", "\r"}) {
+    const std::string block = "a" + end + " b";
+    expect_exact(split::block, end + block + end + " " + end + end + block,
+                 {{block, 2, false}, {block, 6, false}});
+  }
+}
+
+TEST(Exact, SeparatesBlocksByLinesOfWhiteSpace) {
+  for (const std::string space :
+       {"", "\t ", "\v", "\f", "\f\f", "\xC2\x85", "\xC2\xA0", "\xE1\x9A\x80", "\xE2\x80\x80", "\xE2\x80\x8A",
+        "\xE2\x80\xA8", "\xE2\x80\xA9", "\xE2\x80\xAF", "\xE2\x81\x9F", "\xE3\x80\x80 \xE3\x80\x80",
+        "\xEF\xBB\xBF"}) {
+    expect_exact(split::block, "a\n" + space + "\nb", {{"a", 1, false}, {"b", 3, false}});
+  }
+  for (const std::string text : {"-", "\xE2\x80\x8B", "\xE2\x80", "\xC2", "\xC2\xA0x"}) {
+    expect_exact(split::block, "a\n" + text + "\nb", {{"a\n" + text + "\nb", 1, false}});
+  }
+}
+
+// Pages are often separated by nothing else.
+TEST(Exact, EndsLinesOfBlocksAtFormFeeds) {
+  expect_exact(split::block, "a\n\fb\n\f", {{"a", 1, false}, {"b", 2, false}});
+  expect_exact(split::block, "a\fb\v\vc", {{"a\fb", 1, false}, {"c", 1, false}});
+  expect_documents(split::block, "a\n\fb", {{"a\n\fb", 1, false}});
+  expect_exact(split::line, "a\fb\nc", {{"a\fb", 1, false}, {"c", 2, false}});
 }
 
 TEST(ByteOrderMark, IsSkipped) {

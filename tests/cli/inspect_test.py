@@ -116,6 +116,17 @@ class Batch(unittest.TestCase):
         self.assertEqual(code, 0)
         self.assertEqual([json.loads(line)["source"][0]["start"] for line in out.splitlines()], [0, 0])
 
+    def test_offsets_count_every_byte(self):
+        marked = b"\xef\xbb\xbf" + PASSPORT.replace(b"\n", b"\r\n")
+        for each in ([], ["--each", "block"], ["--each", "zone"]):
+            code, out, _ = varnel("inspect", *DATE, *each, text=marked)
+            self.assertEqual((code, json.loads(out)["source"]), (0, [{"start": 3, "end": 47}, {"start": 49, "end": 93}]))
+
+    def test_blocks_are_separated_by_lines_of_any_white_space(self):
+        for between in ("\f", "\u3000\n", "\u00a0\n", "\v"):
+            _, out, _ = varnel("inspect", *DATE, "--each", "block", text=PASSPORT + between.encode() + CARD)
+            self.assertEqual(verdicts(out), ["valid", "valid"])
+
     def test_zones_wherever_they_stand(self):
         text = PAGE + CARD + b"line\n" + WRONG_DIGIT + VISA
         code, out, err = varnel("inspect", *DATE, "--each", "zone", "--with-source", text=text)
