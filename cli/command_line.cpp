@@ -117,10 +117,10 @@ public:
     std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
     // Whatever stands after "--" is an operand, however it looks.
     const auto dashes = std::find(words.begin(), words.end(), "--");
-    for (auto word = dashes; word != words.end() && ++word != words.end();) {
-      given_.operands.push_back(*word);
+    if (dashes != words.end()) {
+      given_.operands.assign(dashes + 1, words.end());
+      words.erase(dashes, words.end());
     }
-    words.erase(dashes, words.end());
     try {
       parse(words);
     } catch (const CLI::CallForHelp &) {

@@ -324,8 +324,9 @@ bool document_reader::has_whole_zone() const {
 
 // When the zone before was damaged, one of its lines may stand with the first of the next.
 bool document_reader::is_one_line_late() const {
-  const std::size_t second = zone_.find('\n') + 1;
-  return second > 0 && begins_a_zone(std::string_view(zone_).substr(second)) && !is_accepted(zone_);
+  const std::size_t first_end = zone_.find('\n');
+  return first_end != std::string::npos && begins_a_zone(std::string_view(zone_).substr(first_end + 1)) &&
+         !is_accepted(zone_);
 }
 
 // The lines in hand become no zone after all.

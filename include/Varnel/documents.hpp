@@ -136,9 +136,9 @@ public:
 
   /** @param id VARNEL_DOCUMENT_NUMBER and so on. @return that field; nothing where the layout lacks it. */
   std::optional<inspected_field> field(int id) const {
-    for (const varnel_inspected_field &field : fields()) {
-      if (field.field == id) {
-        return inspected_field(field);
+    for (const varnel_inspected_field &each : fields()) {
+      if (each.field == id) {
+        return inspected_field(each);
       }
     }
     return std::nullopt;
@@ -288,8 +288,8 @@ public:
 
   /** @param slot FIELD_DOCUMENT_NUMBER and so on. @return its value; empty where there is none. */
   std::string_view slot(int slot) const {
-    const varnel_string value = varnel_value(&record_, slot);
-    return std::string_view(value.str, static_cast<std::size_t>(value.len));
+    const varnel_string text = varnel_value(&record_, slot);
+    return std::string_view(text.str, static_cast<std::size_t>(text.len));
   }
 
   /** @param key one of the twelve: "lastName" and so on. @return its value; empty where there is none. */

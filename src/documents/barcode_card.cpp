@@ -398,7 +398,7 @@ void read_element(barcode_card &card, int key, int at, int start, int end) {
   trim_end(value);
   const clean_value cleaned = clean(card, value);
   value = cleaned.text;
-  const bool missing = value.len == 0 || (slot != FIELD_FAMILY_NAME && is_placeholder(value));
+  const bool missing = value.len <= 0 || (slot != FIELD_FAMILY_NAME && is_placeholder(value));
   const bool repeated = !missing && !is_empty(card.record->fields[slot].value);
   if (cleaned.controls_left_out && !repeated) {
     add_finding(card.info, VARNEL_BARCODE_CONTROL, start, element_name(key).text);

@@ -17,7 +17,7 @@ bool is_filled(const barcode_card &card, int slot) {
 }
 
 // Lets an empty slot show the text of another. The text is shared, not copied.
-void share(barcode_card &card, int slot, int sibling) {
+void share(const barcode_card &card, int slot, int sibling) {
   if (!is_filled(card, slot)) {
     card.record->fields[slot] = card.record->fields[sibling];
   }

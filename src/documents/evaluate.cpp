@@ -450,7 +450,7 @@ private:
     finish_date(field, {year, month, day}, known);
   }
 
-  void read_expiry_date(varnel_inspected_field &field) {
+  void read_expiry_date(varnel_inspected_field &field) const {
     if (is_all_fillers(field.text, 6)) {
       set(field, VARNEL_STATUS_EMPTY, false);
     } else if (!are_digits(field.text, 6)) {
