@@ -102,7 +102,9 @@ int copy_text(barcode_card &card, STRING text) {
     card.has_room = false;
     return 0;
   }
-  memmove(free_space(card.record), text.str, static_cast<size_t>(text.len)); // it may stand there already
+  if (text.len > 0) {
+    memmove(free_space(card.record), text.str, static_cast<size_t>(text.len)); // it may stand there already
+  }
   return text.len;
 }
 
