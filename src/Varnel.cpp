@@ -1,6 +1,7 @@
 #include <Varnel/Varnel.h>
 
 #include "mrz/layouts.hpp"
+#include "mrz/parsers.hpp"
 #include "utf8.hpp"
 #include "view.hpp"
 
@@ -15,10 +16,11 @@ constexpr CONTEXT REFERENCE = {{2018, 2, 15, 0, 0, 0}};
 // Offers the zone to the layouts in order; the first that accepts wins. The record is not cleared in
 // between: slots that a refusing parser wrote before it refused stay.
 int parse_zone(const char *zone, int length, PARSE_RESULT *result) {
-  const bool accepted = MRZ_td1_parse(zone, length, result, &REFERENCE) == ERR_OK ||
-                        MRZ_td2_parse(zone, length, result, &REFERENCE) == ERR_OK ||
-                        MRZ_passport_parse(zone, length, result, &REFERENCE) == ERR_OK ||
-                        MRZ_visa_parse(zone, length, result, &REFERENCE) == ERR_OK;
+  constexpr auto known = mrz::characters::NORMALISED;
+  const bool accepted = mrz::read_td1(zone, length, result, &REFERENCE, known) == ERR_OK ||
+                        mrz::read_td2(zone, length, result, &REFERENCE, known) == ERR_OK ||
+                        mrz::read_td3(zone, length, result, &REFERENCE, known) == ERR_OK ||
+                        mrz::read_visa(zone, length, result, &REFERENCE, known) == ERR_OK;
   return accepted ? ERR_OK : ERR_INVALID_FORMAT;
 }
 

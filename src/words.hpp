@@ -29,6 +29,12 @@ inline void load(const char *text, uint64_t &word) {
          uint64_t{c[4]} << 32 | uint64_t{c[5]} << 40 | uint64_t{c[6]} << 48 | uint64_t{c[7]} << 56;
 }
 
+inline void store(uint64_t word, char *text) {
+  const auto byte = [word](int i) { return static_cast<char>(word >> 8 * i & 0xFF); };
+  text[0] = byte(0), text[1] = byte(1), text[2] = byte(2), text[3] = byte(3);
+  text[4] = byte(4), text[5] = byte(5), text[6] = byte(6), text[7] = byte(7);
+}
+
 // Marks the characters from `low` to `high`, both ASCII. A character that is not ASCII may be marked, and
 // may spoil the marks after it.
 constexpr uint64_t in_range(uint64_t word, char low, char high) {
@@ -49,6 +55,11 @@ constexpr uint64_t nul(uint64_t word) { return (word - every(1)) & ~word & MARKS
 constexpr int first(uint64_t marks) {
   const uint64_t up_to_first = (marks & MARKS) ^ ((marks & MARKS) - 1);
   return static_cast<int>((up_to_first & every(1)) * every(1) >> 56) - 1; // its bytes' lowest bits, counted
+}
+
+// The places of the marked characters: bit i for the character at i.
+constexpr unsigned places(uint64_t marks) {
+  return static_cast<unsigned>((marks >> 7 & every(1)) * UINT64_C(0x0102040810204080) >> 56);
 }
 
 // ---- wide words ------------------------------------------------------------------------------------

@@ -5,51 +5,41 @@
 
 namespace {
 
-// For every byte the MRZ character it is read as, or NUL where it is dropped.
-struct mrz_alphabet {
-  char read_as[256] = {};
-
-  constexpr mrz_alphabet() {
-    for (int c = 0; c < 128; ++c) {
-      const int capital = ascii::to_upper(c);
-      if (mrz_characters::contains(capital)) {
-        read_as[c] = static_cast<char>(capital);
-      }
-    }
-  }
-};
-
-constexpr mrz_alphabet ALPHABET;
-
-// Appends what `len` characters are read as and returns the end. A dropped character leaves its place
-// to the next one.
-char *append(char *out, const char *text, int len) {
-  for (int i = 0; i < len; ++i) {
-    *out = ALPHABET.read_as[static_cast<unsigned char>(text[i])];
-    out += *out != '\0' ? 1 : 0;
-  }
-  return out;
+// Appends what one character is read as, if anything, and returns the end.
+char *append(char *out, char c) {
+  const int capital = ascii::to_upper(char_value(c));
+  *out = static_cast<char>(capital);
+  return out + (mrz_characters::contains(capital) ? 1 : 0);
 }
 
-// The same for a word: at once up to the first character that changes.
-char *append_word(char *out, const char *text) {
-  memcpy(out, text, words::SIZE);
-  const uint64_t changing = ~mrz_characters::marks(words::load<uint64_t>(text)) & words::MARKS;
-  if (changing == 0) {
+// Reads a word of text up to the first character that is dropped, and appends it. Moves `text` beyond
+// what it has read, the dropped character included, and returns the end. More than that may be written,
+// though no more than was read.
+char *append_word(char *out, const char *&text) {
+  uint64_t word = words::load<uint64_t>(text);
+  const uint64_t small = words::of_ascii(range<'a', 'z'>::marks(word), word) & words::MARKS;
+  word ^= small >> 2; // 'a' and 'A' are 0x20 apart
+  words::store(word, out);
+  const uint64_t dropped = ~mrz_characters::marks(word) & words::MARKS;
+  if (dropped == 0) {
+    text += words::SIZE;
     return out + words::SIZE;
   }
-  const int unchanged = words::first(changing);
-  return append(out + unchanged, text + unchanged, words::SIZE - unchanged);
+  const int kept = words::first(dropped);
+  text += kept + 1;
+  return out + kept;
 }
 
-char *append_wide(char *out, const char *text) {
-  if (mrz_characters::contains_all(words::load<words::wide>(text))) {
-    memcpy(out, text, words::WIDE_SIZE);
-    return out + words::WIDE_SIZE;
+// Appends the rest of a text of `size` characters at once, where the text ends with a wide word that needs
+// no change: what of that was read before is written once more.
+char *append_rest(char *out, const char *&text, const char *end, int size) {
+  const char *const last = end - words::WIDE_SIZE;
+  if (size < words::WIDE_SIZE || !mrz_characters::contains_all(words::load<words::wide>(last))) {
+    return out;
   }
-  for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
-    out = append_word(out, text + i);
-  }
+  memcpy(out - (text - last), last, words::WIDE_SIZE);
+  out += end - text;
+  text = end;
   return out;
 }
 
@@ -61,15 +51,26 @@ int normalize_mrz(const char *input, int i_len, char *output, int o_len, int *re
   }
   // The limit is on the input: text beyond it is not examined, whatever is dropped before.
   const int size = smaller(i_len, o_len - 1);
+  const char *const end = input + size;
   char *out = output;
-  int i = 0;
-  for (; size - i >= words::WIDE_SIZE; i += words::WIDE_SIZE) {
-    out = append_wide(out, input + i);
+  while (end - input >= words::WIDE_SIZE) {
+    // The usual text needs no change: as much of it at once as there is.
+    if (mrz_characters::contains_all(words::load<words::wide>(input))) {
+      memcpy(out, input, words::WIDE_SIZE);
+      out += words::WIDE_SIZE;
+      input += words::WIDE_SIZE;
+    } else {
+      out = append_word(out, input);
+      out = append_word(out, input);
+    }
   }
-  for (; size - i >= words::SIZE; i += words::SIZE) {
-    out = append_word(out, input + i);
+  out = append_rest(out, input, end, size);
+  while (end - input >= words::SIZE) {
+    out = append_word(out, input);
   }
-  out = append(out, input + i, size - i);
+  while (input < end) {
+    out = append(out, *input++);
+  }
   *out = '\0';
   *result_len = static_cast<int>(out - output);
   return ERR_OK;

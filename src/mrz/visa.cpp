@@ -2,15 +2,19 @@
 
 #include "layout_driver.hpp"
 
-static int _parse_track1(const STRING *track, PARSE_RESULT *result, const CONTEXT *) {
-  return write_issuer_and_names(result, *track);
+static int _parse_track1(appender &record, STRING track, const CONTEXT *) {
+  return write_issuer_and_names(record, track);
 }
 
-static int _parse_track2(const STRING *track, PARSE_RESULT *result, const CONTEXT *context) {
-  return write_holder(result, *track, context);
+static int _parse_track2(appender &record, STRING track, const CONTEXT *context) {
+  return write_holder(record, track, context);
+}
+
+int mrz::read_visa(const char *zone, int length, PARSE_RESULT *result, const CONTEXT *context,
+                   characters known) {
+  return zone_of<MRV_A, MRV_B>::read<_parse_track1, _parse_track2>(zone, length, result, context, known);
 }
 
 int MRZ_visa_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {
-  return mrz::zone_of<mrz::MRV_A, mrz::MRV_B>::read<_parse_track1, _parse_track2>(input, i_len, result,
-                                                                                  context);
+  return mrz::read_visa(input, i_len, result, context, mrz::characters::ANY);
 }

@@ -1,20 +1,8 @@
 #include "zone_fields.hpp"
 
-#include <Varnel/mrz/mrz_common.h>
-#include <Varnel/utils.h>
-
-#include "../record/slots.hpp"
-#include "../utils/copying.hpp"
-#include "fillers.hpp"
-
-using record::fill_slot;
-using record::free_size;
-using record::free_space;
+#include "name_parts.hpp"
 
 namespace {
-
-// The tests that the copying loop is asked with, as types of their own so that they are inlined.
-constexpr auto is_nothing = [](char) { return false; };
 
 // Copies a text of the zone with every run of fillers as one space.
 int copy_words(char *out, int o_len, STRING text) {
@@ -35,122 +23,149 @@ int copy_words(char *out, int o_len, STRING text) {
   }
 }
 
-// As utils_write_field() with fillers to be replaced by spaces and runs of spaces to be collapsed.
-void write_text(PARSE_RESULT *result, int field, STRING text) {
-  fill_slot(result, field, copy_words(free_space(result), free_size(result), text));
+// Copies a text without runs of fillers with every filler as a space.
+int copy_with_spaces(char *out, int o_len, filled_text text) {
+  const int kept = smaller(text.len, o_len);
+  if (kept < 1) {
+    return 0;
+  }
+  memcpy(out, text.str, static_cast<size_t>(kept));
+  for (places::set fillers = text.fillers & places::before(kept); fillers != 0; fillers &= fillers - 1) {
+    out[places::first(fillers)] = ' ';
+  }
+  return kept;
 }
 
-// As utils_write_field() with every character kept.
-void write_plain(PARSE_RESULT *result, int field, STRING text) {
-  fill_slot(result, field,
-            copy_filtered(free_space(result), free_size(result), &text, is_nothing, is_nothing, '\0'));
+// As utils_write_field() with fillers to be replaced by spaces and runs of spaces to be collapsed.
+void write_text(appender &record, int field, filled_text text) {
+  if (text.fillers == 0) {
+    record.write(field, text.view());
+  } else if (!text.has_runs()) {
+    record.fill(field, copy_with_spaces(record.end(), record.room(), text));
+  } else {
+    record.fill(field, copy_words(record.end(), record.room(), text.view()));
+  }
 }
 
 // As utils_write_field_date() of a date whose last six digits stand in the zone.
-void write_date(PARSE_RESULT *result, int field, int year, STRING digits) {
+void write_date(appender &record, int field, int year, STRING digits) {
   constexpr int length = 8;
-  if (free_size(result) < length) {
+  if (record.room() < length) {
     return;
   }
-  char *out = free_space(result);
+  char *out = record.end();
   memcpy(out, year < 2000 ? "19" : "20", 2);
   memcpy(out + 2, digits.str, 6);
-  fill_slot(result, field, length);
+  record.fill(field, length);
+}
+
+filled_text number_without_outer_fillers(STRING number) {
+  uint64_t outside = 0;
+  return find_fillers<mrz_characters>(number, outside).trimmed();
+}
+
+// Reads the year of a date in the 1900s.
+bool read_year(STRING date, int &year) {
+  const uint64_t word = words::load<uint64_t>(date.str);
+  constexpr uint64_t six = UINT64_C(0x0000808080808080);
+  if ((mrz_date_characters::marks(word) & six) != six) {
+    return false;
+  }
+  year = 1900 + (date.str[0] - '0') * 10 + (date.str[1] - '0');
+  return true;
 }
 
 } // namespace
 
 bool has_mrz_characters(const char *zone, int length) { return mrz_characters::covers(STRING{zone, length}); }
 
-int write_country_code(PARSE_RESULT *result, int field, STRING code) {
+int write_country_code(appender &record, int field, STRING code) {
+  constexpr uint64_t three = UINT64_C(0x808080);
+  const uint64_t word = words::load<uint64_t>(code.str);
+  if ((range<'A', 'Z'>::marks(word) & three) == three && record.room() > 3) {
+    memcpy(record.end(), code.str, 3);
+    record.fill(field, 3);
+    return ERR_OK;
+  }
   if (!mrz_code_characters::covers_short(code)) {
     return ERR_INVALID_FORMAT;
   }
-  write_plain(result, field, code_letters(code));
+  record.write(field, code_letters(code));
   return ERR_OK;
 }
 
-int write_names(PARSE_RESULT *result, STRING name) {
-  STRING full_name;
-  STRING last_name;
-  STRING first_name;
-  STRING middle_name;
-  const int status = MRZ_common_extract_name(&name, &full_name, &last_name, &first_name, &middle_name);
-  if (status == ERR_OK) {
-    write_text(result, FIELD_FAMILY_NAME, last_name);
-    write_text(result, FIELD_FIRST_NAME, first_name);
-    write_text(result, FIELD_MIDDLE_NAME, middle_name);
+int write_names(appender &record, STRING name) {
+  uint64_t outside = 0;
+  const filled_text trimmed = find_fillers<mrz_name_characters>(name, outside).trimmed();
+  if ((outside & words::MARKS) != 0 || trimmed.len == 0) {
+    return ERR_INVALID_FORMAT;
   }
-  return status;
+  const name_parts<filled_text> parts = split_name(trimmed);
+  write_text(record, FIELD_FAMILY_NAME, parts.last);
+  write_text(record, FIELD_FIRST_NAME, parts.first);
+  write_text(record, FIELD_MIDDLE_NAME, parts.middle);
+  return ERR_OK;
 }
 
-void write_sex(PARSE_RESULT *result, char sex) {
+void write_sex(appender &record, char sex) {
   if (sex == 'M' || sex == 'F') {
-    write_plain(result, FIELD_SEX, STRING{&sex, 1});
+    record.write(FIELD_SEX, STRING{&sex, 1});
   }
 }
 
-void write_document_number(PARSE_RESULT *result, STRING number) {
-  write_text(result, FIELD_DOCUMENT_NUMBER, without_outer_fillers(number));
+void write_document_number(appender &record, STRING number) {
+  write_text(record, FIELD_DOCUMENT_NUMBER, number_without_outer_fillers(number));
 }
 
-void write_personal_number(PARSE_RESULT *result, STRING number) {
-  const STRING trimmed = without_outer_fillers(number);
-  if (!is_empty(trimmed)) {
-    write_text(result, FIELD_PERSONAL_NUMBER, trimmed);
+void write_personal_number(appender &record, STRING number) {
+  const filled_text trimmed = number_without_outer_fillers(number);
+  if (trimmed.len > 0) {
+    write_text(record, FIELD_PERSONAL_NUMBER, trimmed);
   }
 }
 
-int write_birth_date(PARSE_RESULT *result, STRING date, const CONTEXT *context, int *birth_year) {
-  DATETIME birth;
-  const int status = MRZ_common_extract_date(&date, &birth);
-  if (status != ERR_OK) {
-    return status;
+int write_birth_date(appender &record, STRING date, const CONTEXT *context, int *birth_year) {
+  if (!read_year(date, *birth_year)) {
+    return ERR_INVALID_FORMAT;
   }
-  if (birth.year + 100 < context->date.year) {
-    birth.year += 100;
+  if (*birth_year + 100 < context->date.year) {
+    *birth_year += 100;
   }
-  *birth_year = birth.year;
-  write_date(result, FIELD_BIRTH_DATE, birth.year, date);
+  write_date(record, FIELD_BIRTH_DATE, *birth_year, date);
   return ERR_OK;
 }
 
-int write_expiration_date(PARSE_RESULT *result, STRING date, int birth_year) {
-  DATETIME expiration;
-  const int status = MRZ_common_extract_date(&date, &expiration);
-  if (status != ERR_OK) {
-    return status;
+int write_expiration_date(appender &record, STRING date, int birth_year) {
+  int year = 0;
+  if (!read_year(date, year)) {
+    return ERR_INVALID_FORMAT;
   }
-  if (expiration.year < birth_year) {
-    expiration.year += 100;
+  if (year < birth_year) {
+    year += 100;
   }
-  write_date(result, FIELD_EXPIRATION_DATE, expiration.year, date);
+  write_date(record, FIELD_EXPIRATION_DATE, year, date);
   return ERR_OK;
 }
 
-void write_document_type(PARSE_RESULT *result, STRING type) {
-  write_plain(result, FIELD_DOCUMENT_TYPE, type);
-}
-
-int write_issuer_and_names(PARSE_RESULT *result, STRING line) {
-  const int status = write_country_code(result, FIELD_COUNTRY_CODE, cut(line, zone::ISSUING_STATE));
+int write_issuer_and_names(appender &record, STRING line) {
+  const int status = write_country_code(record, FIELD_COUNTRY_CODE, cut(line, zone::ISSUING_STATE));
   if (status != ERR_OK) {
     return status;
   }
-  return write_names(result, cut_from(line, two_line::NAME_START));
+  return write_names(record, cut_from(line, two_line::NAME_START));
 }
 
-int write_holder(PARSE_RESULT *result, STRING line, const CONTEXT *context) {
-  write_document_number(result, cut(line, two_line::DOCUMENT_NUMBER));
-  int status = write_country_code(result, FIELD_NATIONALITY, cut(line, two_line::NATIONALITY));
+int write_holder(appender &record, STRING line, const CONTEXT *context) {
+  write_document_number(record, cut(line, two_line::DOCUMENT_NUMBER));
+  int status = write_country_code(record, FIELD_NATIONALITY, cut(line, two_line::NATIONALITY));
   if (status != ERR_OK) {
     return status;
   }
   int birth_year = 0;
-  status = write_birth_date(result, cut(line, two_line::BIRTH_DATE), context, &birth_year);
+  status = write_birth_date(record, cut(line, two_line::BIRTH_DATE), context, &birth_year);
   if (status != ERR_OK) {
     return status;
   }
-  write_sex(result, line.str[two_line::SEX]);
-  return write_expiration_date(result, cut(line, two_line::EXPIRATION_DATE), birth_year);
+  write_sex(record, line.str[two_line::SEX]);
+  return write_expiration_date(record, cut(line, two_line::EXPIRATION_DATE), birth_year);
 }

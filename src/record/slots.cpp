@@ -2,8 +2,6 @@
 
 #include <Varnel/utils.h>
 
-#include "../words.hpp"
-
 FIELD *record::fill_slot_from(const room &room, PARSE_RESULT *result, int field, int length) {
   FIELD *slot = &result->fields[field];
   const text_bounds bounds(*result);
@@ -21,21 +19,6 @@ FIELD *record::fill_slot_from(const room &room, PARSE_RESULT *result, int field,
   result->data_size = larger(result->data_size, end);
   terminate(result);
   return slot;
-}
-
-// A word at a time, without a call.
-int record::length_up_to(const char *text, size_t size) {
-  size_t length = 0;
-  for (; length + words::SIZE <= size; length += words::SIZE) {
-    const uint64_t nul = words::nul(words::load<uint64_t>(text + length));
-    if (nul != 0) {
-      return static_cast<int>(length) + words::first(nul);
-    }
-  }
-  while (length < size && text[length] != '\0') {
-    ++length;
-  }
-  return static_cast<int>(length);
 }
 
 int utils_is_valid_field(const PARSE_RESULT *pResult, int field) {

@@ -11,6 +11,7 @@
 #include <stdint.h>
 
 #include "../view.hpp"
+#include "../words.hpp"
 
 namespace record {
 
@@ -68,8 +69,21 @@ FIELD *fill_slot_from(const room &room, PARSE_RESULT *result, int field, int len
 
 // ---- reading ----------------------------------------------------------------------------------------
 
-// strnlen() for short texts.
-int length_up_to(const char *text, size_t size);
+// The length of a text up to its first NUL, or `size` where there is none before. A word at a time, without a
+// call.
+inline int length_up_to(const char *text, size_t size) {
+  size_t length = 0;
+  for (; length + words::SIZE <= size; length += words::SIZE) {
+    const uint64_t nul = words::nul(words::load<uint64_t>(text + length));
+    if (nul != 0) {
+      return static_cast<int>(length) + words::first(nul);
+    }
+  }
+  while (length < size && text[length] != '\0') {
+    ++length;
+  }
+  return static_cast<int>(length);
+}
 
 // The lent buffer of a record, as bounds for reading the texts in it.
 struct text_bounds {

@@ -53,6 +53,26 @@ TEST(Words, TheFirstNulIsFound) {
   }
 }
 
+TEST(Words, AreStoredAsTheyAreLoaded) {
+  for (const std::string_view text : {"ABCDEFGH", "\xFF\x80\x7F\x01 <09"}) {
+    char stored[words::SIZE + 1] = {};
+    words::store(words::load<uint64_t>(text.data()), stored);
+    EXPECT_EQ(std::string_view(stored), text);
+  }
+}
+
+TEST(Words, EveryPatternOfMarksHasItsPlaces) {
+  for (unsigned places = 0; places < 256; ++places) {
+    for (const uint64_t between : {UINT64_C(0), ~words::MARKS}) { // bits between the marks
+      uint64_t marks = between;
+      for (int i = 0; i < words::SIZE; ++i) {
+        marks |= (places >> i & 1) != 0 ? UINT64_C(0x80) << 8 * i : 0;
+      }
+      EXPECT_EQ(words::places(marks), places);
+    }
+  }
+}
+
 std::string all_of_ascii() {
   std::string characters;
   for (int c = 0; c < 128; ++c) {
