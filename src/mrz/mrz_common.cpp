@@ -4,43 +4,76 @@
 #include "../view.hpp"
 #include "character_sets.hpp"
 #include "check_weights.hpp"
-#include "fillers.hpp"
+#include "name_parts.hpp"
 
 namespace {
 
-constexpr int NO_VALUE = -1;
+// What a character without a value counts: more than the values of a stretch together.
+constexpr int STRETCH = 3 * 256;
+constexpr unsigned NO_VALUE = 0x4000;
+static_assert(35 * STRETCH / 3 < NO_VALUE, "Z has the largest value");
 
-// The value of a character in a check-digit sum.
-constexpr int check_value(int c) {
-  if (ascii::is_digit(c)) {
-    return c - '0';
-  }
-  if (ascii::is_upper(c)) {
-    return c - 'A' + 10;
-  }
-  return c == FILLER ? 0 : NO_VALUE;
-}
+// The value of every byte in a check-digit sum.
+struct check_values {
+  uint16_t of[256] = {};
 
-// Takes the text up to the first filler, and that one filler, off the start of `rest`, which does not
-// begin with a filler. The rest of a text without a filler is empty.
-STRING take_word(STRING &rest) {
-  STRING word = {rest.str, 0};
-  while (word.len < rest.len && !is_filler(word.str[word.len])) {
-    ++word.len;
+  constexpr check_values() {
+    for (int c = 0; c < 256; ++c) {
+      of[c] = static_cast<uint16_t>(value(c));
+    }
   }
-  const int taken = word.len < rest.len ? word.len + 1 : word.len;
-  rest = STRING{rest.str + taken, rest.len - taken};
-  return word;
-}
 
-// The position of the second filler of the first "<<", which parts the primary identifier from the
-// secondary; the view's length when there is none.
-int find_separator(STRING name) {
-  int i = 1;
-  while (i < name.len && !(name.str[i] == FILLER && name.str[i - 1] == FILLER)) {
-    ++i;
+private:
+  static constexpr unsigned value(int c) {
+    if (ascii::is_digit(c)) {
+      return static_cast<unsigned>(c - '0');
+    }
+    if (ascii::is_upper(c)) {
+      return static_cast<unsigned>(c - 'A' + 10);
+    }
+    return c == FILLER ? 0 : NO_VALUE;
   }
-  return i;
+};
+
+constexpr check_values CHECK_VALUES;
+
+// The weights from any position in their cycle on.
+constexpr unsigned CYCLE[5] = {CHECK_WEIGHTS[0], CHECK_WEIGHTS[1], CHECK_WEIGHTS[2], CHECK_WEIGHTS[0],
+                               CHECK_WEIGHTS[1]};
+
+unsigned check_value(char c) { return CHECK_VALUES.of[static_cast<unsigned char>(c)]; }
+
+// Sums of every third value, from the first, the second and the third character on: each is weighted once.
+struct sums {
+  unsigned first = 0;
+  unsigned second = 0;
+  unsigned third = 0;
+
+  bool has_all_values() const { return (first | second | third) < NO_VALUE; }
+
+  void operator+=(const sums &other) {
+    first += other.first;
+    second += other.second;
+    third += other.third;
+  }
+};
+
+// Of a stretch of at most STRETCH characters.
+sums sums_of(const char *str, int len) {
+  sums sums;
+  int i = 0;
+  for (; i + 3 <= len; i += 3) {
+    sums.first += check_value(str[i]);
+    sums.second += check_value(str[i + 1]);
+    sums.third += check_value(str[i + 2]);
+  }
+  if (i < len) {
+    sums.first += check_value(str[i]);
+  }
+  if (i + 1 < len) {
+    sums.second += check_value(str[i + 1]);
+  }
+  return sums;
 }
 
 } // namespace
@@ -57,20 +90,24 @@ int MRZ_common_calc_control_sum(const char *str, int len, int *pos) {
   if (str == nullptr) {
     return -1;
   }
-  // Unsigned, so that no length and no position can overflow.
-  unsigned position = pos != nullptr ? static_cast<unsigned>(*pos) : 0;
-  unsigned sum = 0;
-  for (int i = 0; i < len; ++i, ++position) {
-    const int value = check_value(char_value(str[i]));
-    if (value == NO_VALUE) {
+  sums total;
+  for (int done = 0, left = larger(len, 0); left > 0;) {
+    const int length = smaller(left, STRETCH); // a multiple of 3 wherever another follows
+    const sums stretch = sums_of(str + done, length);
+    if (!stretch.has_all_values()) {
       return -1;
     }
-    sum += static_cast<unsigned>(value * CHECK_WEIGHTS[position % 3]);
+    total += stretch;
+    done += length;
+    left -= length;
   }
+  // Unsigned, so that no length and no position can overflow.
+  const unsigned position = pos != nullptr ? static_cast<unsigned>(*pos) : 0;
   if (pos != nullptr) {
-    *pos = static_cast<int>(position);
+    *pos = static_cast<int>(position + static_cast<unsigned>(larger(len, 0)));
   }
-  return static_cast<int>(sum);
+  const unsigned *const weights = CYCLE + position % 3;
+  return static_cast<int>(total.first * weights[0] + total.second * weights[1] + total.third * weights[2]);
 }
 
 int MRZ_common_validate_control_sum(int sum, char c) {
@@ -110,28 +147,18 @@ int MRZ_common_extract_name(const STRING *s, STRING *full_name, STRING *last_nam
       first_name == nullptr || middle_name == nullptr) {
     return ERR_INVALID_ARGS;
   }
-  STRING name = *s;
   *full_name = *last_name = *first_name = *middle_name = STRING{nullptr, 0};
-  if (!mrz_name_characters::covers(name)) {
+  if (!mrz_name_characters::covers(*s)) {
     return ERR_INVALID_FORMAT;
   }
-  name = without_outer_fillers(name);
+  const STRING name = without_outer_fillers(*s);
   if (is_empty(name)) {
     return ERR_INVALID_FORMAT;
   }
+  const name_parts<STRING> parts = split_name(name);
   *full_name = name;
-
-  const int separator = find_separator(name);
-  STRING given_names;
-  if (separator < name.len) {
-    *last_name = STRING{name.str, separator - 1};
-    given_names = without_outer_fillers(STRING{name.str + separator, name.len - separator});
-  } else {
-    // One run of words: the first is the primary identifier.
-    given_names = name;
-    *last_name = take_word(given_names);
-  }
-  *first_name = take_word(given_names);
-  *middle_name = given_names;
+  *last_name = parts.last;
+  *first_name = parts.first;
+  *middle_name = parts.middle;
   return ERR_OK;
 }

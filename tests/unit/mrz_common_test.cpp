@@ -170,6 +170,39 @@ TEST(ControlSum, RefusesOtherCharactersAndLeavesThePosition) {
   }
 }
 
+// Sums are added up in stretches of 768 characters.
+TEST(ControlSum, OfLongTextsIsThatOfTheirCharacters) {
+  for (const int length : {766, 767, 768, 769, 770, 771, 1535, 1536, 1537, 5000}) {
+    for (int start = 0; start < 4; ++start) {
+      std::string text;
+      int expected = 0;
+      for (int i = 0; i < length; ++i) {
+        const int value = i * 7 % 37; // 36: a filler
+        text += "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ<"[value];
+        expected += (value < 36 ? value : 0) * MRZ_WEIGHTS[(start + i) % 3];
+      }
+      const support::Exact exact(text);
+      int pos = start;
+      ASSERT_EQ(MRZ_common_calc_control_sum(exact.data(), length, &pos), expected) << length;
+      ASSERT_EQ(pos, start + length);
+    }
+  }
+}
+
+TEST(ControlSum, OfLongTextsRefusesOtherCharactersAnywhere) {
+  std::string text(2000, 'Z'); // the largest value
+  EXPECT_EQ(MRZ_common_calc_control_sum(text.data(), 2000, nullptr), 35 * (667 * 7 + 667 * 3 + 666));
+  for (size_t place = 0; place < text.size(); ++place) {
+    text[place] = '-';
+    int pos = 5;
+    ASSERT_EQ(MRZ_common_calc_control_sum(text.data(), 2000, &pos), -1) << place;
+    ASSERT_EQ(pos, 5);
+    text[place] = 'Z';
+  }
+  const std::string others(2000, '\xFF'); // all of them, which must not add up to a value again
+  EXPECT_EQ(MRZ_common_calc_control_sum(others.data(), 2000, nullptr), -1);
+}
+
 TEST(ControlSum, OfNullOrNothing) {
   int pos = 4;
   EXPECT_EQ(MRZ_common_calc_control_sum(nullptr, 3, &pos), -1);
