@@ -27,6 +27,9 @@ struct head_lengths {
 };
 constexpr head_lengths HEAD_LENGTHS[] = {{2, STATE}, {2, STATE - 1}, {2, STATE + 1}, {1, STATE}, {3, STATE}};
 
+// The tenths of all explanations that one must have to be taken for the data of a card.
+constexpr int DATA_SHARE = 8;
+
 // A line may be so much longer than its layout's.
 constexpr int LONGER = 14;
 
@@ -459,12 +462,14 @@ private:
     r.failures = static_cast<uint8_t>(r.failures + !repair_data(r));
   }
 
-  // Where the data's digits fail: puts in the one look-alike that makes them hold, where no other does.
+  // Where the data's digits fail: puts in the look-alike that makes them hold, where no other does that is
+  // nearly as likely. A personal number is a number: there no other may, however unlikely.
   bool repair_data(reading &r) const {
     if (around_.level < VARNEL_REPAIR_DIGITS || is_visa(form_)) {
       return false;
     }
     int ways = 0;
+    int likelihood = 0; // of all of them
     lookalike taken = {};
     char *place = nullptr;
     const stretch stretches[2] = {form_.lines == 3 ? form_.optional_data : stretch{},
@@ -479,14 +484,18 @@ private:
           c = pair.printed;
           if (data_digits_hold(r)) {
             ++ways;
-            taken = pair;
-            place = &c;
+            likelihood += pair.likelihood;
+            if (pair.likelihood > taken.likelihood) {
+              taken = pair;
+              place = &c;
+            }
           }
           c = pair.read;
         }
       }
     }
-    if (ways != 1 || !taken.decisive) {
+    const bool is_card_data = is_card(form_) && taken.likelihood * 10 >= likelihood * DATA_SHARE;
+    if (!taken.decisive || (ways != 1 && !is_card_data)) {
       return false;
     }
     *place = taken.printed;
