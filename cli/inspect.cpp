@@ -11,10 +11,12 @@
 #include "quoting.hpp"
 
 #include <Varnel/documents/inspect.h>
+#include <Varnel/documents/looks.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <memory>
 #include <vector>
 
 namespace varnel::cli {
@@ -28,6 +30,9 @@ constexpr option REPAIR_OPTION = {"repair", "off|columns|digits",
                                   "Put right what an optical reader gets wrong, as far as it can be proven;\n"
                                   "columns: kinds of characters, and fillers; digits: numbers, too\n"
                                   "(default: off)"};
+
+constexpr option LOOKS_OPTION = {"looks", "",
+                                 "Take the files for several looks at one document, and combine them"};
 
 // Today in UTC, or the date that was asked for; a date that does not exist is for the library to refuse.
 bool read_date(const arguments &asked, varnel_inspect_options &options) {
@@ -186,8 +191,42 @@ private:
   bool doubtful_ = false;
 };
 
-// ---- all zones of a text
-// -----------------------------------------------------------------------------------------
+// ---- several looks at one document -------------------------------------------------------------------
+
+class looks : public document_command {
+public:
+  looks(const arguments &asked, output &out, const varnel_inspect_options &options)
+      : writer_(out, asked), options_(options) {}
+
+  bool read(const document &from) override {
+    too_long_ = from.text.size() > VARNEL_TEXT_MAX;
+    return !too_long_ && varnel_looks_add(&looks_, from.text.data(), from.text.size(), &options_) == ERR_OK;
+  }
+
+  // A look that cannot be read counts for nothing.
+  void skip(const document & /*from*/) override {}
+
+  std::string reason(const document & /*from*/) override {
+    return too_long_ ? "longer than 64 KiB, not looked at" : refusal_words(looks_.last);
+  }
+
+  // Writes what the looks show together; gives the exit code for it.
+  int finish() {
+    varnel_inspection inspection;
+    varnel_looks_inspect(&looks_, &options_, &inspection);
+    writer_.begin();
+    writer_.write({"", 1, "", 1, ""}, inspection);
+    return inspection.verdict >= VARNEL_VERDICT_VALID ? EXIT_ALL_READ : EXIT_SOME_REFUSED;
+  }
+
+private:
+  inspection_writer writer_;
+  varnel_inspect_options options_;
+  varnel_looks looks_ = {};
+  bool too_long_ = false;
+};
+
+// ---- all zones of a text -----------------------------------------------------------------------------
 
 // Reads an input through a window of the longest text, which moves on after the last zone found in it, or so
 // far that what may be the start of a zone stays in it.
@@ -342,6 +381,16 @@ int run(const arguments &asked, output &out) {
   if (!read_options(asked, options)) {
     return complain_of_usage("--date: there is no such date; it is written YYYY-MM-DD");
   }
+  if (asked.has(LOOKS_OPTION.name)) {
+    if (asked.has(EACH_OPTION.name) || asked.has(WITH_SOURCE_OPTION.name)) {
+      return complain_of_usage("--looks makes one document of all files: it goes with neither --each nor "
+                               "--with-source");
+    }
+    const auto command = std::make_unique<looks>(asked, out, options);
+    const int code = read_documents(asked, out, *command, VARNEL_TEXT_MAX + 1);
+    const int verdict = command->finish();
+    return code == EXIT_TROUBLE ? code : verdict;
+  }
   if (split_of(asked) == split::zone) {
     return zones(asked, out, options).run();
   }
@@ -359,9 +408,11 @@ const command INSPECT_COMMAND = {
     "FILE",
     "Files to read, each a text with a document's zone somewhere in it; '-' or none:\nstandard input",
     false,
-    {DATE_OPTION, REPAIR_OPTION, EACH_OPTION, FORMAT_OPTION, WITH_SOURCE_OPTION, VERBOSE_OPTION},
+    {DATE_OPTION, REPAIR_OPTION, LOOKS_OPTION, EACH_OPTION, FORMAT_OPTION, WITH_SOURCE_OPTION,
+     VERBOSE_OPTION},
     "  varnel inspect page.txt                the zone on a page of text, with what fails\n"
-    "  varnel inspect --each zone scans.txt   all zones of a text, JSON lines\n",
+    "  varnel inspect --each zone scans.txt   all zones of a text, JSON lines\n"
+    "  varnel inspect --looks frame*.txt      several looks at one document\n",
     run};
 
 } // namespace varnel::cli

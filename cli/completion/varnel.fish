@@ -17,6 +17,7 @@ complete -c varnel -n '__fish_seen_subcommand_from parse barcode' -l slots -d 'S
 complete -c varnel -n '__fish_seen_subcommand_from parse inspect barcode' -l with-source -d 'Print the file and the line of each document'
 complete -c varnel -n '__fish_seen_subcommand_from parse inspect' -l verbose -d 'With --each, say why each document was refused'
 complete -c varnel -n '__fish_seen_subcommand_from inspect' -l date -x -d 'The reference date'
+complete -c varnel -n '__fish_seen_subcommand_from inspect' -l looks -d 'Take the files for several looks at one document'
 complete -c varnel -n '__fish_seen_subcommand_from inspect' -l repair -x -a 'off columns digits' -d 'Put right what an optical reader gets wrong'
 complete -c varnel -n '__fish_seen_subcommand_from barcode' -l info -d 'Add the version, the issuer, elements without a slot and findings'
 complete -c varnel -n '__fish_seen_subcommand_from parse inspect barcode' -F

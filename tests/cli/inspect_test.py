@@ -208,6 +208,43 @@ class Repair(unittest.TestCase):
                                      "only one kind of character can stand there\n"), out)
 
 
+class Looks(unittest.TestCase):
+    # Three frames of a passport, each with an error elsewhere.
+    FRAMES = [PASSPORT.replace(b"ERIKSSON", b"ERIKSSDN"), PASSPORT.replace(b"7408122", b"7408172"),
+              PASSPORT.replace(b"L898902C3", b"L898902G3")]
+
+    def look(self, frames, *options):
+        with tempfile.TemporaryDirectory() as place:
+            paths = [pathlib.Path(place) / str(number) for number in range(len(frames))]
+            for path, frame in zip(paths, frames):
+                path.write_bytes(frame)
+            return varnel("inspect", *DATE, "--looks", *options, *paths)
+
+    def test_three_frames(self):
+        code, out, err = self.look(self.FRAMES, "--repair", "digits")
+        document = json.loads(out)
+        self.assertEqual((code, document["verdict"], document["source"], err), (0, "voted", [], b""))
+        self.assertEqual(document["zone"], PASSPORT.decode().split())
+
+    def test_a_frame_without_a_zone_is_reported_and_counts_for_nothing(self):
+        code, out, err = self.look([PASSPORT, b"nothing"])
+        self.assertEqual((code, verdicts(out)), (0, ["valid"]))
+        self.assertIn(b"1: no machine-readable zone in the text", err)
+        self.assertEqual(verdicts(self.look([b"nothing"])[1]), ["refused"])
+
+    def test_two_documents_are_no_answer(self):
+        other = PASSPORT.replace(b"L898902C36UTO7408122F1204159ZE184226B<<<<<10",
+                                 b"X123456785UTO7408122F1204159ZE184226B<<<<<12")
+        code, out, _ = self.look([PASSPORT, other], "--repair", "digits")
+        self.assertEqual((code, verdicts(out)), (1, ["doubtful"]))
+
+    def test_one_document_has_no_source(self):
+        for option in ("--each=line", "--with-source"):
+            code, out, err = varnel("inspect", "--looks", option, text=PASSPORT)
+            self.assertEqual((code, out), (2, b""))
+            self.assertIn(b"--looks makes one document of all files", err)
+
+
 class Usage(unittest.TestCase):
     def test_dates(self):
         for date in ("2026-02-30", "2026-13-01", "0000-01-01", "26-1-1", "2026-11-2x", " 2026-1-1", "today", ""):
