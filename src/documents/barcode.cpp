@@ -397,15 +397,23 @@ bool read_line(barcode_card &card, int at, int end, const char *type) {
   return true;
 }
 
-// Whether a CR stands for an LF in the subfile: where an element follows one before the declared end.
+// Whether the subfile's declared last byte is a CR, as it should be.
+bool has_declared_return(const barcode_card &card, const subfile &sub, int limit) {
+  return sub.declared_end > sub.elements && sub.declared_end <= limit &&
+         card.text[sub.declared_end - 1] == CR;
+}
+
+// Whether a CR stands for an LF in the subfile: where an element follows one, before the declared end unless
+// that is wrong.
 bool has_inner_return(const barcode_card &card, const subfile &sub, int limit, const char *type) {
-  for (int at = sub.elements; at < limit; ++at) {
-    const void *found = memchr(card.text + at, CR, static_cast<size_t>(limit - at));
+  const int last = has_declared_return(card, sub, limit) ? sub.declared_end - 1 : limit;
+  for (int at = sub.elements; at < last; ++at) {
+    const void *found = memchr(card.text + at, CR, static_cast<size_t>(last - at));
     if (found == nullptr) {
       return false;
     }
     at = static_cast<int>(static_cast<const char *>(found) - card.text);
-    if (at + 1 != sub.declared_end && known_element_at(card, skip_separators(card, at, limit), limit, type)) {
+    if (known_element_at(card, skip_separators(card, at, limit), limit, type)) {
       return true;
     }
   }

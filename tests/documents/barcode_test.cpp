@@ -695,6 +695,8 @@ static std::vector<Deviation> deviations() {
       {"a jurisdiction's element in small letters", replaced(good, "ZVZVA", "ZVzvA"),
        "smallLetters@260:ZVA unknownElement@260:ZVA"},
       {"text after the last subfile", good + "88888888", "unknownElement@260:ZVA textAfter@266:ZV"},
+      {"text after it that looks like elements", good + "ZVB02\rZVC03\r",
+       "unknownElement@260:ZVA textAfter@266:ZV"},
       {"text between subfiles", replaced(good, "USA\r", "USA\r~~~~\r"),
        "offset@33:ZV textAfter@258:DL unknownElement@265:ZVA"},
       {"a line that is no element", replaced(good, "\nDCS", "\nApt. 3\nDCS"),
