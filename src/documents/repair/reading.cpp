@@ -173,8 +173,10 @@ public:
   window_reader(const layout &form, const noisy_line *const *lines, const surroundings &around,
                 found_zone &found)
       : form_(form), lines_(lines), around_(around), found_(found) {
+    // Around the names, or within another line.
     for (int i = 0; i < form.lines; ++i) {
-      noisy_ = noisy_ || lines[i]->noise > 0;
+      const bool has_names = i == form.find(VARNEL_PRIMARY_IDENTIFIER)->place.line;
+      noisy_ = noisy_ || (has_names ? lines[i]->noise > 0 : (lines[i]->noise_before >> 1) != 0);
     }
   }
 
