@@ -174,7 +174,7 @@ public:
                 found_zone &found)
       : form_(form), lines_(lines), around_(around), found_(found) {
     // Around the names, or within another line.
-    for (int i = 0; i < form.lines; ++i) {
+    for (int i = 0; i < VARNEL_ZONE_LINES && i < form.lines; ++i) {
       const bool has_names = i == form.find(VARNEL_PRIMARY_IDENTIFIER)->place.line;
       noisy_ = noisy_ || (has_names ? lines[i]->noise > 0 : (lines[i]->noise_before >> 1) != 0);
     }
@@ -497,7 +497,7 @@ private:
       }
     }
     const bool is_card_data = is_card(form_) && taken.likelihood * 10 >= likelihood * DATA_SHARE;
-    if (!taken.decisive || (ways != 1 && !is_card_data)) {
+    if (place == nullptr || !taken.decisive || (ways != 1 && !is_card_data)) {
       return false;
     }
     *place = taken.printed;
@@ -588,11 +588,12 @@ bool find_reading(passage p, passage page, extent within, int level, found_zone 
   for (int count = 1; reader.next(read[(count - 1) % VARNEL_ZONE_LINES]); ++count) {
     for (int id = VARNEL_LAYOUT_TD1; id <= VARNEL_LAYOUT_MRV_B; ++id) {
       const layout &form = LAYOUTS[id];
-      const noisy_line *lines[VARNEL_ZONE_LINES] = {};
+      const noisy_line &last = read[(count - 1) % VARNEL_ZONE_LINES];
+      const noisy_line *lines[VARNEL_ZONE_LINES];
       bool fit = count >= form.lines;
-      for (int i = 0; i < form.lines && fit; ++i) {
-        lines[i] = &read[(count - form.lines + i) % VARNEL_ZONE_LINES];
-        fit = lines[i]->size <= form.width + LONGER;
+      for (int i = 0; i < VARNEL_ZONE_LINES; ++i) {
+        lines[i] = &read[(VARNEL_ZONE_LINES + count - form.lines + i) % VARNEL_ZONE_LINES];
+        fit = fit && (i >= form.lines || lines[i]->size <= form.width + LONGER);
       }
       if (!fit) {
         continue;
@@ -601,7 +602,7 @@ bool find_reading(passage p, passage page, extent within, int level, found_zone 
       if (is_found && within == extent::first_zone && lines[0]->begin >= found.end()) {
         return true;
       }
-      const surroundings around = {level, page, lines[0]->begin, lines[form.lines - 1]->end};
+      const surroundings around = {level, page, lines[0]->begin, last.end};
       window_reader(form, lines, around, found).read();
     }
   }
