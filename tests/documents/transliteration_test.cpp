@@ -112,6 +112,12 @@ TEST(Transliteration, LettersThatTheTablesLack) {
   }
 }
 
+// Old shapes of small letters, whose capitals are the ordinary ones.
+TEST(Transliteration, OldShapesOfCyrillicLetters) {
+  EXPECT_EQ(names("\u1C80\u1C81\u1C82\u1C83\u1C84\u1C85\u1C86"), names("ВДОСТТЪ"));
+  EXPECT_EQ(names("\u1C80\u1C81\u1C82\u1C83\u1C84\u1C85\u1C86"), "VDOSTTIE");
+}
+
 struct language_row {
   const char *language;
   const char *name;
