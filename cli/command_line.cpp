@@ -176,9 +176,8 @@ private:
   }
 
   static std::vector<option> options_of(const command &described) {
-    const auto end = std::find_if(described.options.begin(), described.options.end(),
-                                  [](const option &each) { return each.name.empty(); });
-    return {described.options.begin(), end};
+    return {described.options.begin(), std::find_if(described.options.begin(), described.options.end(),
+                                                    [](const option &each) { return each.name.empty(); })};
   }
 
   // Hands the parser the command's name and the options as they are, every other word as a number.
@@ -291,7 +290,7 @@ private:
   }
 
   // "--format: 1 required TEXT missing", as the parser has it.
-  std::string mismatch(const std::string &message) const {
+  static std::string mismatch(const std::string &message) {
     for (const command *each : COMMANDS) {
       for (const option &candidate : options_of(*each)) {
         if (message.compare(0, candidate.name.size() + 3, "--" + std::string(candidate.name) + ":") == 0) {

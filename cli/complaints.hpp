@@ -7,7 +7,7 @@
 
 namespace varnel::cli {
 
-/** What a person is told who typed a zone as an argument; nothing of it is repeated. */
+/** The complaint about a zone that was typed as an argument; nothing of it is repeated. */
 inline constexpr char TEXT_IS_NO_ARGUMENT[] =
     "the text of a document is read from standard input: varnel parse < FILE";
 

@@ -184,7 +184,7 @@ private:
     return check.holds != 0 ? found + " agrees" : found + ", expected " + check.expected;
   }
 
-  // The name of a state, the check digit, and what was found, parted by commas.
+  // The name of a state, the check digit, and what was found, separated by commas.
   std::string remarks_of(const varnel_inspected_field &field) const {
     std::string remarks;
     const auto add = [&](std::string_view words) {

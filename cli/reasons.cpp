@@ -17,27 +17,27 @@ enum class content { letters, name, digits };
 struct checked_field {
   int line;
   columns where; // a length of 0 reaches to the end of the line
-  const char *name;
   content expected;
+  const char *name;
 };
 
 constexpr columns TWO_LINE_NAME = {two_line::NAME_START, 0};
 constexpr columns WHOLE_LINE = {0, 0};
 
 constexpr checked_field TWO_LINE_FIELDS[] = {
-    {1, zone::ISSUING_STATE, "issuing state", content::letters},
-    {1, TWO_LINE_NAME, "name", content::name},
-    {2, two_line::NATIONALITY, "nationality", content::letters},
-    {2, two_line::BIRTH_DATE, "birth date", content::digits},
-    {2, two_line::EXPIRATION_DATE, "expiry date", content::digits},
+    {1, zone::ISSUING_STATE, content::letters, "issuing state"},
+    {1, TWO_LINE_NAME, content::name, "name"},
+    {2, two_line::NATIONALITY, content::letters, "nationality"},
+    {2, two_line::BIRTH_DATE, content::digits, "birth date"},
+    {2, two_line::EXPIRATION_DATE, content::digits, "expiry date"},
 };
 
 constexpr checked_field TD1_FIELDS[] = {
-    {1, zone::ISSUING_STATE, "issuing state", content::letters},
-    {2, td1::BIRTH_DATE, "birth date", content::digits},
-    {2, td1::EXPIRATION_DATE, "expiry date", content::digits},
-    {2, td1::NATIONALITY, "nationality", content::letters},
-    {3, WHOLE_LINE, "name", content::name},
+    {1, zone::ISSUING_STATE, content::letters, "issuing state"},
+    {2, td1::BIRTH_DATE, content::digits, "birth date"},
+    {2, td1::EXPIRATION_DATE, content::digits, "expiry date"},
+    {2, td1::NATIONALITY, content::letters, "nationality"},
+    {3, WHOLE_LINE, content::name, "name"},
 };
 
 // The layouts of one length, by ICAO Doc 9303.
@@ -95,8 +95,9 @@ std::string faults(const zone_shape &shape, std::string_view zone) {
     const checked_field &field = shape.fields[i];
     const int start = field.where.start;
     const int length = field.where.length > 0 ? field.where.length : shape.width - start;
-    const std::size_t at = static_cast<std::size_t>((field.line - 1) * shape.width + start);
-    const char *wrong = fault(field.expected, zone.substr(at, static_cast<std::size_t>(length)));
+    const int at = (field.line - 1) * shape.width + start;
+    const char *wrong =
+        fault(field.expected, zone.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(length)));
     if (wrong != nullptr) {
       found += (found.empty() ? "" : "; ") + place(field.line, start, length, field.name) + wrong;
     }

@@ -266,7 +266,7 @@ static_assert(in_place(VARNEL_LAYOUT_TD1) && in_place(VARNEL_LAYOUT_TD2) && in_p
 
 } // namespace detail
 
-// The layout of a zone of so many lines and columns, told by the first five characters of its first line;
+// The layout of a zone of so many lines and columns, by the first five characters of its first line;
 // VARNEL_LAYOUT_NONE where there is none of that shape.
 constexpr int layout_of(int lines, int width, const char *first) {
   if (lines == 3) {

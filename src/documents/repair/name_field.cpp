@@ -151,7 +151,7 @@ public:
   }
 
 private:
-  // Words are parted by one filler, the parts of the name by two. Two more, or a small letter, begin the
+  // Words are separated by one filler, the parts of the name by two. Two more, or a small letter, begin the
   // tail.
   void divide() {
     const int size = line_.size;
