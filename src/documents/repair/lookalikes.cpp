@@ -16,9 +16,9 @@ char find_second(const char *pairs, char first) {
   return '\0';
 }
 
-bool is_pair(const char *pairs, char first, char second) {
+bool is_pair(const char *pairs, char left, char right) {
   for (; *pairs != '\0'; pairs += 2) {
-    if (pairs[0] == first && pairs[1] == second) {
+    if (pairs[0] == left && pairs[1] == right) {
       return true;
     }
   }
