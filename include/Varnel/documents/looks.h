@@ -36,9 +36,9 @@ typedef struct varnel_look {
 
 /** Looks at one document: a plain value. All zeros, it holds none. */
 typedef struct varnel_looks {
-  varnel_look looks[VARNEL_LOOKS];
-  varnel_inspection last; /**< the look added last, as varnel_inspect() would write it */
-  uint8_t count;          /**< entries of `looks` */
+  varnel_look looks[VARNEL_LOOKS]; /**< what each of them showed */
+  varnel_inspection last;          /**< the look added last, as varnel_inspect() would write it */
+  uint8_t count;                   /**< entries of `looks` */
 } varnel_looks;
 
 /**
