@@ -192,6 +192,42 @@ inline std::optional<inspection> inspect(std::string_view text, date today, repa
   return inspection(record);
 }
 
+/** Several looks at one document, combined: a plain value of about 12 KiB. */
+class looks {
+public:
+  /**
+   * Adds a look, as varnel_looks_add() does.
+   *
+   * @param text  UTF-8 of up to VARNEL_TEXT_MAX bytes, a zone of the document somewhere in it.
+   * @param today the reference date.
+   * @param level how far characters may be changed.
+   * @return whether it shows a zone; else it counts for nothing.
+   */
+  bool add(std::string_view text, date today, repair level = repair::off) {
+    const varnel_inspect_options options = {today.year, today.month, today.day, static_cast<int>(level)};
+    return varnel_looks_add(&record_, text.data(), text.size(), &options) == VARNEL_ERR_OK;
+  }
+
+  /**
+   * Inspects what the looks show together, as varnel_looks_inspect() does.
+   *
+   * @param today the reference date.
+   * @param level how far characters may be changed.
+   * @return the inspection; nothing for a date that does not exist.
+   */
+  std::optional<varnel::inspection> inspect(date today, repair level = repair::off) const {
+    const varnel_inspect_options options = {today.year, today.month, today.day, static_cast<int>(level)};
+    varnel_inspection record;
+    if (varnel_looks_inspect(&record_, &options, &record) != VARNEL_ERR_OK) {
+      return std::nullopt;
+    }
+    return varnel::inspection(record);
+  }
+
+private:
+  varnel_looks record_ = {};
+};
+
 /** @param id VARNEL_DOCUMENT_NUMBER and so on. @return its name in JSON; empty for any other number. */
 constexpr std::string_view field_name(int id) {
   switch (id) {
