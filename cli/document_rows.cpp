@@ -39,10 +39,9 @@ void document_rows::begin_row(const document &from) {
 }
 
 void document_rows::begin_table(const document &from) {
-  if (!first_table_) {
+  if (from.number > 1) {
     out_.put('\n');
   }
-  first_table_ = false;
   if (!from.title.empty()) {
     put_coloured(out_, coloured_, HEADING_COLOUR, from.title);
     out_.put('\n');

@@ -54,7 +54,6 @@ private:
   format format_;
   bool with_source_;
   bool coloured_;
-  bool first_table_ = true;
 };
 
 } // namespace varnel::cli

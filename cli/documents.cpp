@@ -2,13 +2,16 @@
 
 #include "advice.hpp"
 #include "complaints.hpp"
+#include "crew.hpp"
 #include "exit_codes.hpp"
 #include "formats.hpp"
 #include "input.hpp"
 #include "platform.hpp"
 #include "progress.hpp"
+#include "quoting.hpp"
 
 #include <algorithm>
+#include <charconv>
 #include <memory>
 #include <vector>
 
@@ -29,18 +32,33 @@ std::uint64_t total_size(const std::vector<std::string> &operands) {
   return total;
 }
 
+bool read_jobs(std::string_view text, unsigned &jobs) {
+  const char *end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, jobs);
+  return error == std::errc() && stop == end && jobs >= 1 && jobs <= 256;
+}
+
 // As much of a batch is looked at for advice.
 constexpr std::size_t HEAD_SIZE = 4096;
 
 class document_run {
 public:
   document_run(const arguments &asked, output &out, document_command &command, std::size_t counted,
-               reading bytes)
+               reading bytes, unsigned jobs, const command_maker &another)
       : operands_(asked.operands.empty() ? std::vector<std::string>{"-"} : asked.operands),
         split_(split_of(asked)), batch_(split_ != split::whole), titled_(format_of(asked) == format::table),
         with_source_(asked.has("with-source")),
         reasons_(!batch_ || asked.has("verbose") || is_terminal(STANDARD_ERROR)), out_(out),
-        command_(command), reader_(split_, counted, bytes), progress_(batch_ ? total_size(operands_) : 0) {}
+        command_(command), reader_(split_, counted, bytes), progress_(batch_ ? total_size(operands_) : 0) {
+    if (batch_ && jobs > 1 && another != nullptr) {
+      crew_ = std::make_unique<crew>(jobs, [this, another](output &answers) {
+        return [this, own = std::shared_ptr<document_command>(another(answers))](
+                   const document &from, bool over_long, std::string &remark) {
+          return answer(*own, from, over_long, remark);
+        };
+      });
+    }
+  }
 
   int run() {
     command_.begin();
@@ -62,10 +80,14 @@ public:
 private:
   void read_all_of(const std::string &operand) {
     input from(operand);
+    name_ = from.name();
     // What is known is shown before more is waited for.
     reader_.open([&](char *into, std::size_t room) {
-      progress_.erase();
-      out_.flush();
+      if (crew_ == nullptr || from.would_wait()) {
+        collect_all();
+        progress_.erase();
+        out_.flush();
+      }
       if (batch_ && !from.is_terminal()) {
         progress_.draw(counts_);
       }
@@ -82,8 +104,9 @@ private:
     const std::uint64_t before = counts_.documents;
     document_text text;
     while (out_.error() == 0 && !stopped() && reader_.next(text)) {
-      read(text, operand, from.name());
+      read(text, operand);
     }
+    collect_all();
     if (reader_.failed() && !stopped()) {
       report_unreadable(operand, from);
     } else if (split_ == split::zone && counts_.documents == before && !stopped()) {
@@ -92,31 +115,79 @@ private:
     }
   }
 
-  void read(const document_text &text, const std::string &operand, const std::string &name) {
+  void read(const document_text &text, const std::string &operand) {
     const std::uint64_t number = ++counts_.documents;
-    const std::string title = titled_ ? title_of(number, text.line, name) : "";
+    const std::string title = titled_ ? title_of(number, text.line, name_) : "";
     const document from = {text.text, number, operand, text.line, title};
-    if (text.over_long) {
-      command_.skip(from);
+    if (crew_ != nullptr) {
+      hand_over(from, text.over_long);
+      return;
+    }
+    std::string remark;
+    if (answer(command_, from, text.over_long, remark)) {
       ++counts_.refused;
-      report(name + (split_ == split::line ? ": line " : ": block at line ") + std::to_string(text.line) +
-             ": longer than 1 MiB, refused");
-    } else if (!command_.read(from)) {
-      ++counts_.refused;
-      if (reasons_) {
-        report_refused(from, name);
-      }
+    }
+    if (!remark.empty()) {
+      report(name_ + remark);
     }
   }
 
-  void report_refused(const document &from, const std::string &name) {
-    const std::string reason = command_.reason(from);
+  // Writes the answer to one document; true when it was refused. The remark is what is to be reported of it,
+  // after the name of the input. Several threads ask at once, each with a command of its own.
+  bool answer(document_command &command, const document &from, bool over_long, std::string &remark) const {
+    if (over_long) {
+      command.skip(from);
+      remark = (split_ == split::line ? ": line " : ": block at line ") + std::to_string(from.line) +
+               ": longer than 1 MiB, refused";
+      return true;
+    }
+    if (command.read(from)) {
+      return false;
+    }
+    const std::string reason = reasons_ ? command.reason(from) : "";
     if (!reason.empty()) {
       const std::string place =
           batch_ ? ": document " + std::to_string(from.number) + " (line " + std::to_string(from.line) + ")"
                  : "";
-      report(name + place + ": " + reason);
+      remark = place + ": " + reason;
     }
+    return true;
+  }
+
+  void hand_over(const document &from, bool over_long) {
+    while (filling_ == nullptr && (filling_ = crew_->empty_chunk()) == nullptr) {
+      collect(crew_->take());
+    }
+    filling_->add(from, over_long);
+    if (filling_->is_full()) {
+      crew_->submit(std::move(filling_));
+    }
+  }
+
+  // Everything that was handed over is answered after this.
+  void collect_all() {
+    if (crew_ == nullptr) {
+      return;
+    }
+    if (filling_ != nullptr && !filling_->is_empty()) {
+      crew_->submit(std::move(filling_));
+    }
+    for (std::unique_ptr<chunk> next = crew_->take(); next != nullptr; next = crew_->take()) {
+      collect(std::move(next));
+    }
+  }
+
+  void collect(std::unique_ptr<chunk> answered) {
+    const std::string_view answers = answered->answers;
+    std::size_t written = 0;
+    for (const chunk::remark &each : answered->remarks) {
+      out_.put(answers.substr(written, each.end - written));
+      written = each.end;
+      report(name_ + each.text);
+    }
+    out_.put(answers.substr(written));
+    counts_.refused += answered->refused;
+    crew_->give_back(std::move(answered));
   }
 
   // Among several files each keeps its place in the output.
@@ -161,9 +232,12 @@ private:
   document_reader reader_;
   progress progress_;
   tally counts_;
+  std::string name_; // of the input that is read
   std::string head_; // the first bytes that were read
   bool trouble_ = false;
   bool none_found_ = false; // in some input, with --each zone
+  std::unique_ptr<chunk> filling_;
+  std::unique_ptr<crew> crew_; // goes first: its threads use what is above
 };
 
 } // namespace
@@ -177,8 +251,13 @@ split split_of(const arguments &asked) {
 }
 
 int read_documents(const arguments &asked, output &out, document_command &command, std::size_t counted,
-                   reading bytes) {
-  return std::make_unique<document_run>(asked, out, command, counted, bytes)->run();
+                   reading bytes, const command_maker &another) {
+  unsigned jobs = 1;
+  if (asked.has(JOBS_OPTION.name) && !read_jobs(asked.value(JOBS_OPTION.name), jobs)) {
+    return complain_of_usage("--jobs " + in_quotes(asked.value(JOBS_OPTION.name)) +
+                             " is not a number from 1 to 256");
+  }
+  return std::make_unique<document_run>(asked, out, command, counted, bytes, jobs, another)->run();
 }
 
 } // namespace varnel::cli

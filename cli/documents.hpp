@@ -8,6 +8,8 @@
 #include "output.hpp"
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -55,15 +57,25 @@ public:
   virtual std::string reason(const document &from) = 0;
 };
 
+inline constexpr option JOBS_OPTION = {
+    "jobs", "NUMBER",
+    "With --each, read with so many threads, 1 to 256 (default: 1); the output\n"
+    "is the same"};
+
+/** Makes another command of the same kind, whose answers go to `out`. */
+using command_maker = std::function<std::unique_ptr<document_command>(output &out)>;
+
 /**
  * Reads all documents that the arguments name and hands each to the command.
  *
  * @param counted how many bytes of each document matter to the command; no more are kept
  * @param bytes   whether every byte of a document has to stay where it is in the input
+ * @param another makes the commands of further threads, where there may be some
  * @return        the exit code
  */
 int read_documents(const arguments &asked, output &out, document_command &command,
-                   std::size_t counted = document_reader::COUNTED, reading bytes = reading::plain);
+                   std::size_t counted = document_reader::COUNTED, reading bytes = reading::plain,
+                   const command_maker &another = nullptr);
 
 } // namespace varnel::cli
 

@@ -36,6 +36,8 @@ void input::fail(const std::string &reason) { complaint_ = name_ + ": " + reason
 
 bool input::is_terminal() const { return cli::is_terminal(descriptor_); }
 
+bool input::would_wait() const { return cli::would_wait(descriptor_); }
+
 std::ptrdiff_t input::read(char *into, std::size_t room) {
   if (!complaint_.empty()) {
     return -1;

@@ -25,6 +25,9 @@ public:
 
   bool is_terminal() const;
 
+  /** As cli::would_wait(). */
+  bool would_wait() const;
+
   /** As read_some(). Once it has failed it fails again, and complaint() says why. */
   std::ptrdiff_t read(char *into, std::size_t room);
 

@@ -5,7 +5,9 @@
 namespace varnel::cli {
 
 bool output::flush() {
-  if (error_ == 0) {
+  if (gathered_ != nullptr) {
+    gathered_->append(buffer_.data(), used_);
+  } else if (error_ == 0) {
     error_ = write_all(descriptor_, std::string_view(buffer_.data(), used_));
   }
   used_ = 0;

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace varnel::cli {
@@ -20,6 +21,9 @@ public:
   explicit output(int descriptor) : descriptor_(descriptor) {}
   output(const output &) = delete;
   output &operator=(const output &) = delete;
+
+  /** From now on nothing is written to the descriptor: what is flushed is added to a text. */
+  void gather(std::string *into) { gathered_ = into; }
 
   void put(std::string_view bytes) {
     if (bytes.size() > SIZE - used_) {
@@ -54,6 +58,7 @@ private:
   void put_long(std::string_view bytes);
 
   int descriptor_;
+  std::string *gathered_ = nullptr;
   int error_ = 0;
   std::size_t used_ = 0;
   std::array<char, SIZE> buffer_ = {};

@@ -38,7 +38,8 @@ private:
 
 int run(const arguments &asked, output &out) {
   parse command(asked, out);
-  return read_documents(asked, out, command);
+  return read_documents(asked, out, command, document_reader::COUNTED, reading::plain,
+                        [&](output &other) { return std::make_unique<parse>(asked, other); });
 }
 
 } // namespace
@@ -49,7 +50,7 @@ const command PARSE_COMMAND = {
     "FILE",
     "Files to read, each the text of one document; '-' or none: standard input",
     false,
-    {EACH_OPTION, FORMAT_OPTION, SLOTS_OPTION, WITH_SOURCE_OPTION, VERBOSE_OPTION},
+    {EACH_OPTION, FORMAT_OPTION, JOBS_OPTION, SLOTS_OPTION, WITH_SOURCE_OPTION, VERBOSE_OPTION},
     "  varnel parse passport.txt              one document, a table on a terminal\n"
     "  varnel parse --each line < zones.txt   one document per line, JSON lines\n",
     run};

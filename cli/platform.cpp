@@ -96,6 +96,11 @@ void close_file(int descriptor) { _close(descriptor); }
 // Files have no numbers to know them by here.
 bool is_output_file(int) { return false; }
 
+bool would_wait(int descriptor) {
+  struct _stat status = {};
+  return _fstat(descriptor, &status) != 0 || (status.st_mode & _S_IFMT) != _S_IFREG;
+}
+
 std::ptrdiff_t read_some(int descriptor, char *into, std::size_t room) {
   if (stopped()) {
     errno = EINTR;
@@ -148,6 +153,11 @@ bool is_output_file(int descriptor) {
   }
   return S_ISREG(in.st_mode) && in.st_dev == out.st_dev && in.st_ino == out.st_ino &&
          lseek(descriptor, 0, SEEK_CUR) < in.st_size;
+}
+
+bool would_wait(int descriptor) {
+  pollfd waited = {descriptor, POLLIN, 0};
+  return poll(&waited, 1, 0) == 0;
 }
 
 std::ptrdiff_t read_some(int descriptor, char *into, std::size_t room) {

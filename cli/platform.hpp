@@ -50,6 +50,9 @@ bool is_output_file(int descriptor);
  */
 std::ptrdiff_t read_some(int descriptor, char *into, std::size_t room);
 
+/** Whether reading would have to wait, as far as that can be told; regular files never do. */
+bool would_wait(int descriptor);
+
 /** Writes all of the bytes, waiting where that is needed; returns 0, or the errno of the failed write. */
 int write_all(int descriptor, std::string_view bytes);
 

@@ -31,7 +31,7 @@ _varnel() {
       COMPREPLY=($(compgen -P "$written" -W "TD1 TD2 TD3 MRV-A MRV-B" -- "$word"))
       return
       ;;
-    --count | --seed)
+    --count | --jobs | --seed)
       return
       ;;
     --repair)
@@ -46,7 +46,7 @@ _varnel() {
   case "$command" in
     parse | inspect | barcode)
       if [[ "$word" == -* ]]; then
-        local options="--each --format --help --slots --verbose --version --with-source"
+        local options="--each --format --help --jobs --slots --verbose --version --with-source"
         [[ "$command" == inspect ]] && options="--date --each --format --help --looks --repair --verbose --version --with-source"
         [[ "$command" == barcode ]] && options="--format --help --info --slots --version --with-source"
         COMPREPLY=($(compgen -W "$options" -- "$word"))

@@ -29,7 +29,7 @@ def run(*command, text=""):
 class Help(unittest.TestCase):
     def test_the_options_are_these(self):
         self.assertEqual(options_of(), {"help", "version"})
-        self.assertEqual(options_of("parse"), {"help", "version", "each", "format", "slots", "with-source", "verbose"})
+        self.assertEqual(options_of("parse"), {"help", "version", "each", "format", "jobs", "slots", "with-source", "verbose"})
         self.assertEqual(options_of("inspect"),
                          {"help", "version", "date", "repair", "looks", "each", "format", "with-source", "verbose"})
         self.assertEqual(options_of("barcode"), {"help", "version", "format", "slots", "info", "with-source"})
@@ -44,7 +44,8 @@ class Help(unittest.TestCase):
         self.assertEqual(re.findall(r"^  (\S+)", listed, re.M), COMMANDS)
 
 
-ALL_OPTIONS = {"help", "version", "date", "repair", "looks", "each", "format", "slots", "info", "with-source", "verbose", "layout", "count", "seed"}
+ALL_OPTIONS = {"help", "version", "date", "repair", "looks", "each", "format", "jobs", "slots", "info", "with-source",
+               "verbose", "layout", "count", "seed"}
 
 
 class Manual(unittest.TestCase):
@@ -156,7 +157,7 @@ class Zsh(unittest.TestCase):
 
     def test_values_may_stand_behind_an_equals_sign(self):
         self.assertEqual(set(re.findall(r"--([a-z]+)=\[", source("completion/_varnel"))),
-                         {"date", "repair", "each", "format", "layout", "count", "seed"})
+                         {"date", "repair", "each", "format", "jobs", "layout", "count", "seed"})
 
 
 class Fish(unittest.TestCase):

@@ -1,0 +1,108 @@
+// Several threads that read documents, for --jobs: documents go in by chunks, answers come out in the same
+// order.
+#ifndef VARNEL_CLI_CREW_HPP
+#define VARNEL_CLI_CREW_HPP
+
+#include "documents.hpp"
+
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace varnel::cli {
+
+/** Documents that one thread reads together, and what came of them. */
+class chunk {
+public:
+  /** With this much text a chunk is full. */
+  static constexpr std::size_t FULL = std::size_t{1} << 14;
+
+  /** Says what is reported of the document at the end of its answer; nothing when it is empty. */
+  struct remark {
+    std::size_t end; /**< of the answer, in answers */
+    std::string text;
+  };
+
+  /** What is done with one document: writes its answer, and returns whether it was refused, and a remark. */
+  using read_function = std::function<bool(const document &from, bool over_long, std::string &remark)>;
+
+  void add(const document &from, bool over_long);
+  bool is_empty() const { return documents_.empty(); }
+  bool is_full() const { return text_.size() >= FULL || documents_.size() >= FULL / 16; }
+  void clear();
+
+  /** Reads all documents in order, each by `read`, whose answers go to `out`, which writes to answers. */
+  void read_all(const read_function &read, output &out);
+
+  std::string answers;
+  std::vector<remark> remarks;
+  std::uint64_t refused = 0;
+
+private:
+  struct entry {
+    std::size_t begin; // of its text, its title after it
+    std::size_t text_size;
+    std::size_t title_size;
+    std::uint64_t number;
+    std::uint64_t line;
+    std::string_view file;
+    bool over_long;
+  };
+
+  std::string text_;
+  std::vector<entry> documents_;
+};
+
+class crew {
+public:
+  /** Makes what one thread reads with: its answers go to the output that it is given. */
+  using maker = std::function<chunk::read_function(output &out)>;
+
+  /** No more than this many chunks are held for each thread, read or not. */
+  static constexpr std::size_t CHUNKS_EACH = 4;
+
+  crew(unsigned threads, maker make);
+  ~crew();
+  crew(const crew &) = delete;
+  crew &operator=(const crew &) = delete;
+
+  /** A chunk to be filled, or null when so many are under way that one has to be taken first. */
+  std::unique_ptr<chunk> empty_chunk();
+
+  void submit(std::unique_ptr<chunk> filled);
+
+  /** The chunk that was submitted first, waiting until it is read; null when none is under way. */
+  std::unique_ptr<chunk> take();
+
+  void give_back(std::unique_ptr<chunk> used);
+
+private:
+  struct task {
+    std::unique_ptr<chunk> work;
+    bool begun = false;
+    bool done = false;
+  };
+
+  void work();
+
+  maker make_;
+  std::mutex mutex_;
+  std::condition_variable came_;
+  std::condition_variable done_;
+  std::deque<task> tasks_; // in the order of the input; a deque keeps them where they are
+  std::vector<std::unique_ptr<chunk>> spare_;
+  bool closed_ = false;
+  std::vector<std::thread> threads_;
+};
+
+} // namespace varnel::cli
+
+#endif
