@@ -1,3 +1,11 @@
+# How an installed program or library names its own folder to the loader, so that it finds what lies beside it,
+# wherever the tree was put or moved to.
+if(APPLE)
+  set(VARNEL_OWN_FOLDER "@loader_path")
+else()
+  set(VARNEL_OWN_FOLDER "$ORIGIN")
+endif()
+
 # What the libraries share: C++ as a language, hidden symbols, no runtime. The core and the documents library
 # are built alike.
 function(varnel_library target)
