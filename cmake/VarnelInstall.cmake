@@ -73,6 +73,6 @@ foreach(component IN ITEMS library documents development command foundation)
     OPTIONAL)
 endforeach()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
-  OPTIONAL FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "reference.md" EXCLUDE)
+  OPTIONAL FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.schema.json" PATTERN "reference.md" EXCLUDE)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/samples" DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
   OPTIONAL)

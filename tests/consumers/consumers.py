@@ -73,6 +73,14 @@ def install():
             fail(f"{path.relative_to(MOVED)} names the folder it was made in")
 
 
+def installed_pages():
+    """The pages that are installed link to what is installed with them."""
+    for page in (MOVED / "share" / "doc" / "Varnel").rglob("*.md"):
+        for link in re.findall(r"\]\(([^)#:]+)", page.read_text()):
+            if not (page.parent / link).exists():
+                fail(f"{page.relative_to(MOVED)} links to {link}, which is not installed")
+
+
 def destdir():
     """DESTDIR is put before the prefix, in which nothing then appears."""
     prefix, staged = WORK / "prefixes" / "never", fresh(WORK / "staged")
