@@ -14,7 +14,7 @@
 #include <Varnel/documents/looks.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <charconv>
 #include <ctime>
 #include <memory>
 #include <vector>
@@ -38,18 +38,22 @@ constexpr option LOOKS_OPTION = {"looks", "",
 bool read_date(const arguments &asked, varnel_inspect_options &options) {
   if (!asked.has(DATE_OPTION.name)) {
     const std::time_t now = std::time(nullptr);
-    const std::tm *today = std::gmtime(&now);
+    const std::tm *today = std::gmtime(&now); // NOLINT(concurrency-mt-unsafe): no thread was started yet
     options.year = today->tm_year + 1900;
     options.month = today->tm_mon + 1;
     options.day = today->tm_mday;
     return true;
   }
-  const std::string text(asked.value(DATE_OPTION.name));
-  int length = 0;
-  return text.find_first_not_of("0123456789-") == std::string::npos && text.size() == 10 &&
-         std::sscanf(text.c_str(), "%4d-%2d-%2d%n", &options.year, &options.month, &options.day, &length) ==
-             3 &&
-         length == 10;
+  const std::string_view text = asked.value(DATE_OPTION.name);
+  if (text.size() != 10 || text[4] != '-' || text[7] != '-') {
+    return false;
+  }
+  const auto read = [&](std::size_t at, std::size_t length, int &number) {
+    const char *end = text.data() + at + length;
+    const auto [stopped, error] = std::from_chars(text.data() + at, end, number);
+    return stopped == end && error == std::errc() && number >= 0;
+  };
+  return read(0, 4, options.year) && read(5, 2, options.month) && read(8, 2, options.day);
 }
 
 bool read_options(const arguments &asked, varnel_inspect_options &options) {
