@@ -72,7 +72,7 @@ public:
     progress_.erase();
     out_.flush();
     if (batch_ && out_.error() == 0) {
-      progress_.summarise(counts_, stopped() ? "; interrupted" : hint());
+      progress_.summarise(counts_, command_.summary() + (stopped() ? "; interrupted" : hint()));
     }
     return trouble_ ? EXIT_TROUBLE : counts_.refused > 0 || none_found_ ? EXIT_SOME_REFUSED : EXIT_ALL_READ;
   }

@@ -55,6 +55,9 @@ public:
    * say. Without --each it is always asked.
    */
   virtual std::string reason(const document &from) = 0;
+
+  /** What the summary of a batch adds to the counts of documents and refusals. */
+  virtual std::string summary() const { return ""; }
 };
 
 inline constexpr option JOBS_OPTION = {

@@ -15,8 +15,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <ctime>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace varnel::cli {
@@ -158,8 +160,7 @@ private:
   std::string json_;
 };
 
-// ---- one document at a time
-// ------------------------------------------------------------------------------------
+// ---- one document at a time ---------------------------------------------------------------------------
 
 class inspect : public document_command {
 public:
@@ -172,7 +173,7 @@ public:
     too_long_ = from.text.size() > VARNEL_TEXT_MAX;
     varnel_inspect(from.text.data(), too_long_ ? 0 : from.text.size(), &options_, &inspection_);
     writer_.write(from, inspection_);
-    doubtful_ = doubtful_ || inspection_.verdict == VARNEL_VERDICT_DOUBTFUL;
+    doubtful_ += inspection_.verdict == VARNEL_VERDICT_DOUBTFUL ? 1 : 0;
     return inspection_.verdict != VARNEL_VERDICT_REFUSED;
   }
 
@@ -185,14 +186,18 @@ public:
     return too_long_ ? "longer than 64 KiB, refused" : refusal_words(inspection_);
   }
 
-  bool was_doubtful() const { return doubtful_; }
+  std::string summary() const override {
+    return doubtful_ > 0 ? ", " + std::to_string(doubtful_) + " doubtful" : "";
+  }
+
+  bool was_doubtful() const { return doubtful_ > 0; }
 
 private:
   inspection_writer writer_;
   varnel_inspect_options options_;
   varnel_inspection inspection_ = {};
   bool too_long_ = false;
-  bool doubtful_ = false;
+  std::uint64_t doubtful_ = 0;
 };
 
 // ---- several looks at one document -------------------------------------------------------------------

@@ -188,6 +188,12 @@ class Words(unittest.TestCase):
         plain = varnel("inspect", *DATE, "--format", "table", text=WRONG_DIGIT)[1]
         self.assertEqual(re.sub(rb"\033\[[0-9;]*m", b"", out), plain)
 
+    def test_the_summary_counts_the_doubtful(self):
+        for text, summary in ((PASSPORT + b"\n" + WRONG_DIGIT + b"\nnothing\n", b"3 documents, 1 refused, 1 doubtful\n"),
+                              (PASSPORT, b"1 document, 0 refused\n")):
+            err = varnel_on_terminal("inspect", *DATE, "--each", "block", text=text, streams=["stderr"])[2]
+            self.assertTrue(err.endswith(b"varnel: " + summary), err)
+
 
 class Repair(unittest.TestCase):
     READ = PASSPORT.replace(b"7408122F", b"74O8122F")
