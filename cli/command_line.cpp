@@ -22,8 +22,9 @@ namespace {
 const char *const EXIT_CODES =
     "Exit codes:\n"
     "  0  everything was read\n"
-    "  1  something was refused: a text that is no machine-readable zone, an unknown\n"
-    "     element, a name that cannot be encoded, a document that cannot be composed\n"
+    "  1  something was refused: a text that is no machine-readable zone or barcode, an\n"
+    "     unknown element, a name that cannot be encoded, a document that cannot be\n"
+    "     composed; or inspect found a document doubtful\n"
     "  2  bad usage, a file that cannot be read (the others are still done), or\n"
     "     output that cannot be written\n"
     "A reader that closes the pipe early ends varnel quietly, with the code of what was\n"

@@ -206,7 +206,7 @@ int run(const arguments &asked, output &out) {
 
 const command SPECIMEN_COMMAND = {
     "specimen",
-    "Make zones of made-up people up, for tests",
+    "Make zones of invented people, for tests",
     "",
     "",
     false,

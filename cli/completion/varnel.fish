@@ -8,7 +8,7 @@ complete -c varnel -n __fish_use_subcommand -a parse -d 'Read documents and prin
 complete -c varnel -n __fish_use_subcommand -a inspect -d 'Say whether documents are right, and if not, where'
 complete -c varnel -n __fish_use_subcommand -a barcode -d "Read barcodes of driver's licences and print the same twelve values"
 complete -c varnel -n __fish_use_subcommand -a compose -d 'Compose zones from the values of documents'
-complete -c varnel -n __fish_use_subcommand -a specimen -d 'Make zones of made-up people up, for tests'
+complete -c varnel -n __fish_use_subcommand -a specimen -d 'Make zones of invented people, for tests'
 complete -c varnel -n __fish_use_subcommand -a element -d 'Look AAMVA data elements up in the five element tables'
 complete -c varnel -n __fish_use_subcommand -a soundex -d 'Print the Soundex codes of names'
 complete -c varnel -n '__fish_seen_subcommand_from parse inspect barcode element soundex' -l format -x -a 'json table csv' -d 'How to print'
