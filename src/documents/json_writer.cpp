@@ -25,6 +25,11 @@ void json_writer::number(unsigned value) {
     character(static_cast<char>('0' + value));
     return;
   }
+  if (value < 100 && room_ - length_ >= 2) { // nearly every place in a zone
+    out_[length_++] = static_cast<char>('0' + value / 10);
+    out_[length_++] = static_cast<char>('0' + value % 10);
+    return;
+  }
   char digits[10];
   size_t first = sizeof digits;
   for (; value > 0; value /= 10) {
