@@ -4,9 +4,9 @@
  *
  * The functions of the library are here a second time, in the namespace `reference`, step by step with plain
  * loops: under the same names, but for the entry, parse_mrz(), and the export, value_for_key() and
- * export_values(). Nothing here calls the library: only its public types are used. The unit tests compare both on many random inputs, the fuzz targets on whatever the
- * fuzzer finds, and the benchmarks take this as their baseline; so nothing here allocates, but for
- * export_values(), which hands out plain strings.
+ * export_values(). Nothing here calls the library: only its public types are used. The unit tests compare
+ * both on many random inputs, the fuzz targets on whatever the fuzzer finds, and the benchmarks take this as
+ * their baseline; so nothing here allocates, but for export_values(), which hands out plain strings.
  *
  * Inside the namespace, calls are qualified, because the arguments' types would otherwise bring the
  * library's functions of the same names into the lookup.
