@@ -64,7 +64,8 @@ CORE = Library(
 DOCUMENTS = Library(
     name="varnel_documents", sources=ROOT / "src" / "documents", headers=DOCUMENT_HEADERS,
     manifests=ROOT / "tests" / "abi" / "documents", needs=["libvarnel.so.1", "libc.so.6"], knows="varnel_inspect",
-    frame_bound=16 * 1024, chain_bound=32 * 1024, file_bound=208 * 1024, code_bound=192 * 1024)
+    frame_bound=6 * 1024,  # varnel_inspect_all holds the candidates of a page
+    chain_bound=8 * 1024, file_bound=208 * 1024, code_bound=192 * 1024)
 LIBRARIES = (CORE, DOCUMENTS)
 
 
