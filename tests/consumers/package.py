@@ -62,7 +62,7 @@ def check_access(packages):
     """What is packed can be read by all, and every folder entered, although it was packed under umask 077."""
     listings = [run("sh", "-c", f"dpkg-deb --fsys-tarfile {package} | tar -tv") for package in packages.values()]
     listings += [run("tar", "-tvf", archive) for archive in OUT.glob("*.tar.gz")]
-    for line in "\n".join(listings).splitlines():
+    for line in "".join(listings).splitlines():
         if not re.match(r"d..xr.xr.x|-r..r..r..|l", line):
             fail(f"not everybody can read or enter: {line}")
 
