@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include "reference.hpp"
 #include "support.hpp"
 
 using namespace std::string_literals;
@@ -652,64 +651,6 @@ TEST(Capacity, OfTheDateWriter) {
     EXPECT_EQ(record.shown(), c.picture);
     EXPECT_EQ(record->data_size, c.used);
     EXPECT_TRUE(record.guards_intact());
-  }
-}
-
-// Every writer, one after the other, in buffers of 1 to 40 bytes: the same picture as the plain reading.
-TEST(Capacity, ASequenceOfAllWritersInEveryBufferOf1To40Bytes) {
-  const STRING name = view("VAN<<DER");
-  const STRING parts[3] = {view("A"), view("<"), view("BC")};
-  const DATETIME date = {1974, 8, 12, 0, 0, 0};
-  const auto two = [](void *, char *out, int room) {
-    for (int i = 0; i < 2 && i < room; i += 1)
-      out[i] = '#';
-    return room < 2 ? room : 2;
-  };
-  for (int size = 1; size <= 40; size += 1) {
-    for (int first = 0; first < 6; first += 1) {
-      SCOPED_TRACE("buffer of " + std::to_string(size) + " from writer " + std::to_string(first));
-      Record library(size);
-      Record plain(size);
-      for (int step = first; step < first + 6; step += 1) {
-        const int field = step % 6;
-        FIELD *slot = nullptr;
-        FIELD *expected = nullptr;
-        switch (field) {
-        case 0:
-          slot = utils_write_field(library.get(), field, &name, "<", " ", ' ');
-          expected = reference::utils_write_field(plain.get(), field, &name, "<", " ", ' ');
-          break;
-        case 1:
-          slot = utils_write_field_f(library.get(), field, &name, is_filler, nullptr, '\0');
-          expected = reference::utils_write_field_f(plain.get(), field, &name, is_filler, nullptr, '\0');
-          break;
-        case 2:
-          slot = utils_write_field_s(library.get(), field, "UTO");
-          expected = reference::utils_write_field_s(plain.get(), field, "UTO");
-          break;
-        case 3:
-          slot = utils_write_field_w(library.get(), field, nullptr, two);
-          expected = reference::utils_write_field_w(plain.get(), field, nullptr, two);
-          break;
-        case 4:
-          slot = utils_write_field_array(library.get(), field, parts, 3, '/', "<", nullptr, '\0');
-          expected =
-              reference::utils_write_field_array(plain.get(), field, parts, 3, '/', "<", nullptr, '\0');
-          break;
-        default:
-          slot = utils_write_field_date(library.get(), field, &date);
-          expected = reference::utils_write_field_date(plain.get(), field, &date);
-          break;
-        }
-        EXPECT_EQ(slot != nullptr, expected != nullptr);
-        EXPECT_EQ(library.value(field), plain.value(field));
-        EXPECT_EQ(library.offset(field), plain.offset(field));
-        EXPECT_EQ(library.slot(field)->value.len, plain.slot(field)->value.len);
-        EXPECT_EQ(library->data_size, plain->data_size);
-        EXPECT_EQ(library.shown(), plain.shown());
-        EXPECT_TRUE(library.guards_intact());
-      }
-    }
   }
 }
 
