@@ -4,7 +4,11 @@
  */
 #include <Varnel/Varnel.h>
 
+#ifdef __cplusplus
+#define LAYOUT(condition) static_assert(condition, #condition)
+#else
 #define LAYOUT(condition) _Static_assert(condition, #condition)
+#endif
 #define SIZE(type, size) LAYOUT(sizeof(type) == (size))
 #define AT(type, member, offset) LAYOUT(offsetof(type, member) == (offset))
 

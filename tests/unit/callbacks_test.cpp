@@ -7,9 +7,7 @@
 
 #include "support.hpp"
 
-using support::Lent;
-using support::Record;
-using support::view;
+using namespace support;
 
 namespace {
 

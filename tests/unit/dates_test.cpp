@@ -11,9 +11,7 @@
 #include <Varnel/utils.h>
 
 using namespace std::string_view_literals;
-using support::Exact;
-using support::shown;
-using support::view;
+using namespace support;
 
 namespace {
 

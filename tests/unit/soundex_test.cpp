@@ -9,7 +9,7 @@
 
 #include <Varnel/utils.h>
 
-using support::Exact;
+using namespace support;
 
 namespace {
 

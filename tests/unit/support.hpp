@@ -28,6 +28,22 @@ inline std::string shown(std::string bytes) {
   return bytes;
 }
 
+// Predicates. noted<f> answers as f does, and notes what it was asked.
+inline int is_filler(int c) { return c == '<'; }
+inline int is_space(int c) { return c == ' '; }
+inline int is_digit(int c) { return c >= '0' && c <= '9'; }
+inline int is_letter(int c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+inline int is_negative(int c) { return c < 0 ? -1 : 0; }
+inline int yes(int) { return 1; }
+inline int yes_minus_one(int) { return -1; }
+inline int yes_256(int) { return 256; }
+inline int no(int) { return 0; }
+inline std::vector<int> asked;
+template <_t_predicate_func f> int noted(int c) {
+  asked.push_back(c);
+  return f(c);
+}
+
 // A copy of a text in memory of exactly its size, so that the address sanitizer sees every read past it.
 class Exact {
 public:
