@@ -238,6 +238,11 @@ int predicate_count() { return static_cast<int>(sizeof PREDICATES / sizeof *PRED
 
 _t_predicate_func noting_predicate(int index) { return PREDICATES[index]; }
 
+_t_predicate_func any_predicate(input &in) {
+  const int index = in.number(-1, predicate_count() - 1);
+  return index < 0 ? nullptr : noting_predicate(index);
+}
+
 std::vector<int> take_notes() {
   std::vector<int> taken;
   taken.swap(notes);

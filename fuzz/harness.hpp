@@ -182,7 +182,23 @@ int slot_number(const FIELD *slot, const record &owner);
 // The character classes, as functions that note what they were asked, in order.
 int predicate_count();
 _t_predicate_func noting_predicate(int index);
+_t_predicate_func any_predicate(input &in); // or none
 std::vector<int> take_notes();
+
+// ---- the library beside its plain reading ---------------------------------------------------------
+
+// A function's name, the library's function and the plain one.
+#define FUZZ_BOTH(function) #function, ::function, reference::function
+
+// Asks both the same, and expects the same answer and the same questions to predicates. Gives the answer.
+template <class Library, class Plain, class... Arguments>
+auto same(const char *name, Library library, Plain plain, Arguments... arguments) {
+  const auto answer = library(arguments...);
+  const std::vector<int> asked = take_notes();
+  equal(name, answer, plain(arguments...));
+  equal("what the predicates were asked", asked, take_notes());
+  return answer;
+}
 
 } // namespace fuzz
 

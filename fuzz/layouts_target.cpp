@@ -219,13 +219,11 @@ void check_control_sum(const STRING &view, int start) {
   const int sum = MRZ_common_calc_control_sum(view.str, view.len, &ours);
   equal("the control sum", sum, reference::MRZ_common_calc_control_sum(view.str, view.len, &plain));
   equal("the running position", ours, plain);
-  equal("the control sum without a position", MRZ_common_calc_control_sum(view.str, view.len, nullptr),
-        reference::MRZ_common_calc_control_sum(view.str, view.len, nullptr));
+  fuzz::same(FUZZ_BOTH(MRZ_common_calc_control_sum), view.str, view.len, nullptr);
   for (const char digit :
        {'0', '5', '9', '<', 'A', '\xB9', view.str != nullptr && view.len > 0 ? *view.str : '1'}) {
     for (const int any : {sum, -sum, start - 20000}) {
-      equal("the control sum's check digit", MRZ_common_validate_control_sum(any, digit),
-            reference::MRZ_common_validate_control_sum(any, digit));
+      fuzz::same(FUZZ_BOTH(MRZ_common_validate_control_sum), any, digit);
     }
   }
   control_sum.seen(sum > 0);

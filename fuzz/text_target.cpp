@@ -78,54 +78,39 @@ struct char_list {
   memory chars;
 };
 
-_t_predicate_func any_predicate(fuzz::input &in) {
-  const int index = in.number(-1, fuzz::predicate_count() - 1);
-  return index < 0 ? nullptr : fuzz::noting_predicate(index);
-}
-
-// What the library asked its predicate since the last call, to be compared with what the plain one asks.
-void check_notes(const std::vector<int> &asked) {
-  equal("what the predicate was asked", asked, fuzz::take_notes());
-}
-
 // ---- trimming and checks ----
 
-void trim(fuzz::input &in) {
-  using trimmer = void (*)(STRING *, const char *);
-  constexpr trimmer LIBRARY[] = {utils_strtrim_start, utils_strtrim_end, utils_strtrim};
-  constexpr trimmer PLAIN[] = {reference::utils_strtrim_start, reference::utils_strtrim_end,
-                               reference::utils_strtrim};
-  const subject from(in);
-  const char_list chars(in);
+// The three trimmings of a text, by a set or by a predicate.
+template <class Dropped>
+void trim_by(const subject &from, Dropped dropped, void (*const (&library)[3])(STRING *, Dropped),
+             void (*const (&plain)[3])(STRING *, Dropped)) {
   for (int i = 0; i < 3; ++i) {
     STRING ours = from.view;
     STRING expected = from.view;
-    LIBRARY[i](&ours, chars.get());
-    PLAIN[i](&expected, chars.get());
+    library[i](&ours, dropped);
+    const std::vector<int> asked = fuzz::take_notes();
+    plain[i](&expected, dropped);
+    equal("what the predicate was asked", asked, fuzz::take_notes());
     from.check("the trimmed view", ours, expected);
-    LIBRARY[i](nullptr, chars.get());
+    library[i](nullptr, dropped);
     trimmed.seen(ours.len > 0 && ours.len < from.view.len);
     trimmed_away.seen(from.view.len > 0 && ours.len == 0);
   }
 }
 
-void trim_f(fuzz::input &in) {
-  using trimmer = void (*)(STRING *, _t_predicate_func);
-  constexpr trimmer LIBRARY[] = {utils_strtrim_start_f, utils_strtrim_end_f, utils_strtrim_f};
-  constexpr trimmer PLAIN[] = {reference::utils_strtrim_start_f, reference::utils_strtrim_end_f,
-                               reference::utils_strtrim_f};
+void trim(fuzz::input &in) {
   const subject from(in);
-  const _t_predicate_func f = any_predicate(in);
-  for (int i = 0; i < 3; ++i) {
-    STRING ours = from.view;
-    STRING expected = from.view;
-    LIBRARY[i](&ours, f);
-    const std::vector<int> asked = fuzz::take_notes();
-    PLAIN[i](&expected, f);
-    check_notes(asked);
-    from.check("the trimmed view", ours, expected);
-    LIBRARY[i](nullptr, f);
-  }
+  const char_list chars(in);
+  trim_by<const char *>(
+      from, chars.get(), {utils_strtrim_start, utils_strtrim_end, utils_strtrim},
+      {reference::utils_strtrim_start, reference::utils_strtrim_end, reference::utils_strtrim});
+}
+
+void trim_f(fuzz::input &in) {
+  const subject from(in);
+  trim_by<_t_predicate_func>(
+      from, fuzz::any_predicate(in), {utils_strtrim_start_f, utils_strtrim_end_f, utils_strtrim_f},
+      {reference::utils_strtrim_start_f, reference::utils_strtrim_end_f, reference::utils_strtrim_f});
 }
 
 void trim_in_place(fuzz::input &in) {
@@ -144,16 +129,10 @@ void trim_in_place(fuzz::input &in) {
 
 void check_characters(fuzz::input &in) {
   const subject from(in);
-  const _t_predicate_func f = any_predicate(in);
-  const int answer = utils_strcheck_f(&from.view, f);
-  std::vector<int> asked = fuzz::take_notes();
-  equal("utils_strcheck_f", answer, reference::utils_strcheck_f(&from.view, f));
-  check_notes(asked);
+  const _t_predicate_func f = fuzz::any_predicate(in);
+  const int answer = fuzz::same(FUZZ_BOTH(utils_strcheck_f), &from.view, f);
   const memory terminated(std::string(from.text.text()) + '\0');
-  const int c_answer = utils_cstrcheck_f(terminated.data(), f);
-  asked = fuzz::take_notes();
-  equal("utils_cstrcheck_f", c_answer, reference::utils_cstrcheck_f(terminated.data(), f));
-  check_notes(asked);
+  fuzz::same(FUZZ_BOTH(utils_cstrcheck_f), terminated.data(), f);
   equal("no view", utils_strcheck_f(nullptr, f), -1);
   equal("no text", utils_cstrcheck_f(nullptr, f), -1);
   check_passes.seen(answer == 0 && from.view.len > 0);
@@ -167,7 +146,7 @@ void match(fuzz::input &in) {
   constexpr matcher LIBRARY[] = {utils_match_f, utils_match_start_f};
   constexpr matcher PLAIN[] = {reference::utils_match_f, reference::utils_match_start_f};
   const subject from(in);
-  const _t_predicate_func f = any_predicate(in);
+  const _t_predicate_func f = fuzz::any_predicate(in);
   const int min = in.any_int();
   const int max = in.any_int();
   const bool wants_match = in.number(0, 7) != 0;
@@ -182,7 +161,7 @@ void match(fuzz::input &in) {
     equal(i == 0 ? "utils_match_f" : "utils_match_start_f", found,
           PLAIN[i](source, f, min, max, wants_match ? &expected[0] : nullptr,
                    wants_tail ? &expected[1] : nullptr));
-    check_notes(asked);
+    equal("what the predicate was asked", asked, fuzz::take_notes());
     from.check("the match", ours[0], expected[0]);
     from.check("the tail", ours[1], expected[1]);
     run_found.seen(i == 0 && found == 1 && ours[0].str > from.view.str && ours[0].len >= min);
@@ -322,15 +301,13 @@ void compare(fuzz::input &in) {
   const STRING *two = in.number(0, 15) == 0 ? nullptr : &view;
   int answers[2] = {};
   for (const int flags : {0, 1, in.any_int()}) {
-    const int answer = utils_tokcmp(one, two, flags);
-    equal("utils_tokcmp", answer, reference::utils_tokcmp(one, two, flags));
-    equal("utils_tokcmp the other way", utils_tokcmp(two, one, flags),
-          reference::utils_tokcmp(two, one, flags));
+    const int answer = fuzz::same(FUZZ_BOTH(utils_tokcmp), one, two, flags);
+    fuzz::same(FUZZ_BOTH(utils_tokcmp), two, one, flags);
     answers[flags & 1] = answer;
   }
   const memory terminated(std::string(second.text()) + '\0');
   const char *text = in.number(0, 15) == 0 ? nullptr : terminated.data();
-  equal("utils_strcmp", utils_strcmp(one, text), reference::utils_strcmp(one, text));
+  fuzz::same(FUZZ_BOTH(utils_strcmp), one, text);
   const bool same_length = one != nullptr && two != nullptr && two->str != nullptr && one->str != nullptr &&
                            one->len > 0 && one->len == two->len;
   equal_texts.seen(same_length && answers[0] == 0);
@@ -341,15 +318,13 @@ void compare(fuzz::input &in) {
 void search(fuzz::input &in) {
   const subject haystack(in);
   const subject needle(in, 4);
-  const int at = utils_strstr(&haystack.view, &needle.view);
-  equal("utils_strstr", at, reference::utils_strstr(&haystack.view, &needle.view));
+  fuzz::same(FUZZ_BOTH(utils_strstr), &haystack.view, &needle.view);
   equal("no haystack", utils_strstr(nullptr, &needle.view), -1);
   equal("no needle", utils_strstr(&haystack.view, nullptr), -1);
   if (haystack.view.str != nullptr && haystack.view.len > 0) {
     const int start = in.number(0, haystack.view.len - 1);
     const STRING part = {haystack.view.str + start, in.number(1, haystack.view.len - start)};
-    const int first = utils_strstr(&haystack.view, &part);
-    equal("utils_strstr of a part", first, reference::utils_strstr(&haystack.view, &part));
+    const int first = fuzz::same(FUZZ_BOTH(utils_strstr), &haystack.view, &part);
     holds(first >= 0 && first <= start, "a part of a text is found, at its place or before");
     text_found.seen(first > 0);
   }

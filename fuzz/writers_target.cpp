@@ -43,11 +43,6 @@ struct set {
   std::string chars;
 };
 
-_t_predicate_func any_predicate(fuzz::input &in) {
-  const int index = in.number(-1, fuzz::predicate_count() - 1);
-  return index < 0 ? nullptr : fuzz::noting_predicate(index);
-}
-
 // A source text in a block of its own, seen through a view that may be null or of a senseless length.
 struct source {
   explicit source(fuzz::input &in) : text(in.text(40)), view{text.data(), text.size()} {
@@ -141,7 +136,7 @@ void check_slot(pair &both, int field, const FIELD *ours, const FIELD *expected,
   one_byte_left.seen(grew && result.data_size == result.buffer_size - 1 && result.buffer_size > 1);
 }
 
-// Runs the plain and the library's writer and holds both to the same questions to their predicates.
+// Runs the library's and the plain writer and holds both to the same questions to their predicates.
 template <class Library, class Plain>
 void check_writer(pair &both, int field, Library library_writer, Plain plain_writer) {
   const bool had_text = utils_is_valid_field(both.library.result(), field) == ERR_OK;
@@ -153,42 +148,44 @@ void check_writer(pair &both, int field, Library library_writer, Plain plain_wri
   check_slot(both, field, ours, expected, had_text, used);
 }
 
+// The same for two writers of one name, which take the same arguments after record and slot.
+template <class Library, class Plain, class... Arguments>
+void check_writer(pair &both, int field, const char *, Library library, Plain plain, Arguments... arguments) {
+  check_writer(
+      both, field, [&](PARSE_RESULT *r) { return library(r, field, arguments...); },
+      [&](PARSE_RESULT *r) { return plain(r, field, arguments...); });
+}
+
+char any_replacement(fuzz::input &in) { return static_cast<char>(in.flag() ? ' ' : in.byte()); }
+
+// Mostly what is given, sometimes null.
+template <class T> const T *or_null(fuzz::input &in, const T *given) {
+  return in.number(0, 15) == 0 ? nullptr : given;
+}
+
 void write_field(pair &both, fuzz::input &in) {
   const int field = any_field(in);
   const source from(in);
   const set removed(in);
   const set duplicate(in);
-  const char rep = static_cast<char>(in.flag() ? ' ' : in.byte());
-  const STRING *view = in.number(0, 15) == 0 ? nullptr : &from.view;
-  check_writer(
-      both, field,
-      [&](PARSE_RESULT *r) { return utils_write_field(r, field, view, removed.get(), duplicate.get(), rep); },
-      [&](PARSE_RESULT *r) {
-        return reference::utils_write_field(r, field, view, removed.get(), duplicate.get(), rep);
-      });
+  const char rep = any_replacement(in);
+  check_writer(both, field, FUZZ_BOTH(utils_write_field), or_null(in, &from.view), removed.get(),
+               duplicate.get(), rep);
 }
 
 void write_field_f(pair &both, fuzz::input &in) {
   const int field = any_field(in);
   const source from(in);
-  const _t_predicate_func removed = any_predicate(in);
-  const _t_predicate_func duplicate = any_predicate(in);
-  const char rep = static_cast<char>(in.flag() ? ' ' : in.byte());
-  check_writer(
-      both, field,
-      [&](PARSE_RESULT *r) { return utils_write_field_f(r, field, &from.view, removed, duplicate, rep); },
-      [&](PARSE_RESULT *r) {
-        return reference::utils_write_field_f(r, field, &from.view, removed, duplicate, rep);
-      });
+  const _t_predicate_func removed = fuzz::any_predicate(in);
+  const _t_predicate_func duplicate = fuzz::any_predicate(in);
+  check_writer(both, field, FUZZ_BOTH(utils_write_field_f), &from.view, removed, duplicate,
+               any_replacement(in));
 }
 
 void write_field_s(pair &both, fuzz::input &in) {
   const int field = any_field(in);
   const memory text(in.text(40) + '\0');
-  const char *start = in.number(0, 15) == 0 ? nullptr : text.data();
-  check_writer(
-      both, field, [&](PARSE_RESULT *r) { return utils_write_field_s(r, field, start); },
-      [&](PARSE_RESULT *r) { return reference::utils_write_field_s(r, field, start); });
+  check_writer(both, field, FUZZ_BOTH(utils_write_field_s), or_null(in, text.data()));
 }
 
 void write_field_w(pair &both, fuzz::input &in) {
@@ -209,31 +206,22 @@ void write_field_array(pair &both, fuzz::input &in) {
   const set removed(in);
   const set duplicate(in);
   const char sep = static_cast<char>(in.byte());
-  const char rep = static_cast<char>(in.flag() ? ' ' : in.byte());
-  const STRING *views = in.number(0, 15) == 0 ? nullptr : from.views.get();
+  const char rep = any_replacement(in);
+  const STRING *views = or_null(in, from.views.get());
   const int count = in.number(0, 7) == 0 ? -1 : from.count();
   const int used = both.library.result()->data_size;
-  check_writer(
-      both, field,
-      [&](PARSE_RESULT *r) {
-        return utils_write_field_array(r, field, views, count, sep, removed.get(), duplicate.get(), rep);
-      },
-      [&](PARSE_RESULT *r) {
-        return reference::utils_write_field_array(r, field, views, count, sep, removed.get(), duplicate.get(),
-                                                  rep);
-      });
+  check_writer(both, field, FUZZ_BOTH(utils_write_field_array), views, count, sep, removed.get(),
+               duplicate.get(), rep);
   array_written.seen(count > 1 && both.library.result()->data_size > used);
 }
 
 void write_field_date(pair &both, fuzz::input &in) {
   const int field = any_field(in);
   const DATETIME date = any_date(in);
-  const DATETIME *given = in.number(0, 15) == 0 ? nullptr : &date;
+  const DATETIME *given = or_null(in, &date);
   const int used = both.library.result()->data_size;
   const bool room = both.library.buffer_size() - used >= 8;
-  check_writer(
-      both, field, [&](PARSE_RESULT *r) { return utils_write_field_date(r, field, given); },
-      [&](PARSE_RESULT *r) { return reference::utils_write_field_date(r, field, given); });
+  check_writer(both, field, FUZZ_BOTH(utils_write_field_date), given);
   const bool written = both.library.result()->data_size > used;
   date_written.seen(written);
   date_part_too_wide.seen(written && date.month > 99);
@@ -282,13 +270,13 @@ void query(pair &both, fuzz::input &in) {
 // ---- operations on plain memory --------------------------------------------------------------------
 
 // Runs a copier of the library and the plain one, each on memory of the same size and junk.
-template <class Library, class Plain>
-void check_copier(const char *name, int room, Library library_copier, Plain plain_copier) {
+template <class Library, class Plain, class... Arguments>
+void check_copier(const char *name, Library library, Plain plain, int room, Arguments... arguments) {
   memory ours(room > 0 ? room : 0);
   memory expected(room > 0 ? room : 0);
-  const int count = library_copier(ours.data());
+  const int count = library(ours.data(), room, arguments...);
   const std::vector<int> asked = fuzz::take_notes();
-  equal(name, count, plain_copier(expected.data()));
+  equal(name, count, plain(expected.data(), room, arguments...));
   equal("what the predicates were asked", asked, fuzz::take_notes());
   equal("the copy", std::string(ours.text()), std::string(expected.text()));
   holds(count >= 0 && count <= ours.size(), "a copier counts no more than its room");
@@ -303,20 +291,10 @@ void copy(pair &, fuzz::input &in) {
   const source from(in);
   const set removed(in);
   const set duplicate(in);
-  const char rep = static_cast<char>(in.flag() ? ' ' : in.byte());
+  const char rep = any_replacement(in);
   copy_cut.seen(room > 0 && from.view.str != nullptr && from.view.len > room);
-  check_copier(
-      "utils_strcpy", room,
-      [&](char *out) { return utils_strcpy(out, room, &from.view, removed.get(), duplicate.get(), rep); },
-      [&](char *out) {
-        return reference::utils_strcpy(out, room, &from.view, removed.get(), duplicate.get(), rep);
-      });
-  check_copier(
-      "utils_strwrite", room,
-      [&](char *out) { return utils_strwrite(out, room, &from.view, removed.get(), duplicate.get(), rep); },
-      [&](char *out) {
-        return reference::utils_strwrite(out, room, &from.view, removed.get(), duplicate.get(), rep);
-      });
+  check_copier(FUZZ_BOTH(utils_strcpy), room, &from.view, removed.get(), duplicate.get(), rep);
+  check_copier(FUZZ_BOTH(utils_strwrite), room, &from.view, removed.get(), duplicate.get(), rep);
   equal("no room at all", utils_strcpy(nullptr, room, &from.view, nullptr, nullptr, rep), 0);
   equal("no room at all", utils_strwrite(nullptr, room, &from.view, nullptr, nullptr, rep), 0);
 }
@@ -324,25 +302,17 @@ void copy(pair &, fuzz::input &in) {
 void copy_f(pair &, fuzz::input &in) {
   const int room = any_room(in);
   const source from(in);
-  const _t_predicate_func removed = any_predicate(in);
-  const _t_predicate_func duplicate = any_predicate(in);
-  const char rep = static_cast<char>(in.flag() ? ' ' : in.byte());
-  check_copier(
-      "utils_strcpy_f", room,
-      [&](char *out) { return utils_strcpy_f(out, room, &from.view, removed, duplicate, rep); },
-      [&](char *out) { return reference::utils_strcpy_f(out, room, &from.view, removed, duplicate, rep); });
-  check_copier(
-      "utils_strwrite_f", room,
-      [&](char *out) { return utils_strwrite_f(out, room, &from.view, removed, duplicate, rep); },
-      [&](char *out) { return reference::utils_strwrite_f(out, room, &from.view, removed, duplicate, rep); });
+  const _t_predicate_func removed = fuzz::any_predicate(in);
+  const _t_predicate_func duplicate = fuzz::any_predicate(in);
+  const char rep = any_replacement(in);
+  check_copier(FUZZ_BOTH(utils_strcpy_f), room, &from.view, removed, duplicate, rep);
+  check_copier(FUZZ_BOTH(utils_strwrite_f), room, &from.view, removed, duplicate, rep);
 }
 
 void copy_s(pair &, fuzz::input &in) {
   const int room = any_room(in);
   const memory text(in.text(40) + '\0');
-  check_copier(
-      "utils_strwrite_s", room, [&](char *out) { return utils_strwrite_s(out, room, text.data()); },
-      [&](char *out) { return reference::utils_strwrite_s(out, room, text.data()); });
+  check_copier(FUZZ_BOTH(utils_strwrite_s), room, text.data());
 }
 
 void copy_array(pair &, fuzz::input &in) {
@@ -351,26 +321,12 @@ void copy_array(pair &, fuzz::input &in) {
   const set removed(in);
   const set duplicate(in);
   const char sep = static_cast<char>(in.byte());
-  const char rep = static_cast<char>(in.flag() ? ' ' : in.byte());
+  const char rep = any_replacement(in);
   const STRING *views = from.views.get();
-  check_copier(
-      "utils_strcpy_array", room,
-      [&](char *out) {
-        return utils_strcpy_array(out, room, views, from.count(), sep, removed.get(), duplicate.get(), rep);
-      },
-      [&](char *out) {
-        return reference::utils_strcpy_array(out, room, views, from.count(), sep, removed.get(),
-                                             duplicate.get(), rep);
-      });
-  check_copier(
-      "utils_strwrite_array", room,
-      [&](char *out) {
-        return utils_strwrite_array(out, room, views, from.count(), sep, removed.get(), duplicate.get(), rep);
-      },
-      [&](char *out) {
-        return reference::utils_strwrite_array(out, room, views, from.count(), sep, removed.get(),
-                                               duplicate.get(), rep);
-      });
+  check_copier(FUZZ_BOTH(utils_strcpy_array), room, views, from.count(), sep, removed.get(), duplicate.get(),
+               rep);
+  check_copier(FUZZ_BOTH(utils_strwrite_array), room, views, from.count(), sep, removed.get(),
+               duplicate.get(), rep);
 }
 
 void number_to_text(pair &, fuzz::input &in) {
@@ -386,7 +342,7 @@ void number_to_text(pair &, fuzz::input &in) {
   holds(ours.intact(), "nothing is written outside the digits' room");
   number_padded.seen(count > 0 && number < 10 && count > 3);
   number_refused.seen(count == 0 && room > 0);
-  equal("utils_itoch", static_cast<int>(utils_itoch(pad)), static_cast<int>(reference::utils_itoch(pad)));
+  equal("utils_itoch", int{utils_itoch(pad)}, int{reference::utils_itoch(pad)});
 }
 
 void drop_prefix(pair &, fuzz::input &in) {
