@@ -370,9 +370,15 @@ void write_sex(const STRING *line, int column, PARSE_RESULT *result) {
     reference::utils_write_field_s(result, 12, "F");
 }
 
-int check_zone(const char *input, int i_len) {
+// What keeps a text from being read as a zone of one of two lengths.
+int zone_error(const char *input, int i_len, const PARSE_RESULT *result, const CONTEXT *context, int length,
+               int other_length) {
+  if (input == nullptr || result == nullptr || context == nullptr || i_len < 0)
+    return -21;
+  if (i_len != length && i_len != other_length)
+    return -20;
   const STRING zone = {input, i_len};
-  return reference::utils_strcheck_f(&zone, reference::MRZ_common_pattern_valid_mrz);
+  return reference::utils_strcheck_f(&zone, reference::MRZ_common_pattern_valid_mrz) != 0 ? -20 : 0;
 }
 
 int passport_track1(const STRING *track, PARSE_RESULT *result) {
@@ -464,15 +470,12 @@ int visa_track1(const STRING *track, PARSE_RESULT *result) {
 // No layout compares a check digit, so the sums that nothing reads are not made here.
 
 int MRZ_passport_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {
-  if (input == nullptr || result == nullptr || context == nullptr || i_len < 0)
-    return -21;
-  if (i_len != 88)
-    return -20;
-  if (check_zone(input, i_len) != 0)
-    return -20;
+  int error = zone_error(input, i_len, result, context, 88, 88);
+  if (error != 0)
+    return error;
   const STRING track1 = {input, 44};
   const STRING track2 = {input + 44, 44};
-  int error = passport_track1(&track1, result);
+  error = passport_track1(&track1, result);
   if (error != 0)
     return error;
   error = passport_track2(&track2, result, context);
@@ -483,15 +486,12 @@ int MRZ_passport_parse(const char *input, int i_len, PARSE_RESULT *result, const
 }
 
 int MRZ_td2_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {
-  if (input == nullptr || result == nullptr || context == nullptr || i_len < 0)
-    return -21;
-  if (i_len != 72)
-    return -20;
-  if (check_zone(input, i_len) != 0)
-    return -20;
+  int error = zone_error(input, i_len, result, context, 72, 72);
+  if (error != 0)
+    return error;
   const STRING track1 = {input, 36};
   const STRING track2 = {input + 36, 36};
-  int error = td2_track1(&track1, result);
+  error = td2_track1(&track1, result);
   if (error != 0)
     return error;
   error = td2_track2(&track2, result, context);
@@ -502,16 +502,13 @@ int MRZ_td2_parse(const char *input, int i_len, PARSE_RESULT *result, const CONT
 }
 
 int MRZ_td1_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {
-  if (input == nullptr || result == nullptr || context == nullptr || i_len < 0)
-    return -21;
-  if (i_len != 90)
-    return -20;
-  if (check_zone(input, i_len) != 0)
-    return -20;
+  int error = zone_error(input, i_len, result, context, 90, 90);
+  if (error != 0)
+    return error;
   const STRING track1 = {input, 30};
   const STRING track2 = {input + 30, 30};
   const STRING track3 = {input + 60, 30};
-  int error = td1_track1(&track1, result);
+  error = td1_track1(&track1, result);
   if (error != 0)
     return error;
   error = td1_track2(&track2, result, context);
@@ -525,20 +522,13 @@ int MRZ_td1_parse(const char *input, int i_len, PARSE_RESULT *result, const CONT
 }
 
 int MRZ_visa_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {
-  if (input == nullptr || result == nullptr || context == nullptr || i_len < 0)
-    return -21;
-  int line = 0;
-  if (i_len == 72)
-    line = 36;
-  else if (i_len == 88)
-    line = 44;
-  else
-    return -20;
-  if (check_zone(input, i_len) != 0)
-    return -20;
+  int error = zone_error(input, i_len, result, context, 72, 88);
+  if (error != 0)
+    return error;
+  const int line = i_len / 2;
   const STRING track1 = {input, line};
   const STRING track2 = {input + line, line};
-  int error = visa_track1(&track1, result);
+  error = visa_track1(&track1, result);
   if (error != 0)
     return error;
   error = td2_track2(&track2, result, context);
@@ -550,19 +540,21 @@ int MRZ_visa_parse(const char *input, int i_len, PARSE_RESULT *result, const CON
 
 // ---- copiers ----------------------------------------------------------------------------------------
 
-int utils_strcpy(char *out, int o_len, const STRING *src, const char *removed_chars,
-                 const char *duplicate_chars, char rep) {
-  if (out == nullptr || o_len < 1 || src == nullptr || src->len < 1 || src->str == nullptr)
+namespace {
+
+template <class Removed, class Duplicate>
+int copy(char *out, int o_len, const STRING *src, Removed removed, Duplicate duplicate, char rep) {
+  if (out == nullptr || o_len < 1 || src == nullptr || is_empty(*src))
     return 0;
   int w = 0;
   for (int i = 0; i < src->len && w < o_len; i += 1) {
     char c = src->str[i];
-    if (occurs(c, removed_chars)) {
+    if (removed(c)) {
       if (rep == '\0')
         continue;
       c = rep;
     }
-    if (w > 0 && c == out[w - 1] && occurs(c, duplicate_chars))
+    if (w > 0 && c == out[w - 1] && duplicate(c))
       continue;
     out[w] = c;
     w += 1;
@@ -570,24 +562,20 @@ int utils_strcpy(char *out, int o_len, const STRING *src, const char *removed_ch
   return w;
 }
 
+} // namespace
+
+int utils_strcpy(char *out, int o_len, const STRING *src, const char *removed_chars,
+                 const char *duplicate_chars, char rep) {
+  return copy(
+      out, o_len, src, [=](char c) { return occurs(c, removed_chars); },
+      [=](char c) { return occurs(c, duplicate_chars); }, rep);
+}
+
 int utils_strcpy_f(char *out, int o_len, const STRING *src, _t_predicate_func removed,
                    _t_predicate_func duplicate, char rep) {
-  if (out == nullptr || o_len < 1 || src == nullptr || src->len < 1 || src->str == nullptr)
-    return 0;
-  int w = 0;
-  for (int i = 0; i < src->len && w < o_len; i += 1) {
-    char c = src->str[i];
-    if (removed != nullptr && removed(as_int(c)) != 0) {
-      if (rep == '\0')
-        continue;
-      c = rep;
-    }
-    if (duplicate != nullptr && w > 0 && c == out[w - 1] && duplicate(as_int(c)) != 0)
-      continue;
-    out[w] = c;
-    w += 1;
-  }
-  return w;
+  return copy(
+      out, o_len, src, [=](char c) { return removed != nullptr && removed(as_int(c)) != 0; },
+      [=](char c) { return duplicate != nullptr && duplicate(as_int(c)) != 0; }, rep);
 }
 
 int utils_strcpy_array(char *out, int o_len, const STRING *src, int count, char sep,
@@ -778,49 +766,36 @@ void utils_strtrim_begin(STRING *s, int begin) {
 
 // ---- trimming and checks ----------------------------------------------------------------------------
 
-void utils_strtrim_start(STRING *source, const char *chars) {
-  const int chars_len = length_of(chars);
-  if (source == nullptr || chars_len == 0 || source->len < 1 || source->str == nullptr)
+namespace {
+
+template <class Dropped> void trim(STRING *source, bool start, bool end, Dropped dropped) {
+  if (source == nullptr || is_empty(*source))
     return;
-  while (source->len >= 1 && occurs(source->str[0], chars)) {
+  while (start && source->len > 0 && dropped(source->str[0])) {
     source->str += 1;
     source->len -= 1;
   }
-}
-
-void utils_strtrim_end(STRING *source, const char *chars) {
-  const int chars_len = length_of(chars);
-  if (source == nullptr || chars_len == 0 || source->len < 1 || source->str == nullptr)
-    return;
-  while (source->len >= 1 && occurs(source->str[source->len - 1], chars))
+  while (end && source->len > 0 && dropped(source->str[source->len - 1]))
     source->len -= 1;
 }
 
-void utils_strtrim(STRING *source, const char *chars) {
-  reference::utils_strtrim_start(source, chars);
-  reference::utils_strtrim_end(source, chars);
+void trim_by_set(STRING *source, bool start, bool end, const char *chars) {
+  trim(source, start, end, [=](char c) { return occurs(c, chars); });
 }
 
-void utils_strtrim_start_f(STRING *source, _t_predicate_func f) {
-  if (source == nullptr || f == nullptr || source->len < 1 || source->str == nullptr)
-    return;
-  while (source->len > 0 && f(as_int(source->str[0])) != 0) {
-    source->str += 1;
-    source->len -= 1;
-  }
+void trim_by_predicate(STRING *source, bool start, bool end, _t_predicate_func f) {
+  if (f != nullptr)
+    trim(source, start, end, [=](char c) { return f(as_int(c)) != 0; });
 }
 
-void utils_strtrim_end_f(STRING *source, _t_predicate_func f) {
-  if (source == nullptr || f == nullptr || source->len < 1 || source->str == nullptr)
-    return;
-  while (source->len > 0 && f(as_int(source->str[source->len - 1])) != 0)
-    source->len -= 1;
-}
+} // namespace
 
-void utils_strtrim_f(STRING *source, _t_predicate_func f) {
-  reference::utils_strtrim_start_f(source, f);
-  reference::utils_strtrim_end_f(source, f);
-}
+void utils_strtrim_start(STRING *source, const char *chars) { trim_by_set(source, true, false, chars); }
+void utils_strtrim_end(STRING *source, const char *chars) { trim_by_set(source, false, true, chars); }
+void utils_strtrim(STRING *source, const char *chars) { trim_by_set(source, true, true, chars); }
+void utils_strtrim_start_f(STRING *source, _t_predicate_func f) { trim_by_predicate(source, true, false, f); }
+void utils_strtrim_end_f(STRING *source, _t_predicate_func f) { trim_by_predicate(source, false, true, f); }
+void utils_strtrim_f(STRING *source, _t_predicate_func f) { trim_by_predicate(source, true, true, f); }
 
 int utils_cstrtrim(char *str, int len, const char *chars) {
   if (str == nullptr || len < 1 || chars == nullptr)
