@@ -4,10 +4,23 @@
 
 #import <Foundation/Foundation.h>
 
-extern int failed_checks;
+#include <stdio.h>
 
-void check(BOOL holds, const char *file, int line, NSString *what);
-void check_equal(id actual, id expected, const char *file, int line, NSString *what);
+static int failed_checks = 0;
+
+static void check(BOOL holds, const char *file, int line, NSString *what) {
+  if (!holds) {
+    ++failed_checks;
+    fprintf(stderr, "%s:%d: %s\n", file, line, [what UTF8String]);
+  }
+}
+
+__attribute__((unused)) static void check_equal(id actual, id expected, const char *file, int line,
+                                                NSString *what) {
+  if (actual != expected && ![actual isEqual:expected]) {
+    check(NO, file, line, [NSString stringWithFormat:@"%@: %@, expected %@", what, actual, expected]);
+  }
+}
 
 // `what` names the row of a table, or is empty.
 #define CHECK(condition, what)                                                                               \

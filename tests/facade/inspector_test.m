@@ -1,6 +1,7 @@
 // The class VarnelInspector over a real Foundation.
 #import <VarnelDocuments/VarnelDocuments.h>
 
+#import "checks.h"
 #import "texts.h"
 
 #include <stdio.h>
@@ -10,17 +11,6 @@
 // The specimen of ICAO Doc 9303-4.
 static const char PASSPORT[] = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n"
                                "L898902C36UTO7408122F1204159ZE184226B<<<<<10\n";
-
-static int failed_checks = 0;
-
-static void check(BOOL holds, const char *condition, int line) {
-  if (!holds) {
-    ++failed_checks;
-    fprintf(stderr, "%s:%d: %s\n", __FILE__, line, condition);
-  }
-}
-
-#define CHECK(condition) check((condition), #condition, __LINE__)
 
 static NSString *text_of(const char *utf8) { return [NSString stringWithUTF8String:utf8]; }
 
@@ -36,51 +26,51 @@ static id at(NSDictionary *dictionary, NSString *path) { return [dictionary valu
 
 static void test_specimen(void) {
   NSDictionary *answer = inspect(text_of(PASSPORT));
-  CHECK([at(answer, @"verdict") isEqual:@"valid"]);
-  CHECK([at(answer, @"layout") isEqual:@"TD3"]);
-  CHECK([at(answer, @"fields.primaryIdentifier.value") isEqual:@"ERIKSSON"]);
-  CHECK([at(answer, @"fields.primaryIdentifier.line") isEqual:[NSNumber numberWithInt:0]]);
-  CHECK([at(answer, @"fields.issuingState.name") isEqual:@"Utopia"]);
-  CHECK([at(answer, @"checks.composite.holds") boolValue]);
-  CHECK([at(answer, @"checks.composite.rule") isEqual:[NSNull null]]);
-  CHECK([at(answer, @"findings") isEqual:[NSArray array]]);
+  CHECK([at(answer, @"verdict") isEqual:@"valid"], @"");
+  CHECK([at(answer, @"layout") isEqual:@"TD3"], @"");
+  CHECK([at(answer, @"fields.primaryIdentifier.value") isEqual:@"ERIKSSON"], @"");
+  CHECK([at(answer, @"fields.primaryIdentifier.line") isEqual:[NSNumber numberWithInt:0]], @"");
+  CHECK([at(answer, @"fields.issuingState.name") isEqual:@"Utopia"], @"");
+  CHECK([at(answer, @"checks.composite.holds") boolValue], @"");
+  CHECK([at(answer, @"checks.composite.rule") isEqual:[NSNull null]], @"");
+  CHECK([at(answer, @"findings") isEqual:[NSArray array]], @"");
 }
 
 // Born on 12 August 1974: after the reference date of 1970, hence in 1874.
 static void test_date(void) {
   VarnelInspector *inspector = [[VarnelInspector new] autorelease];
   NSString *text = text_of(PASSPORT);
-  CHECK([at(inspect(text), @"date") isEqual:@"1970-01-01"]);
-  CHECK([at(inspect(text), @"fields.birthDate.value") isEqual:@"1874-08-12"]);
+  CHECK([at(inspect(text), @"date") isEqual:@"1970-01-01"], @"");
+  CHECK([at(inspect(text), @"fields.birthDate.value") isEqual:@"1874-08-12"], @"");
   // The last second of a day in UTC, and the second after it.
   NSDictionary *last = [inspector inspect:text date:moment(1795219199) repair:VarnelRepairOff];
   NSDictionary *next = [inspector inspect:text date:moment(1795219200) repair:VarnelRepairOff];
-  CHECK([at(last, @"date") isEqual:@"2026-11-20"]);
-  CHECK([at(next, @"date") isEqual:@"2026-11-21"]);
-  CHECK([at(next, @"fields.birthDate.value") isEqual:@"1974-08-12"]);
-  CHECK([at(next, @"expired") boolValue]);
+  CHECK([at(last, @"date") isEqual:@"2026-11-20"], @"");
+  CHECK([at(next, @"date") isEqual:@"2026-11-21"], @"");
+  CHECK([at(next, @"fields.birthDate.value") isEqual:@"1974-08-12"], @"");
+  CHECK([at(next, @"expired") boolValue], @"");
   NSString *today = at([inspector inspect:text], @"date");
   NSString *now = at([inspector inspect:text date:[NSDate date] repair:VarnelRepairOff], @"date");
-  CHECK([today compare:now] != NSOrderedDescending);
+  CHECK([today compare:now] != NSOrderedDescending, @"");
 }
 
 static void test_repair(void) {
   VarnelInspector *inspector = [[VarnelInspector new] autorelease];
   NSString *text = text_of(PASSPORT);
-  CHECK([at([inspector inspect:text], @"repair") isEqual:@"off"]);
-  CHECK([inspector inspect:text date:nil repair:(VarnelRepair)3] == nil);
-  CHECK([inspector inspect:text date:nil repair:(VarnelRepair)-1] == nil);
+  CHECK([at([inspector inspect:text], @"repair") isEqual:@"off"], @"");
+  CHECK([inspector inspect:text date:nil repair:(VarnelRepair)3] == nil, @"");
+  CHECK([inspector inspect:text date:nil repair:(VarnelRepair)-1] == nil, @"");
 }
 
 static void test_no_document(void) {
   VarnelInspector *inspector = [[VarnelInspector new] autorelease];
-  CHECK([inspector inspect:nil] == nil);
-  CHECK([at(inspect(@""), @"verdict") isEqual:@"refused"]);
-  CHECK([at(inspect(@""), @"findings.code") isEqual:[NSArray arrayWithObject:@"noZone"]]);
-  CHECK([at(inspect(@""), @"layout") isEqual:[NSNull null]]);
+  CHECK([inspector inspect:nil] == nil, @"");
+  CHECK([at(inspect(@""), @"verdict") isEqual:@"refused"], @"");
+  CHECK([at(inspect(@""), @"findings.code") isEqual:[NSArray arrayWithObject:@"noZone"]], @"");
+  CHECK([at(inspect(@""), @"layout") isEqual:[NSNull null]], @"");
   NSString *longest = [@"" stringByPaddingToLength:65536 withString:@"." startingAtIndex:0];
-  CHECK([at(inspect(longest), @"verdict") isEqual:@"refused"]);
-  CHECK(inspect([longest stringByAppendingString:@"."]) == nil);
+  CHECK([at(inspect(longest), @"verdict") isEqual:@"refused"], @"");
+  CHECK(inspect([longest stringByAppendingString:@"."]) == nil, @"");
 }
 
 // Characters of every length in UTF-8, and a NUL, are noise on a line of their own; a lone surrogate has no
@@ -92,10 +82,10 @@ static void test_noise(void) {
     append_unit(&noise, units[i]);
   }
   append_ascii(&noise, PASSPORT);
-  CHECK([at(inspect(string_of(noise)), @"verdict") isEqual:@"valid"]);
+  CHECK([at(inspect(string_of(noise)), @"verdict") isEqual:@"valid"], @"");
   append_unit(&noise, 0xD800);
-  CHECK([string_of(noise) length] == noise.count);
-  CHECK(inspect(string_of(noise)) == nil);
+  CHECK([string_of(noise) length] == noise.count, @"");
+  CHECK(inspect(string_of(noise)) == nil, @"");
   free(noise.units);
 }
 

@@ -65,42 +65,6 @@ BOOL append_utf8(UNITS *text, NSData *utf8) {
 static BOOL is_high_surrogate(unichar unit) { return unit >= 0xD800 && unit < 0xDC00; }
 static BOOL is_low_surrogate(unichar unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
-static void append_utf8_scalar(NSMutableData *utf8, uint32_t scalar) {
-  unsigned char bytes[4];
-  NSUInteger count = 0;
-  if (scalar < 0x80) {
-    bytes[count++] = (unsigned char)scalar;
-  } else if (scalar < 0x800) {
-    bytes[count++] = (unsigned char)(0xC0 | scalar >> 6);
-    bytes[count++] = (unsigned char)(0x80 | (scalar & 0x3F));
-  } else if (scalar < 0x10000) {
-    bytes[count++] = (unsigned char)(0xE0 | scalar >> 12);
-    bytes[count++] = (unsigned char)(0x80 | (scalar >> 6 & 0x3F));
-    bytes[count++] = (unsigned char)(0x80 | (scalar & 0x3F));
-  } else {
-    bytes[count++] = (unsigned char)(0xF0 | scalar >> 18);
-    bytes[count++] = (unsigned char)(0x80 | (scalar >> 12 & 0x3F));
-    bytes[count++] = (unsigned char)(0x80 | (scalar >> 6 & 0x3F));
-    bytes[count++] = (unsigned char)(0x80 | (scalar & 0x3F));
-  }
-  [utf8 appendBytes:bytes length:count];
-}
-
-NSData *utf8_of(UNITS text) {
-  NSMutableData *utf8 = [NSMutableData data];
-  for (size_t at = 0; at < text.count; ++at) {
-    const unichar unit = text.units[at];
-    const BOOL paired =
-        is_high_surrogate(unit) && at + 1 < text.count && is_low_surrogate(text.units[at + 1]);
-    if (!paired && (is_high_surrogate(unit) || is_low_surrogate(unit))) {
-      return nil;
-    }
-    append_utf8_scalar(utf8,
-                       paired ? 0x10000u + ((unit & 0x3FFu) << 10) + (text.units[++at] & 0x3FFu) : unit);
-  }
-  return utf8;
-}
-
 NSString *string_of(UNITS text) {
   NSMutableString *string = [NSMutableString string];
   for (size_t at = 0; at < text.count; ++at) {
@@ -112,25 +76,4 @@ NSString *string_of(UNITS text) {
     }
   }
   return string;
-}
-
-static NSString *string_of_view(STRING view) {
-  return [[[NSString alloc] initWithBytes:view.str length:(NSUInteger)view.len
-                                 encoding:NSASCIIStringEncoding] autorelease];
-}
-
-NSDictionary *answer_of_c_face(NSData *utf8) {
-  PARSE_RESULT result;
-  char buffer[VARNEL_BUFFER_SIZE];
-  const int length = varnel_utf16_length([utf8 bytes], [utf8 length]);
-  if (varnel_parse_mrz([utf8 bytes], length, &result, buffer, sizeof buffer) != ERR_OK) {
-    return nil;
-  }
-  VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
-  varnel_export(&result, pairs);
-  NSMutableDictionary *answer = [NSMutableDictionary dictionary];
-  for (int i = 0; i < VARNEL_VALUE_COUNT; ++i) {
-    [answer setObject:string_of_view(pairs[i].value) forKey:[NSString stringWithUTF8String:pairs[i].key]];
-  }
-  return answer;
 }
