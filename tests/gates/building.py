@@ -182,10 +182,6 @@ def release(work):
     return folder
 
 
-def shared_library(work):
-    return CORE.shared(work)
-
-
 def symbols(path, *options):
     """(name, type letter) of each symbol that nm lists; versions are cut off."""
     listing = run(["nm", *options, path])
