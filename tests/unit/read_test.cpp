@@ -6,8 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support.hpp"
-#include "vectors.hpp"
+#include <Varnel/Varnel.h>
 
 namespace {
 
@@ -156,34 +155,6 @@ TEST(Read, BadArguments) {
     EXPECT_STREQ(document.layout_name, "");
     EXPECT_EQ(values_of(document), values());
   }
-}
-
-// One call answers as the three calls do, whatever the text.
-TEST(Read, AnswersAsTheStepsDo) {
-  int accepted = 0;
-  for (const vectors::vector &vector : vectors::load()) {
-    SCOPED_TRACE(vector.name);
-    const std::string &text = vector.text;
-    support::Record record;
-    const int length = varnel_utf16_length(text.data(), text.size());
-    const int status =
-        varnel_parse_mrz(text.data(), length, record.get(), record->buffer, VARNEL_BUFFER_SIZE);
-    garbage before;
-    varnel_document &document = before.document;
-    EXPECT_EQ(varnel_read(text.data(), text.size(), &document), status);
-    if (status != ERR_OK) {
-      continue;
-    }
-    ++accepted;
-    VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
-    varnel_export(record.get(), pairs);
-    for (int i = 0; i < VARNEL_VALUE_COUNT; ++i) {
-      EXPECT_STREQ(document.values[i].key, pairs[i].key);
-      EXPECT_EQ(support::text(document.values[i].value), support::text(pairs[i].value));
-    }
-    EXPECT_EQ(std::string(document.text, sizeof document.text), record.bytes());
-  }
-  EXPECT_GT(accepted, 0);
 }
 
 } // namespace
