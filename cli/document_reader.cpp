@@ -1,6 +1,6 @@
 #include "document_reader.hpp"
 
-#include "../src/mrz/columns.hpp"
+#include "../src/mrz/layouts.hpp"
 
 #include <algorithm>
 #include <cstring>
@@ -47,25 +47,27 @@ constexpr std::size_t PLAIN_WHITE_SPACE = 2;
 
 // Lines of the layouts of ICAO Doc 9303, and whole zones on one line: how many of a width make a zone.
 std::size_t lines_of_zone(std::size_t width) {
-  switch (width) {
-  case 30:
-    return 3;
-  case 36:
-  case 44:
-    return 2;
-  case 72:
-  case 88:
-  case 90:
-    return 1;
-  default:
-    return 0;
+  for (const mrz::layout &layout : mrz::LAYOUTS) {
+    if (width != 0 && width == static_cast<std::size_t>(layout.width)) {
+      return static_cast<std::size_t>(layout.lines);
+    }
+    if (width != 0 && width == static_cast<std::size_t>(layout.length())) {
+      return 1;
+    }
   }
+  return 0;
+}
+
+bool is_first_letter(char c) {
+  return std::any_of(std::begin(mrz::LAYOUTS), std::end(mrz::LAYOUTS), [c](const mrz::layout &layout) {
+    return std::string_view(layout.first_letters).find(c) != std::string_view::npos;
+  });
 }
 
 // A first line of a zone: the letter of a document, and letters or fillers where the issuing state stands.
 bool begins_a_zone(std::string_view line) {
   const std::string_view state = line.substr(zone::ISSUING_STATE.start, zone::ISSUING_STATE.length);
-  return std::string_view("ACIPV").find(line.front()) != std::string_view::npos &&
+  return is_first_letter(line.front()) &&
          state.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ<") == std::string_view::npos;
 }
 

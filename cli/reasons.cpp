@@ -1,6 +1,6 @@
 #include "reasons.hpp"
 
-#include "../src/mrz/columns.hpp"
+#include "../src/mrz/layouts.hpp"
 #include "advice.hpp"
 
 #include <Varnel/Varnel.h>
@@ -40,22 +40,19 @@ constexpr checked_field TD1_FIELDS[] = {
     {3, WHOLE_LINE, content::name, "name"},
 };
 
-// The layouts of one length, by ICAO Doc 9303.
+// The layouts of one length, of which one is named: with it go the document codes of the others.
 struct zone_shape {
-  int lines;
-  int width;
+  const mrz::layout &layout;
   const char *documents;
-  const char *letters;  // with which their document codes begin
-  const char *expected; // the same in words
   const checked_field *fields;
 
-  constexpr int length() const { return lines * width; }
+  constexpr int length() const { return layout.length(); }
 };
 
 constexpr zone_shape SHAPES[] = {
-    {2, td2::LINE_LENGTH, "TD2 card, short visa", "IACV", "A, C, I or V", TWO_LINE_FIELDS},
-    {2, td3::LINE_LENGTH, "passport, long visa", "PV", "P or V", TWO_LINE_FIELDS},
-    {3, td1::LINE_LENGTH, "TD1 card", "IAC", "A, C or I", TD1_FIELDS},
+    {mrz::TD2, "TD2 card, short visa", TWO_LINE_FIELDS},
+    {mrz::TD3, "passport, long visa", TWO_LINE_FIELDS},
+    {mrz::TD1, "TD1 card", TD1_FIELDS},
 };
 constexpr std::size_t FIELD_COUNT = 5; // of both
 
@@ -80,22 +77,46 @@ std::string place(int line, int start, int length, const char *name) {
          std::to_string(start + length) + " (" + name + "): ";
 }
 
+// The letters with which the document codes of all layouts of a length begin, as "A, C or I".
+std::string first_letters(int length) {
+  std::string letters;
+  for (const mrz::layout &layout : mrz::LAYOUTS) {
+    letters += layout.length() == length ? layout.first_letters : "";
+  }
+  std::string words(1, letters[0]);
+  for (std::size_t i = 1; i < letters.size(); ++i) {
+    words += std::string(i + 1 < letters.size() ? ", " : " or ") + letters[i];
+  }
+  return words;
+}
+
+// The layout of a length whose document codes begin with a letter, or null.
+const mrz::layout *layout_with(char letter, int length) {
+  for (const mrz::layout &layout : mrz::LAYOUTS) {
+    if (layout.length() == length &&
+        std::string_view(layout.first_letters).find(letter) != std::string_view::npos) {
+      return &layout;
+    }
+  }
+  return nullptr;
+}
+
 // The faults of a zone that is as long as its layout wants, one after the other.
 std::string faults(const zone_shape &shape, std::string_view zone) {
-  const bool of_a_card = zone[0] != 'P' && zone[0] != 'V';
-  if (std::string_view(shape.letters).find(zone[0]) == std::string_view::npos) {
-    return place(1, 0, 2, "document code") + "expected " + shape.expected + " first (" + shape.documents +
-           ")";
+  const mrz::layout *layout = layout_with(zone[0], shape.length());
+  if (layout == nullptr) {
+    return place(1, 0, 2, "document code") + "expected " + first_letters(shape.length()) + " first (" +
+           shape.documents + ")";
   }
-  if (of_a_card && zone[1] == 'V') {
+  if (!layout->has_code(zone.data())) {
     return place(1, 0, 2, "document code") + "expected no V after the letter of a card";
   }
   std::string found;
   for (std::size_t i = 0; i < FIELD_COUNT; ++i) {
     const checked_field &field = shape.fields[i];
     const int start = field.where.start;
-    const int length = field.where.length > 0 ? field.where.length : shape.width - start;
-    const int at = (field.line - 1) * shape.width + start;
+    const int length = field.where.length > 0 ? field.where.length : shape.layout.width - start;
+    const int at = (field.line - 1) * shape.layout.width + start;
     const char *wrong =
         fault(field.expected, zone.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(length)));
     if (wrong != nullptr) {

@@ -2,8 +2,8 @@
 // which characters each check digit covers. Reading, composing, drawing and testing walk this table.
 //
 // Sources: ICAO Doc 9303-4 (TD3), 9303-5 (TD1), 9303-6 (TD2), 9303-7 (MRV-A, MRV-B). FRA-ID is the French
-// identity card issued until 2021. Columns that the core knows too are taken from it. All is plain data
-// without pointers, so that the table needs no relocation.
+// identity card issued until 2021. What the core knows too is taken from it: columns, the shape of a zone and
+// the letters it begins with. All is plain data without pointers, so that the table needs no relocation.
 #ifndef VARNEL_SRC_DOCUMENTS_LAYOUTS_HPP
 #define VARNEL_SRC_DOCUMENTS_LAYOUTS_HPP
 
@@ -11,7 +11,7 @@
 
 #include <stdint.h>
 
-#include "../mrz/columns.hpp"
+#include "../mrz/layouts.hpp"
 
 namespace documents {
 
@@ -124,17 +124,26 @@ constexpr void add_names(layout &l, stretch place) {
   l.one_field_of_names = true;
 }
 
-// What the two-line layouts share: all but what stands after the expiry date's digit.
-constexpr layout two_lines(int id, int width) {
+// A layout of the core as yet without fields.
+constexpr layout shaped_as(const mrz::layout &known) {
   layout l = {};
-  l.id = static_cast<uint8_t>(id);
-  l.lines = 2;
-  l.width = static_cast<uint8_t>(width);
+  l.id = static_cast<uint8_t>(known.id);
+  l.lines = static_cast<uint8_t>(known.lines);
+  l.width = static_cast<uint8_t>(known.width);
+  for (int i = 0; i < 4; ++i) {
+    l.first_letters[i] = known.first_letters[i];
+  }
+  return l;
+}
+
+// What the two-line layouts share: all but what stands after the expiry date's digit.
+constexpr layout two_lines(const mrz::layout &known) {
+  layout l = shaped_as(known);
   constexpr stretch number = on_line(1, two_line::DOCUMENT_NUMBER);
   constexpr stretch birth = on_line(1, two_line::BIRTH_DATE);
   constexpr stretch expiry = on_line(1, two_line::EXPIRATION_DATE);
   add_code_and_state(l);
-  add_names(l, on_line(0, two_line::NAME_START, width - two_line::NAME_START));
+  add_names(l, on_line(0, two_line::NAME_START, known.width - two_line::NAME_START));
   add(l, VARNEL_DOCUMENT_NUMBER, field_kind::number, number);
   add(l, VARNEL_NATIONALITY, field_kind::state, on_line(1, two_line::NATIONALITY));
   add(l, VARNEL_BIRTH_DATE, field_kind::birth_date, birth);
@@ -160,8 +169,7 @@ constexpr check_place two_line_composite(int width) {
 }
 
 constexpr layout td3_layout() {
-  layout l = two_lines(VARNEL_LAYOUT_TD3, td3::LINE_LENGTH);
-  l.first_letters[0] = 'P';
+  layout l = two_lines(mrz::TD3);
   const stretch personal_number = on_line(1, td3::PERSONAL_NUMBER);
   add(l, VARNEL_PERSONAL_NUMBER, field_kind::number, personal_number);
   add(l, digit_after(VARNEL_PERSONAL_NUMBER, personal_number));
@@ -169,34 +177,22 @@ constexpr layout td3_layout() {
   return l;
 }
 
-constexpr void set_card_letters(layout &l) {
-  l.first_letters[0] = 'A';
-  l.first_letters[1] = 'C';
-  l.first_letters[2] = 'I';
-}
-
 constexpr layout td2_layout() {
-  layout l = two_lines(VARNEL_LAYOUT_TD2, td2::LINE_LENGTH);
-  set_card_letters(l);
+  layout l = two_lines(mrz::TD2);
   l.optional_data = on_line(1, AFTER_EXPIRY, td2::LINE_LENGTH - 1 - AFTER_EXPIRY);
   add(l, VARNEL_OPTIONAL_DATA, field_kind::number, l.optional_data);
   add(l, two_line_composite(td2::LINE_LENGTH));
   return l;
 }
 
-constexpr layout visa_layout(int id, int width) {
-  layout l = two_lines(id, width);
-  l.first_letters[0] = 'V';
-  add(l, VARNEL_OPTIONAL_DATA, field_kind::number, on_line(1, AFTER_EXPIRY, width - AFTER_EXPIRY));
+constexpr layout visa_layout(const mrz::layout &known) {
+  layout l = two_lines(known);
+  add(l, VARNEL_OPTIONAL_DATA, field_kind::number, on_line(1, AFTER_EXPIRY, known.width - AFTER_EXPIRY));
   return l;
 }
 
 constexpr layout td1_layout() {
-  layout l = {};
-  l.id = VARNEL_LAYOUT_TD1;
-  l.lines = 3;
-  l.width = td1::LINE_LENGTH;
-  set_card_letters(l);
+  layout l = shaped_as(mrz::TD1);
   const stretch number = on_line(0, td1::DOCUMENT_NUMBER);
   const stretch birth = on_line(1, td1::BIRTH_DATE);
   const stretch expiry = on_line(1, td1::EXPIRATION_DATE);
@@ -250,8 +246,8 @@ inline constexpr layout LAYOUTS[] = {
     detail::td1_layout(),
     detail::td2_layout(),
     detail::td3_layout(),
-    detail::visa_layout(VARNEL_LAYOUT_MRV_A, visa::LONG_LINE_LENGTH),
-    detail::visa_layout(VARNEL_LAYOUT_MRV_B, visa::SHORT_LINE_LENGTH),
+    detail::visa_layout(mrz::MRV_A),
+    detail::visa_layout(mrz::MRV_B),
     detail::french_card_layout(),
 };
 

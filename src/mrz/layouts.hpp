@@ -29,8 +29,8 @@ struct layout {
 };
 
 // A card whose code goes on with V would be a visa; a visa is typed like a card.
-constexpr layout TD1 = {VARNEL_LAYOUT_TD1, "TD1", 3, td1::LINE_LENGTH, "IAC", 'V', "TD"};
-constexpr layout TD2 = {VARNEL_LAYOUT_TD2, "TD2", 2, td2::LINE_LENGTH, "IAC", 'V', "TD"};
+constexpr layout TD1 = {VARNEL_LAYOUT_TD1, "TD1", 3, td1::LINE_LENGTH, "ACI", 'V', "TD"};
+constexpr layout TD2 = {VARNEL_LAYOUT_TD2, "TD2", 2, td2::LINE_LENGTH, "ACI", 'V', "TD"};
 constexpr layout TD3 = {VARNEL_LAYOUT_TD3, "TD3", 2, td3::LINE_LENGTH, "P", '\0', "PASSPORT"};
 constexpr layout MRV_A = {VARNEL_LAYOUT_MRV_A, "MRV-A", 2, visa::LONG_LINE_LENGTH, "V", '\0', "TD"};
 constexpr layout MRV_B = {VARNEL_LAYOUT_MRV_B, "MRV-B", 2, visa::SHORT_LINE_LENGTH, "V", '\0', "TD"};
