@@ -88,24 +88,16 @@ void add_rows(listing &rows, const std::string &id) {
 }
 
 int run(const arguments &asked, output &out) {
-  const format how = format_of(asked);
-  listing rows(out, how, {"element", "table", "slot", "constant"});
-  int code = EXIT_ALL_READ;
-  const bool all_read = for_each_word(
-      asked.operands, [&out] { out.flush(); },
-      [&](const std::string &word) {
-        const std::string id = capitals(word);
-        if (!is_known(id)) {
-          complain("unknown element " + in_quotes(word));
-          code = EXIT_SOME_REFUSED;
-        } else if (how == format::json) {
-          put_object(out, id);
-        } else {
-          add_rows(rows, id);
-        }
-      });
-  rows.finish();
-  return all_read ? code : EXIT_TROUBLE;
+  return answer_words(asked, out, {"element", "table", "slot", "constant"},
+                      [&out](const std::string &word, format how, listing &rows) {
+                        const std::string id = capitals(word);
+                        if (!is_known(id)) {
+                          complain("unknown element " + in_quotes(word));
+                          return false;
+                        }
+                        how == format::json ? put_object(out, id) : add_rows(rows, id);
+                        return true;
+                      });
 }
 
 } // namespace

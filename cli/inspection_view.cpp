@@ -1,5 +1,6 @@
 #include "inspection_view.hpp"
 
+#include "../src/documents/entries.hpp"
 #include "colours.hpp"
 #include "inspection_words.hpp"
 #include "quoting.hpp"
@@ -11,6 +12,9 @@
 #include <vector>
 
 namespace varnel::cli {
+
+using documents::find_check;
+using documents::find_field;
 
 namespace {
 
@@ -62,7 +66,7 @@ public:
 private:
   void put_verdict() {
     put_coloured(out_, coloured_, colour_of_verdict(in_.verdict), verdict_sentence(in_));
-    const varnel_inspected_field *expiry = find(VARNEL_EXPIRY_DATE);
+    const varnel_inspected_field *expiry = find_field(in_, VARNEL_EXPIRY_DATE);
     if (in_.verdict == VARNEL_VERDICT_REFUSED) {
       out_.put(": " + refusal_words(in_));
     } else if (in_.expired > 0 && expiry != nullptr) {
@@ -72,14 +76,14 @@ private:
   }
 
   void add_mark(const varnel_finding &finding) {
-    const varnel_check *check = find_check(finding.field);
+    const varnel_check *check = find_check(in_, finding.field);
     const std::string label(field_label(finding.field));
     if (finding.code == VARNEL_FINDING_CHECK_FAILED && check != nullptr) {
       marks_.push_back(
           {check->line, check->column, 1, std::string("expected ") + check->expected + " (" + label + ")"});
       return;
     }
-    const varnel_inspected_field *field = find(finding.field);
+    const varnel_inspected_field *field = find_field(in_, finding.field);
     if (field != nullptr) {
       const int length = std::max(static_cast<int>(std::string_view(field->text).size()), 1);
       marks_.push_back(
@@ -153,8 +157,8 @@ private:
       const varnel_inspected_field &field = in_.fields[i];
       put_row(field_label(field.field), colour_of(i), shown(field), widest, remarks_of(field));
     }
-    if (find_check(VARNEL_COMPOSITE) != nullptr) {
-      put_row(field_label(VARNEL_COMPOSITE), "", "", widest, check_words(*find_check(VARNEL_COMPOSITE)));
+    if (find_check(in_, VARNEL_COMPOSITE) != nullptr) {
+      put_row(field_label(VARNEL_COMPOSITE), "", "", widest, check_words(*find_check(in_, VARNEL_COMPOSITE)));
     }
   }
 
@@ -194,7 +198,7 @@ private:
     if (const char *meaning = meaning_of(field)) {
       add(meaning);
     }
-    if (const varnel_check *check = find_check(field.field)) {
+    if (const varnel_check *check = find_check(in_, field.field)) {
       add(check_words(*check));
     }
     if (field.truncated != 0) {
@@ -248,26 +252,9 @@ private:
     out_.put('\n');
   }
 
-  const varnel_inspected_field *find(int field) const {
-    const std::size_t i = position(field);
-    return i < in_.field_count ? &in_.fields[i] : nullptr;
-  }
-
   std::size_t position(int field) const {
-    std::size_t i = 0;
-    while (i < in_.field_count && in_.fields[i].field != field) {
-      ++i;
-    }
-    return i;
-  }
-
-  const varnel_check *find_check(int field) const {
-    for (int i = 0; i < in_.check_count; ++i) {
-      if (in_.checks[i].field == field) {
-        return &in_.checks[i];
-      }
-    }
-    return nullptr;
+    const varnel_inspected_field *found = find_field(in_, field);
+    return static_cast<std::size_t>(found == nullptr ? in_.field_count : found - in_.fields);
   }
 
   output &out_;

@@ -1,5 +1,7 @@
 #include "listing.hpp"
 
+#include "input.hpp"
+
 #include "colours.hpp"
 #include "quoting.hpp"
 
@@ -64,6 +66,18 @@ void listing::finish() {
     put_coloured(out_, coloured && &cells == &rows_.front(), HEADING_COLOUR, line);
     out_.put('\n');
   }
+}
+
+int answer_words(const arguments &asked, output &out, listing::row columns,
+                 const std::function<bool(const std::string &word, format how, listing &rows)> &answer) {
+  const format how = format_of(asked);
+  listing rows(out, how, std::move(columns));
+  int code = EXIT_ALL_READ;
+  const bool all_read = for_each_word(
+      asked.operands, [&out] { out.flush(); },
+      [&](const std::string &word) { code = answer(word, how, rows) ? code : EXIT_SOME_REFUSED; });
+  rows.finish();
+  return all_read ? code : EXIT_TROUBLE;
 }
 
 } // namespace varnel::cli

@@ -2,9 +2,11 @@
 #ifndef VARNEL_CLI_LISTING_HPP
 #define VARNEL_CLI_LISTING_HPP
 
+#include "commands.hpp"
 #include "formats.hpp"
 #include "output.hpp"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,6 +36,18 @@ private:
   std::vector<row> rows_;
   std::vector<std::size_t> widths_;
 };
+
+/**
+ * Answers the operands one by one, or the lines of standard input for "-": as rows of a listing, or as
+ * objects of JSON, one a line.
+ *
+ * @param columns the heading of the listing
+ * @param answer  puts the answer to a word into the listing, or as JSON to the output; false where there is
+ * none
+ * @return the exit code
+ */
+int answer_words(const arguments &asked, output &out, listing::row columns,
+                 const std::function<bool(const std::string &word, format how, listing &rows)> &answer);
 
 } // namespace varnel::cli
 

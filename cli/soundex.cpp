@@ -30,24 +30,16 @@ void put_object(output &out, const std::string &name, const std::string &code) {
 }
 
 int run(const arguments &asked, output &out) {
-  const format how = format_of(asked);
-  listing rows(out, how, {"name", "code"});
-  int exit_code = EXIT_ALL_READ;
-  const bool all_read = for_each_word(
-      asked.operands, [&out] { out.flush(); },
-      [&](const std::string &name) {
+  return answer_words(
+      asked, out, {"name", "code"}, [&out](const std::string &name, format how, listing &rows) {
         const std::string code = soundex_of(name);
         if (code.empty()) {
           complain("no Soundex code for " + in_quotes(name) + ": it is not a name of letters A to Z");
-          exit_code = EXIT_SOME_REFUSED;
-        } else if (how == format::json) {
-          put_object(out, name, code);
-        } else {
-          rows.add({name, code});
+          return false;
         }
+        how == format::json ? put_object(out, name, code) : rows.add({name, code});
+        return true;
       });
-  rows.finish();
-  return all_read ? exit_code : EXIT_TROUBLE;
 }
 
 } // namespace

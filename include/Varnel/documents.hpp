@@ -175,6 +175,12 @@ private:
   varnel_inspection record_;
 };
 
+namespace detail {
+inline varnel_inspect_options inspect_options(date today, repair level) {
+  return {today.year, today.month, today.day, static_cast<int>(level)};
+}
+} // namespace detail
+
 /**
  * Finds the zone in a text and inspects it, as varnel_inspect() does.
  *
@@ -184,7 +190,7 @@ private:
  * @return the inspection; nothing for a text that is too long or a date that does not exist.
  */
 inline std::optional<inspection> inspect(std::string_view text, date today, repair level = repair::off) {
-  const varnel_inspect_options options = {today.year, today.month, today.day, static_cast<int>(level)};
+  const varnel_inspect_options options = detail::inspect_options(today, level);
   varnel_inspection record;
   if (varnel_inspect(text.data(), text.size(), &options, &record) != VARNEL_ERR_OK) {
     return std::nullopt;
@@ -204,7 +210,7 @@ public:
    * @return whether it shows a zone; else it counts for nothing.
    */
   bool add(std::string_view text, date today, repair level = repair::off) {
-    const varnel_inspect_options options = {today.year, today.month, today.day, static_cast<int>(level)};
+    const varnel_inspect_options options = detail::inspect_options(today, level);
     return varnel_looks_add(&record_, text.data(), text.size(), &options) == VARNEL_ERR_OK;
   }
 
@@ -216,7 +222,7 @@ public:
    * @return the inspection; nothing for a date that does not exist.
    */
   std::optional<varnel::inspection> inspect(date today, repair level = repair::off) const {
-    const varnel_inspect_options options = {today.year, today.month, today.day, static_cast<int>(level)};
+    const varnel_inspect_options options = detail::inspect_options(today, level);
     varnel_inspection record;
     if (varnel_looks_inspect(&record_, &options, &record) != VARNEL_ERR_OK) {
       return std::nullopt;

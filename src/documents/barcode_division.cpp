@@ -87,18 +87,9 @@ constexpr unsigned char DEMANDED[] = {FIELD_ADDRESS_STREET_1,     FIELD_ADDRESS_
                                       FIELD_DATE_OF_BIRTH,        FIELD_SEX,
                                       FIELD_ISSUE_DATE,           0};
 constexpr unsigned char DEMANDED_01[] = {FIELD_FULL_NAME, FIELD_LICENSE_CLASS, 0};
-constexpr unsigned char DEMANDED_02[] = {FIELD_VEHICLE_CLASS,
-                                         FIELD_FAMILY_NAME,
-                                         FIELD_GIVEN_NAMES,
-                                         FIELD_EYE_COLOR,
-                                         FIELD_HEIGHT,
-                                         FIELD_DOCUMENT_DISCRIMINATOR,
-                                         FIELD_COUNTRY_CODE,
-                                         FIELD_FEDERAL_VEHICLE_CODES,
-                                         FIELD_WEIGHT_RANGE,
-                                         FIELD_NAME_SUFFIX,
-                                         0};
-constexpr unsigned char DEMANDED_03[] = {FIELD_VEHICLE_CLASS,
+constexpr unsigned char DEMANDED_02[] = {FIELD_WEIGHT_RANGE, // which version 03 demands no more,
+                                         FIELD_NAME_SUFFIX,  // nor this
+                                         FIELD_VEHICLE_CLASS,
                                          FIELD_FAMILY_NAME,
                                          FIELD_GIVEN_NAMES,
                                          FIELD_EYE_COLOR,
@@ -107,6 +98,7 @@ constexpr unsigned char DEMANDED_03[] = {FIELD_VEHICLE_CLASS,
                                          FIELD_COUNTRY_CODE,
                                          FIELD_FEDERAL_VEHICLE_CODES,
                                          0};
+constexpr const unsigned char *DEMANDED_03 = DEMANDED_02 + 2;
 constexpr unsigned char DEMANDED_04[] = {FIELD_VEHICLE_CLASS,
                                          FIELD_FAMILY_NAME,
                                          FIELD_FIRST_NAME,

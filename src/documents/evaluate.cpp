@@ -639,24 +639,6 @@ void set_verdict(varnel_inspection &inspection) {
                                                      : VARNEL_VERDICT_VALID;
 }
 
-const varnel_inspected_field *find_field(const varnel_inspection &inspection, int field) {
-  for (int i = 0; i < inspection.field_count; ++i) {
-    if (inspection.fields[i].field == field) {
-      return &inspection.fields[i];
-    }
-  }
-  return nullptr;
-}
-
-const varnel_check *find_check(const varnel_inspection &inspection, int field) {
-  for (int i = 0; i < inspection.check_count; ++i) {
-    if (inspection.checks[i].field == field) {
-      return &inspection.checks[i];
-    }
-  }
-  return nullptr;
-}
-
 namespace {
 
 bool is_right_date(const varnel_inspection &inspection, int field) {

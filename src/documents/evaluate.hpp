@@ -4,6 +4,7 @@
 
 #include <Varnel/documents/inspect.h>
 
+#include "entries.hpp"
 #include "layouts.hpp"
 
 namespace documents {
@@ -30,10 +31,6 @@ void add_notice(varnel_inspection &inspection, varnel_finding notice);
 
 // Doubtful with findings, else repaired with changes, else valid.
 void set_verdict(varnel_inspection &inspection);
-
-// The entry of a field or a check digit; null where the layout lacks it.
-const varnel_inspected_field *find_field(const varnel_inspection &inspection, int field);
-const varnel_check *find_check(const varnel_inspection &inspection, int field);
 
 // Whether enough agrees to say that this is a zone: a date that is right, two digits that hold, or the
 // first letter, a listed state and a filler in the names.
