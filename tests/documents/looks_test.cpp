@@ -185,7 +185,7 @@ TEST(Looks, OfScannedTexts) {
     }
   }
   EXPECT_EQ(tally.texts, 800);
-  EXPECT_GE(tally.right, 531);
+  EXPECT_GE(tally.right, 540);
   EXPECT_LE(tally.wrong, 2);
 }
 

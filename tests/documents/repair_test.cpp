@@ -41,6 +41,7 @@ std::string findings_of(const varnel_inspection &inspection) {
 }
 
 const std::string TOP = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n";
+const std::string TD2_TOP = "I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<\n";
 const std::string LOW = "L898902C36UTO7408122F1204159ZE184226B<<<<<10\n";
 
 // What a text is read as at a level.
@@ -90,6 +91,13 @@ TEST(Repair, ClassOfCharacters) {
       // T and Z stand for two digits each: the date's own digit says for which.
       {1, TOP + "L898902C36UTOT408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:13 T>7 class",
        ""},
+      // So does the composite: a small g is either an 8 or a 4.
+      {1, TD2_TOP + "D231458907UTO7408122F12041596<<<<<<g\n", "repaired",
+       TD2_TOP + "D231458907UTO7408122F12041596<<<<<<8\n", "1:35 g>8 class", ""},
+      {1, TD2_TOP + "D231458907UTO7408122F12041594<<<<<<g\n", "repaired",
+       TD2_TOP + "D231458907UTO7408122F12041594<<<<<<4\n", "1:35 g>4 class", ""},
+      {1, TD2_TOP + "D231458907UTO7408122F12041595<<<<<<g\n", "doubtful",
+       TD2_TOP + "D231458907UTO7408122F12041595<<<<<<G\n", "", "checkFailed composite"},
       // A date is never given another digit.
       {2, TOP + "L898902C36UTO7408122F1204189ZE184226B<<<<<10\n", "doubtful", "", "",
        "checkFailed expiryDate, checkFailed composite"},
@@ -116,6 +124,18 @@ TEST(Repair, Fillers) {
       // One read twice before a name, where the line is too long by it.
       {1, "P<UTOERIKSSON<<ANNA<KMARIA<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired", TOP + LOW, "0:20 K> filler",
        ""},
+      // The same, where no other K or X is beside a filler, and after letters that no K follows at a name's
+      // end.
+      {1, "P<UTOERIKSSON<<KANNA<MARIA<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired", TOP + LOW, "0:15 K> filler",
+       ""},
+      {1, "P<UTOERIKSSON<<ANNA<MIRIAMK<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
+       "P<UTOERIKSSON<<ANNA<MIRIAM<<<<<<<<<<<<<<<<<<\n" + LOW, "0:26 K> filler", ""},
+      // Either K may be the filler, and neither where the line is not too long.
+      {1, "P<UTOBROOK<<KANNA<<<<<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "doubtful",
+       "P<UTOBROOK<<KANNA<<<<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:44 <> filler",
+       "unproven primaryIdentifier, unproven secondaryIdentifier"},
+      {1, "P<UTOBROOK<<KANNA<<<<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "valid",
+       "P<UTOBROOK<<KANNA<<<<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "", ""},
       {1, "I<UTOD231458907<<<<<<<<<<ss<<<\n7408122F1204159UTO<<<<<<<<K<<<6\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
        "repaired", SPECIMENS[0].zone, "0:25 s>< filler, 0:26 s>< filler, 1:26 K>< filler, 1:29 <> filler",
        ""},
@@ -135,6 +155,17 @@ TEST(Repair, Twins) {
       {1, TOP + "L898902C36UTO74O08122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:15 O> twin", ""},
       {1, TOP + "L898902C36UT0O7408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:12 0> twin", ""},
       {2, TOP + "L8989O02C36UTO7408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:5 O> twin", ""},
+      // In names, where the line is too long by one and there is one.
+      {1, "P<UTOERIKSSON<<AN0OUK<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
+       "P<UTOERIKSSON<<ANOUK<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:17 0> twin", ""},
+      {1, "P<UTOERIKSSON<<ANO0OUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
+       "P<UTOERIKSSON<<ANOOUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:18 0> twin", ""},
+      {1, "P<UTOERIKSS0ON<<AN0OUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "doubtful",
+       "P<UTOERIKSSOON<<ANOOUK<<<<<<<<<<<<<<<<<<<<<<\n" + LOW,
+       "0:11 0>O class, 0:18 0>O class, 0:44 <> filler",
+       "unproven primaryIdentifier, unproven secondaryIdentifier"},
+      {1, "P<UTOERIKSSON<<AN0OUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
+       "P<UTOERIKSSON<<ANOOUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:17 0>O class", ""},
       // In a number only where digits may decide.
       {1, TOP + "L8989O02C36UTO7408122F1204159ZE184226B<<<<<10\n", "refused", " ", "", "length"},
   };
@@ -155,6 +186,9 @@ TEST(Repair, Numbers) {
   const expectation table[] = {
       {1, misread, "doubtful", "", "", "checkFailed documentNumber, checkFailed composite"},
       {2, misread, "repaired", TOP + LOW, "1:5 O>0 digit", ""},
+      // Not beside a character that was read as one seldom taken for it, here D for 0.
+      {2, TOP + "L8989O2C36UTO74D8122F1204159ZE184226B<<<<<10\n", "doubtful", TOP + LOW,
+       "1:5 O>0 digit, 1:15 D>0 class", "unproven documentNumber"},
       // The personal number likewise.
       {2, TOP + "L898902C36UTO7408122F1204159ZE1O4226<<<<<<46\n", "repaired",
        TOP + "L898902C36UTO7408122F1204159ZE104226<<<<<<46\n", "1:31 O>0 digit", ""},
@@ -195,6 +229,8 @@ TEST(Repair, DoubtsNames) {
       {"P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<HW<<<<<<<", "unproven secondaryIdentifier"},
       {"~ P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<", "unproven secondaryIdentifier"}, // noise
       {"P<UTOERIKSSON<<<<<<<<<<<<<<<ssssssss<<<<<<<<", "unproven secondaryIdentifier"}, // a name lost?
+      {"P<UTOERIKSSON<<ANNASMARIA<<<<<<<<<<sss<<<<<<", "unproven secondaryIdentifier"}, // or ANNA MARIA?
+      {"P<UTOERI KSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<", "unproven secondaryIdentifier"}, // white space at an I
   };
   for (const auto &row : table) {
     SCOPED_TRACE(row.names);
@@ -211,6 +247,12 @@ TEST(Repair, TakesThePagesWordForANameInDoubt) {
       inspect("Surname\nBROOK\nGiven names\nPatrick\n" + zone, with_repair(1));
   EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_REPAIRED);
   EXPECT_EQ(zone_of(inspection), "P<UTOBROOK<<PATRICK<<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW);
+  // A single name too; and any word of the name where white space within it is the doubt.
+  const char *const settled[] = {"ERIKSSON\nP<UTOERIKSSON<<<<<<<<<<<<<<<ssssssss<<<<<<<<\n",
+                                 "ANNA\nP<UTOERI KSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<\n"};
+  for (const char *page : settled) {
+    EXPECT_EQ(findings_of(inspect(page + LOW, with_repair(1))), "") << page;
+  }
 }
 
 TEST(Repair, FindsTheZoneOnAPage) {

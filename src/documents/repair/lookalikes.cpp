@@ -99,6 +99,8 @@ bool are_alike(char a, char b) {
   return false;
 }
 
+bool are_often_taken_for_each_other(char a, char b) { return is_pair("0OO01II15SS58BB8", a, b); }
+
 bool is_twin(char first, char second) {
   return ascii::is_digit(first) != ascii::is_digit(second) && is_pair("0OO01II15SS58BB82ZZ2", first, second);
 }

@@ -35,6 +35,9 @@ extern const lookalike lookalikes[LOOKALIKES];
 // Whether one of the two may be read for the other.
 bool are_alike(char a, char b);
 
+// Whether the two are a digit and the letter that readers take for it most.
+bool are_often_taken_for_each_other(char a, char b);
+
 // Whether two neighbours may be one character of a number or date that was read twice.
 bool is_twin(char first, char second);
 

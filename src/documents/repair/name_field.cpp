@@ -30,74 +30,83 @@ bool is_impossible_start(char first, char second) {
          (first == 'X' && ascii::is_upper(second) && !is_one_of(second, "AEIOUY"));
 }
 
+// Letters that end no name, but are left where a filler after one was read as K.
+bool is_impossible_end(char before, char last) { return last == 'K' && is_one_of(before, "BDFGHJMPQTVXZ"); }
+
+// Letters so narrow that readers take one for another, and see white space beside them.
+bool is_narrow(char c) { return is_one_of(c, "IJLT"); }
+
 constexpr uint32_t PRIMARY = 1u << VARNEL_PRIMARY_IDENTIFIER;
 constexpr uint32_t SECONDARY = 1u << VARNEL_SECONDARY_IDENTIFIER;
 
-// A word of a name, by its place in the line.
+// A word of a name, by its place among the characters of the field.
 struct word {
   uint8_t begin;
   uint8_t end;
   bool is_secondary;
-  bool has_surplus; // its first letter is a filler that was read twice
 
   uint32_t part() const { return is_secondary ? SECONDARY : PRIMARY; }
-  int start() const { return begin + (has_surplus ? 1 : 0); }
-  int length() const { return end - start(); }
+  int length() const { return end - begin; }
 };
 
 class name_field {
 public:
-  name_field(const noisy_line &line, int at, int width) : line_(line), begin_(at), width_(width) {
+  name_field(const noisy_line &line, int at, int width) : line_(line), width_(width) {
     for (int i = at; i < line.size; ++i) {
       const char letter = ascii::is_digit(line.text[i]) ? letter_for(line.text[i]) : '\0';
-      text_[i] = letter != '\0' ? letter : line.text[i];
+      read_[size_] = line.text[i];
+      text_[size_] = letter != '\0' ? letter : line.text[i];
+      from_[size_++] = static_cast<uint8_t>(i);
     }
     divide();
+    if (take_out_surplus()) {
+      divide();
+    }
     give_tail_its_letters();
     look_at_tail();
-    find_surplus();
   }
 
   void write(names_unit &names) const {
     characters &out = names.text;
-    int end = begin_;
+    int end = 0;
     for (int i = 0; i < word_count_; ++i) {
       const word &w = words_[i];
       for (int k = end; k < w.begin; ++k) {
-        out.put(FILLER, k);
+        out.put(FILLER, from_[k]);
       }
-      for (int k = w.start(); k < w.end; ++k) {
+      for (int k = w.begin; k < w.end; ++k) {
         const char c = static_cast<char>(ascii::to_upper(text_[k]));
-        names.cost += c != line_.text[k] ? cost::LOOKALIKE : 0;
-        out.put(c, k);
+        names.cost += c != read_[k] ? cost::LOOKALIKE : 0;
+        out.put(c, from_[k]);
       }
       end = w.end;
     }
     write_tail(tail_, out);
-    const int length = line_.size - begin_;
-    names.length_cost = cost::LENGTH * (length > width_ ? length - width_ : width_ - length);
+    names.length_cost = cost::LENGTH * (size_ > width_ ? size_ - width_ : width_ - size_);
   }
 
   // The parts that may have been misread.
-  uint32_t doubts(bool noisy) const {
+  uint32_t doubts(bool noisy, const surroundings &around) const {
     uint32_t doubted = 0;
     const auto doubt = [&](bool condition, uint32_t part) { doubted |= condition ? part : 0; };
     const word *last_of_primary = nullptr;
     const word *first_of_secondary = nullptr;
     doubt(noisy || has_strange_tail_ || surplus_ > 0, SECONDARY);
+    doubt(has_gap_at_narrow_letter() && !is_any_word_printed(around), SECONDARY);
     for (int i = 0; i < word_count_; ++i) {
       const word &w = words_[i];
       doubt(is_doubtful(w) || (noisy && has_twin(w)), w.part());
       last_of_primary = w.is_secondary ? last_of_primary : &w;
       first_of_secondary = w.is_secondary && first_of_secondary == nullptr ? &w : first_of_secondary;
     }
-    doubt(is_dirty_ && first_of_secondary == nullptr, SECONDARY);
+    doubt(is_dirty_ && (first_of_secondary == nullptr || may_have_lost_filler(*first_of_secondary)),
+          SECONDARY);
     if (word_count_ > 0) {
       const word &last = words_[word_count_ - 1];
       doubt(has_doubtful_end(last), last.part());
     }
     // In a line of the right length no letter came from nowhere.
-    const bool uneven = line_.size - begin_ != width_;
+    const bool uneven = size_ != width_;
     doubt(is_dirty_ && uneven && last_of_primary != nullptr && is_k_or_x(text_[last_of_primary->end - 1]),
           PRIMARY);
     doubt(is_dirty_ && uneven && first_of_secondary != nullptr && is_k_or_x(text_[first_of_secondary->begin]),
@@ -109,11 +118,11 @@ public:
   // edge that was a filler. False where it does not.
   bool write_printed(const surroundings &around, characters &out) const {
     characters printed = {};
-    bool is_divided = word_count_ > 0 && words_[word_count_ - 1].is_secondary;
+    bool is_divided = word_count_ == 1 || (word_count_ > 0 && words_[word_count_ - 1].is_secondary);
     const bool was_divided = is_divided;
     bool lost_letter = false; // after the last word written: a filler more
     bool in_primary = true;
-    int end = begin_;
+    int end = 0;
     for (int i = 0; i < word_count_; ++i) {
       word w = words_[i];
       if (w.length() == 1 && is_edge_letter(text_[w.begin])) {
@@ -131,13 +140,13 @@ public:
         }
         is_divided = is_divided || parts;
         in_primary = in_primary && !parts;
-        printed.put(FILLER, end);
+        printed.put(FILLER, from_[end]);
         if (parts) {
-          printed.put(FILLER, end + 1);
+          printed.put(FILLER, from_[end + 1]);
         }
       }
-      for (int k = w.start(); k < w.end; ++k) {
-        printed.put(static_cast<char>(ascii::to_upper(text_[k])), k);
+      for (int k = w.begin; k < w.end; ++k) {
+        printed.put(static_cast<char>(ascii::to_upper(text_[k])), from_[k]);
       }
       end = w.end;
       lost_letter = w.end != last;
@@ -154,27 +163,27 @@ private:
   // Words are separated by one filler, the parts of the name by two. Two more, or a small letter, begin the
   // tail.
   void divide() {
-    const int size = line_.size;
     bool is_secondary = false;
-    int i = begin_;
+    int i = 0;
+    word_count_ = 0;
     tail_ = i;
-    while (i < size && word_count_ < MOST_WORDS) {
+    while (i < size_ && word_count_ < MOST_WORDS) {
       if (text_[i] == FILLER) {
-        const bool is_pair = i + 1 < size && text_[i + 1] == FILLER;
+        const bool is_pair = i + 1 < size_ && text_[i + 1] == FILLER;
         if (is_pair && is_secondary) {
           return;
         }
         is_secondary = is_secondary || is_pair;
         i += is_pair ? 2 : 1;
-        if (i >= size || text_[i] == FILLER || ascii::is_lower(text_[i])) {
+        if (i >= size_ || text_[i] == FILLER || ascii::is_lower(text_[i])) {
           return;
         }
       } else if (is_secondary && ascii::is_lower(text_[i])) {
         return;
       } else {
         word &w = words_[word_count_++];
-        w = {static_cast<uint8_t>(i), 0, is_secondary, false};
-        while (i < size && text_[i] != FILLER && !(is_secondary && ascii::is_lower(text_[i]))) {
+        w = {static_cast<uint8_t>(i), 0, is_secondary};
+        while (i < size_ && text_[i] != FILLER && !(is_secondary && ascii::is_lower(text_[i]))) {
           ++i;
         }
         w.end = static_cast<uint8_t>(i);
@@ -184,8 +193,8 @@ private:
   }
 
   bool is_pure_tail() const {
-    for (int i = tail_; i < line_.size; ++i) {
-      if (line_.text[i] != FILLER) {
+    for (int i = tail_; i < size_; ++i) {
+      if (read_[i] != FILLER) {
         return false;
       }
     }
@@ -205,44 +214,91 @@ private:
   }
 
   void look_at_tail() {
-    is_pure_ = is_pure_tail();
-    is_dirty_ = !is_pure_ || line_.size - begin_ != width_;
-    for (int i = tail_; i < line_.size; ++i) {
-      const char c = line_.text[i];
-      is_dirty_ = is_dirty_ || (i > tail_ && line_.has_gap(i));
+    const bool is_pure = is_pure_tail();
+    is_dirty_ = !is_pure || size_ != width_;
+    surplus_ = tail_ > width_ ? tail_ - width_ : is_pure && size_ > width_ ? size_ - width_ : 0;
+    for (int i = tail_; i < size_; ++i) {
+      const char c = read_[i];
+      is_dirty_ = is_dirty_ || (i > tail_ && line_.has_gap(from_[i]));
       has_strange_tail_ = has_strange_tail_ || (c != FILLER && !is_filler_noise(c));
       reads_fillers_as_s_ = reads_fillers_as_s_ || c == 'S' || c == '5';
     }
   }
 
-  // In a line that is too long and otherwise clean, letters that begin no name are fillers that were read
-  // twice, where there are as many of them as there are characters too many.
-  void find_surplus() {
-    surplus_ = is_pure_ ? line_.size - begin_ - width_ : 0;
-    int impossible = 0;
-    for (int i = 1; i < word_count_; ++i) {
-      impossible += begins_impossibly(words_[i]);
-    }
-    if (surplus_ > 0 && impossible == surplus_) {
-      for (int i = 1; i < word_count_; ++i) {
-        words_[i].has_surplus = begins_impossibly(words_[i]);
+  // Characters too many, in a line that ends in fillers and nothing else, stand among the names, since
+  // readers do not double the fillers of a tail. Takes them out where there is one way.
+  bool take_out_surplus() {
+    const int surplus = is_pure_tail() ? size_ - width_ : 0;
+    return surplus > 0 && ((surplus == 1 && take_out_twin()) || take_out_fillers(surplus));
+  }
+
+  // A character that was read twice, once as a letter and once as a digit, where only one was.
+  bool take_out_twin() {
+    int twins = 0;
+    int place = 0;
+    for (int i = 0; i + 1 < tail_; ++i) {
+      if (is_twin(read_[i], read_[i + 1])) {
+        const bool same = twins > 0 && i == place; // a letter between two digits, or the reverse
+        twins += !same;
+        place = i + 1;
       }
-      surplus_ = 0;
     }
-    int written = tail_ - begin_;
+    if (twins != 1) {
+      return false;
+    }
+    take_out(ascii::is_digit(read_[place]) ? place : place - 1);
+    return true;
+  }
+
+  // Fillers that were read twice, once as K or X: letters that begin or end no name, where there are as many
+  // of them as characters too many; else each K and X that begins a word, where there are as many of these
+  // and none ends a word.
+  bool take_out_fillers(int surplus) {
+    int impossible = 0;
+    int begins = 0;
+    int ends = 0;
     for (int i = 0; i < word_count_; ++i) {
-      written -= words_[i].has_surplus;
+      const word &w = words_[i];
+      impossible += (i > 0 && begins_impossibly(w)) + ends_impossibly(w);
+      begins += i > 0 && is_k_or_x(text_[w.begin]);
+      ends += w.length() > 1 && is_k_or_x(text_[w.end - 1]);
     }
-    surplus_ = written > width_ ? written - width_ : surplus_;
+    const bool all_begins = begins == surplus && ends == 0;
+    if (impossible != surplus && !all_begins) {
+      return false;
+    }
+    for (int i = word_count_ - 1; i >= 0; --i) {
+      const word w = words_[i];
+      if (!all_begins && ends_impossibly(w)) {
+        take_out(w.end - 1);
+      }
+      if (i > 0 && (all_begins ? is_k_or_x(text_[w.begin]) : begins_impossibly(w))) {
+        take_out(w.begin);
+      }
+    }
+    return true;
+  }
+
+  void take_out(int place) {
+    --size_;
+    for (int i = place; i < size_; ++i) {
+      read_[i] = read_[i + 1];
+      text_[i] = text_[i + 1];
+      from_[i] = from_[i + 1];
+    }
   }
 
   bool begins_impossibly(const word &w) const {
-    return w.length() > 1 && is_impossible_start(text_[w.start()], text_[w.start() + 1]);
+    return w.length() > 1 && is_impossible_start(text_[w.begin], text_[w.begin + 1]);
+  }
+
+  bool ends_impossibly(const word &w) const {
+    return w.length() > 2 && is_impossible_end(text_[w.end - 2], text_[w.end - 1]);
   }
 
   bool has_twin(const word &w) const {
-    for (int k = w.start(); k + 1 < w.end; ++k) {
-      if (is_twin(line_.text[k], line_.text[k + 1])) {
+    for (int k = w.begin; k + 1 < w.end; ++k) {
+      if (is_twin(read_[k], read_[k + 1])) {
         return true;
       }
     }
@@ -250,9 +306,9 @@ private:
   }
 
   bool is_doubtful(const word &w) const {
-    for (int k = w.start(); k < w.end; ++k) {
-      const bool inside = k > w.start() && k + 1 < w.end;
-      const bool deep_inside = k > w.start() + 1 && k + 2 < w.end;
+    for (int k = w.begin; k < w.end; ++k) {
+      const bool inside = k > w.begin && k + 1 < w.end;
+      const bool deep_inside = k > w.begin + 1 && k + 2 < w.end;
       if (ascii::is_lower(text_[k]) || (is_dirty_ && text_[k] == 'X' && inside) ||
           (reads_fillers_as_s_ && text_[k] == 'S' && deep_inside)) {
         return true;
@@ -262,11 +318,47 @@ private:
     return has_run(w) || (is_dirty_ && (begins_impossibly(w) || has_twin(w) || is_lone));
   }
 
+  // White space within a word, beside a narrow letter: a sign of a picture in which those are misread.
+  bool has_gap_at_narrow_letter() const {
+    for (int i = 0; i < word_count_; ++i) {
+      for (int k = words_[i].begin + 1; k < words_[i].end; ++k) {
+        if (line_.has_gap(from_[k]) && (is_narrow(text_[k - 1]) || is_narrow(text_[k]))) {
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+
+  // A word that was read twice alike is a sign of a good picture.
+  bool is_any_word_printed(const surroundings &around) const {
+    constexpr int shortest_word = 3;
+    for (int i = 0; i < word_count_; ++i) {
+      const word &w = words_[i];
+      if (w.length() >= shortest_word && around.print(text_ + w.begin, w.length())) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  // The only given name, with an S inside that may have been the filler between two.
+  bool may_have_lost_filler(const word &first_given) const {
+    constexpr int shortest_name = 3;
+    const bool is_only = &first_given == words_ + word_count_ - 1;
+    for (int k = first_given.begin + shortest_name; is_only && k + shortest_name < first_given.end; ++k) {
+      if (text_[k] == 'S' && text_[k - 1] != 'S' && text_[k + 1] != 'S') {
+        return true;
+      }
+    }
+    return false;
+  }
+
   // K three times, or four times a letter that fillers are read as.
   bool has_run(const word &w) const {
     int run = 0;
-    for (int k = w.start(); k < w.end; ++k) {
-      run = k > w.start() && text_[k] == text_[k - 1] ? run + 1 : 1;
+    for (int k = w.begin; k < w.end; ++k) {
+      run = k > w.begin && text_[k] == text_[k - 1] ? run + 1 : 1;
       if (run >= (text_[k] == 'K' ? 3 : 4) && is_edge_letter(text_[k])) {
         return true;
       }
@@ -280,21 +372,20 @@ private:
     const bool long_enough = last.length() > 1;
     const char before = long_enough ? text_[last.end - 2] : '\0';
     const char third = last.length() > 2 ? text_[last.end - 3] : '\0';
-    const bool before_fillers =
-        tail_ + 1 < line_.size && line_.text[tail_] == FILLER && line_.text[tail_ + 1] == FILLER;
+    const bool before_fillers = tail_ + 1 < size_ && read_[tail_] == FILLER && read_[tail_ + 1] == FILLER;
     const bool in_tail = is_in_tail(end);
     if (!is_dirty_) {
       return false;
     }
     return is_k_or_x(end) || (in_tail && !before_fillers) ||
-           (is_one_of(end, "CES") && !before_fillers && tail_ < line_.size) ||
+           (is_one_of(end, "CES") && !before_fillers && tail_ < size_) ||
            (long_enough && is_one_of(end, "CES") && is_one_of(before, "CES") && is_one_of(third, "CES")) ||
            (before == 'K' && end == 'E');
   }
 
   bool is_in_tail(char letter) const {
-    for (int i = tail_; i < line_.size; ++i) {
-      if (line_.text[i] != FILLER && ascii::to_upper(line_.text[i]) == letter) {
+    for (int i = tail_; i < size_; ++i) {
+      if (read_[i] != FILLER && ascii::to_upper(read_[i]) == letter) {
         return true;
       }
     }
@@ -303,7 +394,7 @@ private:
 
   // Makes the word what is printed.
   bool fit(word &w, const surroundings &around) const {
-    const char *first = text_ + w.start();
+    const char *first = text_ + w.begin;
     const int length = w.length();
     if (around.print(first, length)) {
       return true;
@@ -312,31 +403,32 @@ private:
       --w.end;
       return true;
     }
-    if (!w.has_surplus && is_edge_letter(*first) && around.print(first + 1, length - 1)) {
-      w.has_surplus = true;
+    if (is_edge_letter(*first) && around.print(first + 1, length - 1)) {
+      ++w.begin;
       return true;
     }
     return false;
   }
 
   void write_tail(int from, characters &out) const {
-    for (int k = from; k < line_.size && out.size < width_; ++k) {
-      out.put(FILLER, k);
+    for (int k = from; k < size_ && out.size < width_; ++k) {
+      out.put(FILLER, from_[k]);
     }
     out.fill(width_);
     out.size = static_cast<uint8_t>(width_);
   }
 
   const noisy_line &line_;
-  const int begin_;
   const int width_;
-  char text_[LONGEST_LINE]; // digits that look like letters replaced
+  int size_ = 0;
+  char read_[LONGEST_LINE];
+  char text_[LONGEST_LINE];    // the same, digits that look like letters replaced
+  uint8_t from_[LONGEST_LINE]; // places in the line
   word words_[MOST_WORDS];
   int word_count_ = 0;
-  int tail_ = 0;                    // where the fillers after the last word begin
-  int surplus_ = 0;                 // characters too many that nothing explains
-  bool is_pure_ = false;            // the tail is fillers and nothing else
-  bool is_dirty_ = false;           // it is not, or the line is not of its length, or has gaps there
+  int tail_ = 0;          // where the fillers after the last word begin
+  int surplus_ = 0;       // characters too many that nothing explains
+  bool is_dirty_ = false; // the tail is not fillers alone, or the line not of its length, or has gaps there
   bool has_strange_tail_ = false;   // something stands in it that no filler is read as
   bool reads_fillers_as_s_ = false; // in capitals
 };
@@ -348,7 +440,7 @@ void read_names(const noisy_line &line, int at, int width, bool noisy, const sur
   names = names_unit{};
   const name_field field(line, at, width);
   field.write(names);
-  names.doubts = field.doubts(noisy);
+  names.doubts = field.doubts(noisy, around);
   if (names.doubts != 0 && field.write_printed(around, names.text)) {
     names.doubts = 0;
   }

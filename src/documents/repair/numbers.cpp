@@ -1,4 +1,4 @@
-// A document number and its digit: what can be told of it, and what no digit can see.
+// A document number and its digit: what its digit proves, and what no digit can see.
 #include "../../ascii.hpp"
 #include "../check_digit.hpp"
 #include "../layouts.hpp"
@@ -200,6 +200,7 @@ void judge_number(number_unit &number, const surroundings &around) {
   if (printed_ways == 1 || (ways == 1 && taken.decisive)) {
     text[column] = taken.printed;
     number.holds = true;
+    number.changed = true;
     number.cost += cost::LOOKALIKE;
   }
 }

@@ -385,10 +385,33 @@ private:
     r.cost += memcmp(nationality.text, r.lines[0].text + 2, STATE) == 0 ? cost::STATES_AGREE : 0;
   }
 
+  // Whether a unit before the data has a character that was read as one that is seldom taken for it: then the
+  // picture was so bad that a digit may hold by chance.
+  bool has_rare_lookalike(const reading &r) const {
+    const stretch number = form_.find(VARNEL_DOCUMENT_NUMBER)->place;
+    const stretch data = data_after_dates(form_);
+    for (int line = 0; line < form_.lines; ++line) {
+      const characters &zone = r.lines[line];
+      for (int i = 0; i < zone.size && !(line == data.line && i == data.column); ++i) {
+        const bool in_number = line == number.line && i >= number.column && i < number.column + number.length;
+        if (zone.from[i] == NOT_READ || zone.text[i] == FILLER) {
+          continue;
+        }
+        const char read = lines_[line]->text[zone.from[i]];
+        const bool changed = in_number ? ascii::is_lower(read) : read != zone.text[i];
+        if (changed && !are_often_taken_for_each_other(read, zone.text[i])) {
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+
   // What a number's digit says, now that what follows it is known.
   void conclude(const number_unit &number, reading &r) const {
     const long_number whole = find_long_number(r);
-    const bool unproven = whole.length > 0 ? is_unproven(whole.text, whole.length, around_) : number.unproven;
+    const bool unproven = whole.length > 0 ? is_unproven(whole.text, whole.length, around_)
+                                           : number.unproven || (number.changed && has_rare_lookalike(r));
     r.failures = static_cast<uint8_t>(r.failures + (whole.length == 0 && !number.holds));
     r.doubts |= unproven ? 1u << VARNEL_DOCUMENT_NUMBER : 0;
   }
@@ -443,6 +466,27 @@ private:
     settle_data(no_ways, 0, ways, count, r);
   }
 
+  // Where the composite was read as a letter that may be either of two digits: takes the one that holds.
+  bool take_second_digit(reading &r) const {
+    const noisy_line &low = *lines_[1];
+    const char read = low.text[low.size - 1];
+    if (is_visa(form_) || other_digit_for(read) == '\0') {
+      return false;
+    }
+    char &digit = r.lines[1].text[form_.width - 1];
+    const char letter = digit;
+    digit = digit_for(read);
+    if (data_digits_hold(r)) {
+      return true;
+    }
+    digit = other_digit_for(read);
+    if (data_digits_hold(r)) {
+      return true;
+    }
+    digit = letter;
+    return false;
+  }
+
   // Takes the first way to read the data in which its digits hold; the likeliest where they never do.
   void settle_data(const characters (&top_ways)[MOST_WAYS], int top_count,
                    const characters (&ways)[MOST_WAYS], int count, reading &r) const {
@@ -457,7 +501,7 @@ private:
         r.lines[0].size = top_size;
         r.lines[0].put(top_ways[way / count]);
       }
-      if (tried < top_tries * count && data_digits_hold(r)) {
+      if (tried < top_tries * count && (data_digits_hold(r) || take_second_digit(r))) {
         return;
       }
     }

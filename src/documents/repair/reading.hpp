@@ -8,7 +8,7 @@
 
 namespace documents::repair {
 
-// A zone as it was read, its errors put right as far as that can be told.
+// A zone as it was read, its errors put right as far as that can be known.
 struct reading {
   uint8_t layout;   // VARNEL_LAYOUT_NONE: there is none
   uint8_t failures; // numbers, personal numbers and composites whose digit does not hold; dates' always do

@@ -1,4 +1,4 @@
-// Inspecting what an optical reader made of a page: misread characters are put right where that can be told.
+// Inspecting what an optical reader made of a page: misread characters are put right where that is certain.
 #ifndef VARNEL_SRC_DOCUMENTS_REPAIR_REPAIR_HPP
 #define VARNEL_SRC_DOCUMENTS_REPAIR_REPAIR_HPP
 

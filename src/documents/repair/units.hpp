@@ -89,6 +89,7 @@ char read_sex(char c, int &cost);
 struct number_unit {
   bool holds;
   bool unproven;
+  bool changed; // for its digit
   int cost;
   characters text;
 };
@@ -97,7 +98,7 @@ struct number_unit {
 bool read_number(const noisy_line &line, int at, int length, bool may_have_twin, const surroundings &around,
                  number_unit &number);
 
-// Says what can be told about a number: changes it where one look-alike alone makes its digit hold.
+// Says what is known about a number: changes it where one look-alike alone makes its digit hold.
 void judge_number(number_unit &number, const surroundings &around);
 
 // Up to three letters, then digits, then fillers: as most states print it. A look-alike would stand out.
