@@ -7,6 +7,19 @@
 #include <limits.h>
 #include <string.h>
 
+// Inlined wherever it is called: for the few small functions that a profile shows to cost their calls.
+// The others keep what seldom runs out of the way of what does.
+#if defined(__GNUC__)
+#define VARNEL_INLINE inline __attribute__((always_inline))
+#define VARNEL_SELDOM __attribute__((noinline, cold))
+#elif defined(_MSC_VER)
+#define VARNEL_INLINE __forceinline
+#define VARNEL_SELDOM __declspec(noinline)
+#else
+#define VARNEL_INLINE inline
+#define VARNEL_SELDOM
+#endif
+
 // A character as the predicates and comparisons see it: sign-extended, whatever the signedness of char.
 constexpr int char_value(char c) { return static_cast<signed char>(c); }
 

@@ -52,15 +52,21 @@ constexpr bool all(uint64_t marks) { return (~marks & MARKS) == 0; }
 constexpr uint64_t nul(uint64_t word) { return (word - every(1)) & ~word & MARKS; }
 
 // The position of the first marked character; there must be one.
-constexpr int first(uint64_t marks) {
+constexpr int first_by_count(uint64_t marks) {
   const uint64_t up_to_first = (marks & MARKS) ^ ((marks & MARKS) - 1);
   return static_cast<int>((up_to_first & every(1)) * every(1) >> 56) - 1; // its bytes' lowest bits, counted
 }
 
-// The places of the marked characters: bit i for the character at i.
-constexpr unsigned places(uint64_t marks) {
-  return static_cast<unsigned>((marks >> 7 & every(1)) * UINT64_C(0x0102040810204080) >> 56);
-}
+// The same by one instruction, where the compiler offers it.
+#if defined(__GNUC__)
+constexpr int first(uint64_t marks) { return __builtin_ctzll(marks & MARKS) / 8; }
+#else
+constexpr int first(uint64_t marks) { return first_by_count(marks); }
+#endif
+
+// The places of the marked characters, in the highest byte: its bit i for the character at i. What is in the
+// other bytes is of no meaning.
+constexpr uint64_t places_on_top(uint64_t marks) { return (marks & MARKS) * UINT64_C(0x0002040810204081); }
 
 // ---- wide words ------------------------------------------------------------------------------------
 
@@ -71,9 +77,15 @@ using wide = unsigned char __attribute__((vector_size(16)));
 
 inline void load(const char *text, wide &word) { memcpy(&word, text, sizeof word); }
 
+// Compared as signed numbers, which every processor with vectors can.
 inline wide in_range(wide word, char low, char high) {
-  return reinterpret_cast<wide>(word - static_cast<unsigned char>(low) <=
-                                static_cast<unsigned char>(high - low));
+  using signed_wide = signed char __attribute__((vector_size(16)));
+  if (low == high) {
+    return reinterpret_cast<wide>(word == static_cast<unsigned char>(low));
+  }
+  const wide from_least = word - static_cast<unsigned char>(low + 0x80);
+  return reinterpret_cast<wide>(reinterpret_cast<signed_wide>(from_least) <
+                                static_cast<signed char>(high - low + 1 - 0x80));
 }
 
 inline wide of_ascii(wide marks, wide) { return marks; } // those of other characters are right already
@@ -84,9 +96,18 @@ inline bool all(wide marks) {
   return (halves[0] & halves[1]) == UINT64_MAX;
 }
 
+// Whether all characters of one of the plain words are marked that a wide word consists of.
+inline bool all_of_part(wide marks, int part) {
+  uint64_t halves[2];
+  memcpy(halves, &marks, sizeof halves);
+  return halves[part] == UINT64_MAX;
+}
+
 #else
 
 using wide = uint64_t;
+
+constexpr bool all_of_part(wide marks, int) { return all(marks); }
 
 #endif
 

@@ -1,4 +1,4 @@
-// A field of a zone, or a part of one, and where its fillers are. Found once, a word at a time, they say
+// A field of a zone, or a part of one, and where its letters are. Found once, a word at a time, they say
 // where a name is split and what becomes a space.
 #ifndef VARNEL_SRC_MRZ_FILLED_TEXT_HPP
 #define VARNEL_SRC_MRZ_FILLED_TEXT_HPP
@@ -8,50 +8,52 @@
 
 struct filled_text {
   const char *str;
-  int len; // up to places::MAX
-  places::set fillers;
+  int len;             // up to places::MAX
+  places::set letters; // and digits: all but fillers; places from `len` on may be those of text after it
 
-  STRING view() const { return STRING{str, len}; }
+  places::set fillers() const { return ~letters & places::before(len); }
 
-  filled_text from(int start) const { return {str + start, len - start, fillers >> start}; }
-  filled_text first(int length) const { return {str, length, fillers & places::before(length)}; }
+  filled_text from(int start) const { return {str + start, len - start, letters >> start}; }
+  filled_text first(int length) const { return {str, length, letters}; }
 
-  // Without the fillers at both ends; of fillers only, nothing is left.
+  // Without the fillers at both ends; of fillers only, nothing is left. Of a whole field, which no text
+  // follows.
   filled_text trimmed() const {
-    const places::set letters = ~fillers & places::before(len);
     if (letters == 0) {
       return first(0);
     }
     return first(places::last(letters) + 1).from(places::first(letters));
   }
-
-  // Whether a filler follows another.
-  bool has_runs() const { return (fillers & fillers >> 1) != 0; }
 };
 
-// Finds the fillers of a text of at most places::MAX characters. Adds to `outside`, as marks of a word,
-// whether a character is not in the set.
-template <class Set> inline filled_text find_fillers(STRING text, uint64_t &outside) {
-  using filler = range<FILLER>;
-  places::set fillers = 0;
-  const auto look_at = [&](int i) {
-    const uint64_t word = words::load<uint64_t>(text.str + i);
-    outside |= ~Set::marks(word);
-    fillers |= places::set{words::places(filler::marks(word))} << i;
-  };
-  if (text.len < words::SIZE) {
-    for (int i = 0; i < text.len; ++i) {
-      outside |= Set::contains(char_value(text.str[i])) ? 0 : words::MARKS;
-      fillers |= places::set{is_filler(text.str[i])} << i;
-    }
-    return {text.str, text.len, fillers};
-  }
+// Where the letters of eight characters of a zone are, in the highest byte. Adds to `digits`, as marks,
+// whether there are digits among them.
+//
+// Of the characters of a zone, a filler differs from '<' by 0, a digit by less than 0x40 and a letter by
+// more; no sum of two such bytes reaches the next.
+inline uint64_t letters_of_word(const char *text, uint64_t &digits) {
+  const uint64_t difference = words::load<uint64_t>(text) ^ words::every(FILLER);
+  const uint64_t letter_or_digit = difference + words::every(0x7F);
+  const uint64_t letter = difference + words::every(0x40);
+  digits |= letter_or_digit ^ letter;
+  return words::places_on_top(letter_or_digit);
+}
+
+// Finds the letters of a text of 8 to places::MAX characters of a zone.
+VARNEL_INLINE filled_text find_letters(STRING text, uint64_t &digits) {
+  constexpr int TOP = 64 - words::SIZE;
   const int last = text.len - words::SIZE; // the last word may overlap the one before
+  places::set letters = 0;
+  int unused = 64;
   for (int i = 0; i < last; i += words::SIZE) {
-    look_at(i);
+    letters = letters >> words::SIZE | letters_of_word(text.str + i, digits) >> TOP << TOP;
+    unused -= words::SIZE;
   }
-  look_at(last);
-  return {text.str, text.len, fillers};
+  if (unused < 64) {
+    letters >>= unused;
+  }
+  letters |= letters_of_word(text.str + last, digits) >> TOP << last;
+  return {text.str, text.len, letters};
 }
 
 #endif

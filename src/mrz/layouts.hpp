@@ -26,6 +26,8 @@ struct layout {
     const bool begins = c == first_letters[0] || c == first_letters[1] || c == first_letters[2];
     return begins && c != '\0' && (zone[1] != refused_second || refused_second == '\0');
   }
+
+  constexpr bool fits(const char *zone, int size) const { return size == length() && has_code(zone); }
 };
 
 // A card whose code goes on with V would be a visa; a visa is typed like a card.
@@ -36,7 +38,8 @@ constexpr layout MRV_A = {VARNEL_LAYOUT_MRV_A, "MRV-A", 2, visa::LONG_LINE_LENGT
 constexpr layout MRV_B = {VARNEL_LAYOUT_MRV_B, "MRV-B", 2, visa::SHORT_LINE_LENGTH, "V", '\0', "TD"};
 
 // By number: LAYOUTS[VARNEL_LAYOUT_TD1] and so on. The first is none.
-constexpr layout LAYOUTS[] = {{VARNEL_LAYOUT_NONE, "", 0, 0, "", '\0', ""}, TD1, TD2, TD3, MRV_A, MRV_B};
+inline constexpr layout LAYOUTS[] = {
+    {VARNEL_LAYOUT_NONE, "", 0, 0, "", '\0', ""}, TD1, TD2, TD3, MRV_A, MRV_B};
 constexpr int LAYOUT_COUNT = sizeof LAYOUTS / sizeof *LAYOUTS;
 
 constexpr bool is_numbered(int id) {
@@ -46,9 +49,9 @@ static_assert(is_numbered(0), "a layout stands at its own number");
 
 // The layout that a zone of this length and with this code has; VARNEL_LAYOUT_NONE when there is none.
 constexpr int layout_of(const char *zone, int length) {
-  for (const layout &l : LAYOUTS) {
-    if (l.id != VARNEL_LAYOUT_NONE && length == l.length() && l.has_code(zone)) {
-      return l.id;
+  for (int id = VARNEL_LAYOUT_NONE + 1; id < LAYOUT_COUNT; ++id) {
+    if (LAYOUTS[id].fits(zone, length)) {
+      return id;
     }
   }
   return VARNEL_LAYOUT_NONE;

@@ -42,7 +42,7 @@ int MRZ_common_extract_name(const STRING *s, STRING *full_name, STRING *last_nam
   if (is_empty(name)) {
     return ERR_INVALID_FORMAT;
   }
-  const name_parts<STRING> parts = split_name(name);
+  const name_parts parts = split_name(name);
   *full_name = name;
   *last_name = parts.last;
   *first_name = parts.first;

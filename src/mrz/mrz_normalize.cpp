@@ -5,29 +5,36 @@
 
 namespace {
 
-// Appends what one character is read as, if anything, and returns the end.
+// What every byte is read as: a character of zones, or NUL for what is dropped.
+struct readings {
+  char of[256] = {};
+
+  constexpr readings() {
+    for (int c = 0; c < 128; ++c) {
+      const int capital = ascii::to_upper(c);
+      of[c] = mrz_characters::contains(capital) ? static_cast<char>(capital) : '\0';
+    }
+  }
+};
+
+constexpr readings READINGS;
+
+// Appends what one character is read as, if anything, and returns the end. Without a branch: which characters
+// are dropped cannot be foreseen.
 char *append(char *out, char c) {
-  const int capital = ascii::to_upper(char_value(c));
-  *out = static_cast<char>(capital);
-  return out + (mrz_characters::contains(capital) ? 1 : 0);
+  *out = READINGS.of[static_cast<unsigned char>(c)];
+  return out + (*out != '\0' ? 1 : 0);
 }
 
-// Reads a word of text up to the first character that is dropped, and appends it. Moves `text` beyond
-// what it has read, the dropped character included, and returns the end. More than that may be written,
-// though no more than was read.
-char *append_word(char *out, const char *&text) {
-  uint64_t word = words::load<uint64_t>(text);
-  const uint64_t small = words::of_ascii(range<'a', 'z'>::marks(word), word) & words::MARKS;
-  word ^= small >> 2; // 'a' and 'A' are 0x20 apart
-  words::store(word, out);
-  const uint64_t dropped = ~mrz_characters::marks(word) & words::MARKS;
-  if (dropped == 0) {
-    text += words::SIZE;
-    return out + words::SIZE;
+// The same for a word.
+char *append_word(char *out, const char *text) {
+  for (int i = 0; i < words::SIZE; i += 4) {
+    out = append(out, text[i]);
+    out = append(out, text[i + 1]);
+    out = append(out, text[i + 2]);
+    out = append(out, text[i + 3]);
   }
-  const int kept = words::first(dropped);
-  text += kept + 1;
-  return out + kept;
+  return out;
 }
 
 // Appends the rest of a text of `size` characters at once, where the text ends with a wide word that needs
@@ -53,21 +60,26 @@ int normalize_mrz(const char *input, int i_len, char *output, int o_len, int *re
   const int size = smaller(i_len, o_len - 1);
   const char *const end = input + size;
   char *out = output;
-  while (end - input >= words::WIDE_SIZE) {
+  for (; end - input >= words::WIDE_SIZE; input += words::WIDE_SIZE) {
     // The usual text needs no change: as much of it at once as there is.
-    if (mrz_characters::contains_all(words::load<words::wide>(input))) {
-      memcpy(out, input, words::WIDE_SIZE);
+    const words::wide word = words::load<words::wide>(input);
+    const words::wide kept = mrz_characters::marks(word);
+    if (words::all(kept)) {
+      memcpy(out, &word, words::WIDE_SIZE);
       out += words::WIDE_SIZE;
-      input += words::WIDE_SIZE;
-    } else {
-      out = append_word(out, input);
-      out = append_word(out, input);
+      continue;
+    }
+    for (int part = 0; part < words::WIDE_SIZE / words::SIZE; ++part) {
+      const char *const text = input + part * words::SIZE;
+      if (words::all_of_part(kept, part)) {
+        memcpy(out, text, words::SIZE);
+        out += words::SIZE;
+      } else {
+        out = append_word(out, text);
+      }
     }
   }
   out = append_rest(out, input, end, size);
-  while (end - input >= words::SIZE) {
-    out = append_word(out, input);
-  }
   while (input < end) {
     out = append(out, *input++);
   }

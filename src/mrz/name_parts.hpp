@@ -5,45 +5,47 @@
 #include "filled_text.hpp"
 #include "fillers.hpp"
 
-// The parts of a name, as views or with their fillers.
-template <class Text> struct name_parts {
-  Text last;   // the primary identifier
-  Text first;  // the first of the secondary identifiers
-  Text middle; // the others
+// Where the parts of a name stand in its field: from the first character to the one after the last.
+struct name_places {
+  int last; // the primary identifier
+  int last_end;
+  int first; // the first of the secondary identifiers
+  int first_end;
+  int middle; // the others
+  int end;
 };
 
-// Takes the text up to the first filler, and that one filler, off the start of `rest`, which does not
-// begin with a filler. The rest of a text without a filler is empty.
-inline filled_text take_word(filled_text &rest) {
-  if (rest.fillers == 0) {
-    const filled_text word = rest;
-    rest = rest.from(rest.len);
-    return word;
+// Splits a name field that is not of fillers only.
+inline name_places split_name(filled_text field) {
+  const places::set letters = field.letters;
+  const auto next_letter = [letters](int from) { return places::first(letters & ~places::before(from)); };
+  const auto next_filler = [letters](int from) { return places::first(~letters & ~places::before(from)); };
+  name_places parts;
+  parts.last = places::first(letters);
+  parts.end = places::last(letters) + 1;
+  const places::set pairs = ~(letters | letters >> 1); // the first fillers of every "<<", after the name too
+  parts.last_end = places::first(pairs & ~places::before(parts.last));
+  if (parts.last_end < parts.end) {
+    parts.first = next_letter(parts.last_end);
+  } else { // one run of words: the first is the primary identifier
+    parts.last_end = next_filler(parts.last);
+    parts.first = smaller(parts.last_end + 1, parts.end);
   }
-  const int end = places::first(rest.fillers);
-  const filled_text word = rest.first(end);
-  rest = rest.from(end + 1);
-  return word;
-}
-
-// Splits a name that begins and ends with a letter.
-inline name_parts<filled_text> split_name(filled_text name) {
-  filled_text last;
-  filled_text given_names = name;
-  const places::set pairs = name.fillers & name.fillers >> 1; // the first filler of every "<<"
-  if (pairs != 0) {
-    const int separator = places::first(pairs);
-    last = name.first(separator);
-    given_names = name.from(separator).trimmed();
-  } else {
-    last = take_word(given_names); // one run of words: the first is the primary identifier
-  }
-  const filled_text first = take_word(given_names);
-  return {last, first, given_names};
+  parts.first_end = smaller(next_filler(parts.first), parts.end);
+  parts.middle = smaller(parts.first_end + 1, parts.end);
+  return parts;
 }
 
 // ---- the same for a name of any length, character by character ------------------------------------------
 
+struct name_parts {
+  STRING last;
+  STRING first;
+  STRING middle;
+};
+
+// Takes the text up to the first filler, and that one filler, off the start of `rest`, which does not
+// begin with a filler. The rest of a text without a filler is empty.
 inline STRING take_word(STRING &rest) {
   STRING word = {rest.str, 0};
   while (word.len < rest.len && !is_filler(word.str[word.len])) {
@@ -64,7 +66,8 @@ inline int find_separator(STRING name) {
   return i;
 }
 
-inline name_parts<STRING> split_name(STRING name) {
+// Splits a name that begins and ends with a letter.
+inline name_parts split_name(STRING name) {
   STRING last;
   STRING given_names = name;
   const int separator = find_separator(name);

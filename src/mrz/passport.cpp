@@ -1,36 +1,31 @@
 #include <Varnel/mrz/passport.h>
 
-#include "layout_driver.hpp"
+#include "parsers.hpp"
 
-static int _parse_track1(appender &record, STRING track, const CONTEXT *) {
-  return write_issuer_and_names(record, track);
+using namespace mrz;
+
+static progress _parse_track2(slots to, char *end, const char *track, int reference_year) {
+  progress done =
+      append_dates_and_sex(to, end, track + two_line::BIRTH_DATE.start, reference_year, sex::LAST);
+  if (!done.accepted) {
+    return done;
+  }
+  done = append_country_code(to, FIELD_NATIONALITY, done.end, track + two_line::NATIONALITY.start);
+  if (!done.accepted) {
+    return done;
+  }
+  end = append_number(to, FIELD_DOCUMENT_NUMBER, done.end, cut(track, two_line::DOCUMENT_NUMBER),
+                      fillers_only::EMPTY_THE_SLOT);
+  end = append_number(to, FIELD_PERSONAL_NUMBER, end, cut(track, td3::PERSONAL_NUMBER),
+                      fillers_only::LEAVE_THE_SLOT);
+  return {append_document_type(to, end, TD3), true};
 }
 
-static int _parse_track2(appender &record, STRING track, const CONTEXT *context) {
-  int birth_year = 0;
-  int status = write_birth_date(record, cut(track, two_line::BIRTH_DATE), context, &birth_year);
-  if (status != ERR_OK) {
-    return status;
-  }
-  status = write_expiration_date(record, cut(track, two_line::EXPIRATION_DATE), birth_year);
-  if (status != ERR_OK) {
-    return status;
-  }
-  write_sex(record, track.str[two_line::SEX]);
-  status = write_country_code(record, FIELD_NATIONALITY, cut(track, two_line::NATIONALITY));
-  if (status != ERR_OK) {
-    return status;
-  }
-  write_document_number(record, cut(track, two_line::DOCUMENT_NUMBER));
-  write_personal_number(record, cut(track, td3::PERSONAL_NUMBER));
-  return ERR_OK;
-}
-
-int mrz::read_td3(const char *zone, int length, PARSE_RESULT *result, const CONTEXT *context,
-                  characters known) {
-  return zone_of<TD3>::read<_parse_track1, _parse_track2>(zone, length, result, context, known);
+progress mrz::read_td3(slots to, char *end, const char *zone, int reference_year) {
+  const progress done = append_issuer_and_names(to, end, zone, td3::LINE_LENGTH);
+  return done.accepted ? _parse_track2(to, done.end, zone + td3::LINE_LENGTH, reference_year) : done;
 }
 
 int MRZ_passport_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {
-  return mrz::read_td3(input, i_len, result, context, mrz::characters::ANY);
+  return parse_zone<VARNEL_LAYOUT_TD3>(input, i_len, result, context);
 }

@@ -1,40 +1,44 @@
 #include <Varnel/mrz/td1.h>
 
-#include "layout_driver.hpp"
+#include "parsers.hpp"
 
-static int _parse_track1(appender &record, STRING track, const CONTEXT *) {
-  const int status = write_country_code(record, FIELD_COUNTRY_CODE, cut(track, zone::ISSUING_STATE));
-  if (status != ERR_OK) {
-    return status;
+using namespace mrz;
+
+static progress _parse_track1(slots to, char *end, const char *track) {
+  const progress done = append_country_code(to, FIELD_COUNTRY_CODE, end, track + zone::ISSUING_STATE.start);
+  if (!done.accepted) {
+    return done;
   }
-  write_document_number(record, cut(track, td1::DOCUMENT_NUMBER));
-  return ERR_OK;
+  return {append_number(to, FIELD_DOCUMENT_NUMBER, done.end, cut(track, td1::DOCUMENT_NUMBER),
+                        fillers_only::EMPTY_THE_SLOT),
+          true};
 }
 
-static int _parse_track2(appender &record, STRING track, const CONTEXT *context) {
-  int birth_year = 0;
-  int status = write_birth_date(record, cut(track, td1::BIRTH_DATE), context, &birth_year);
-  if (status != ERR_OK) {
-    return status;
+static progress _parse_track2(slots to, char *end, const char *track, int reference_year) {
+  const progress done =
+      append_dates_and_sex(to, end, track + td1::BIRTH_DATE.start, reference_year, sex::BETWEEN_THE_DATES);
+  if (!done.accepted) {
+    return done;
   }
-  write_sex(record, track.str[td1::SEX]);
-  status = write_expiration_date(record, cut(track, td1::EXPIRATION_DATE), birth_year);
-  if (status != ERR_OK) {
-    return status;
-  }
-  return write_country_code(record, FIELD_NATIONALITY, cut(track, td1::NATIONALITY));
+  return append_country_code(to, FIELD_NATIONALITY, done.end, track + td1::NATIONALITY.start);
 }
 
-static int _parse_track3(appender &record, STRING track, const CONTEXT *) {
-  return write_names(record, track);
+static progress _parse_track3(slots to, char *end, const char *track) {
+  const progress done = append_names(to, end, STRING{track, td1::LINE_LENGTH});
+  if (!done.accepted) {
+    return done;
+  }
+  return {append_document_type(to, done.end, TD1), true};
 }
 
-int mrz::read_td1(const char *zone, int length, PARSE_RESULT *result, const CONTEXT *context,
-                  characters known) {
-  return zone_of<TD1>::read<_parse_track1, _parse_track2, _parse_track3>(zone, length, result, context,
-                                                                         known);
+progress mrz::read_td1(slots to, char *end, const char *zone, int reference_year) {
+  progress done = _parse_track1(to, end, zone);
+  if (done.accepted) {
+    done = _parse_track2(to, done.end, zone + td1::LINE_LENGTH, reference_year);
+  }
+  return done.accepted ? _parse_track3(to, done.end, zone + 2 * td1::LINE_LENGTH) : done;
 }
 
 int MRZ_td1_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {
-  return mrz::read_td1(input, i_len, result, context, mrz::characters::ANY);
+  return parse_zone<VARNEL_LAYOUT_TD1>(input, i_len, result, context);
 }

@@ -1,20 +1,8 @@
 #include <Varnel/mrz/visa.h>
 
-#include "layout_driver.hpp"
+#include "parsers.hpp"
 
-static int _parse_track1(appender &record, STRING track, const CONTEXT *) {
-  return write_issuer_and_names(record, track);
-}
-
-static int _parse_track2(appender &record, STRING track, const CONTEXT *context) {
-  return write_holder(record, track, context);
-}
-
-int mrz::read_visa(const char *zone, int length, PARSE_RESULT *result, const CONTEXT *context,
-                   characters known) {
-  return zone_of<MRV_A, MRV_B>::read<_parse_track1, _parse_track2>(zone, length, result, context, known);
-}
-
+// A visa is read as a card of two lines is, whatever its size.
 int MRZ_visa_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {
-  return mrz::read_visa(input, i_len, result, context, mrz::characters::ANY);
+  return mrz::parse_zone<VARNEL_LAYOUT_MRV_A, VARNEL_LAYOUT_MRV_B>(input, i_len, result, context);
 }

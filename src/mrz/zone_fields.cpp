@@ -4,6 +4,24 @@
 
 namespace {
 
+// Copies a short text. Pieces of fixed sizes, of which the last may overlap the one before, cost less than a
+// call.
+void copy_short(char *out, const char *text, int length) {
+  if (length >= 8) {
+    for (int i = 0; i < length - 8; i += 8) {
+      memcpy(out + i, text + i, 8);
+    }
+    memcpy(out + length - 8, text + length - 8, 8);
+  } else if (length >= 4) {
+    memcpy(out, text, 4);
+    memcpy(out + length - 4, text + length - 4, 4);
+  } else if (length > 0) {
+    out[0] = text[0];
+    out[length / 2] = text[length / 2];
+    out[length - 1] = text[length - 1];
+  }
+}
+
 // Copies a text of the zone with every run of fillers as one space.
 int copy_words(char *out, int o_len, STRING text) {
   int written = 0;
@@ -23,149 +41,133 @@ int copy_words(char *out, int o_len, STRING text) {
   }
 }
 
-// Copies a text without runs of fillers with every filler as a space.
-int copy_with_spaces(char *out, int o_len, filled_text text) {
-  const int kept = smaller(text.len, o_len);
-  if (kept < 1) {
-    return 0;
+// Stores a NUL after a text, unless that would take the last byte.
+char *terminated(char *end, const char *limit) {
+  if (limit - end > 1) {
+    *end++ = '\0';
   }
-  memcpy(out, text.str, static_cast<size_t>(kept));
-  for (places::set fillers = text.fillers & places::before(kept); fillers != 0; fillers &= fillers - 1) {
-    out[places::first(fillers)] = ' ';
-  }
-  return kept;
+  return end;
 }
 
-// As utils_write_field() with fillers to be replaced by spaces and runs of spaces to be collapsed.
-void write_text(appender &record, int field, filled_text text) {
-  if (text.fillers == 0) {
-    record.write(field, text.view());
-  } else if (!text.has_runs()) {
-    record.fill(field, copy_with_spaces(record.end(), record.room(), text));
-  } else {
-    record.fill(field, copy_words(record.end(), record.room(), text.view()));
+// Writes the characters of a field from `from` to `to`.
+char *append_part(STRING &slot, char *end, char *limit, filled_text field, int from, int to) {
+  const int length = to - from;
+  return mrz::append_text(slot, end, limit, field.str + from, length,
+                          ~field.letters >> from & places::before(length));
+}
+
+// Reads the year of a date in the 1900s. Of the characters of a zone, digits are those below 0x3A.
+bool read_year(uint64_t date, int &year) {
+  constexpr uint64_t six = UINT64_C(0x0000808080808080);
+  if (((date + words::every(0x80 - 0x3A)) & six) != 0) {
+    return false;
   }
+  year = 1900 + static_cast<int>((date & 0xF) * 10 + (date >> 8 & 0xF));
+  return true;
 }
 
 // As utils_write_field_date() of a date whose last six digits stand in the zone.
-void write_date(appender &record, int field, int year, STRING digits) {
+VARNEL_INLINE char *append_date(STRING &slot, char *end, char *limit, int year, uint64_t date) {
   constexpr int length = 8;
-  if (record.room() < length) {
-    return;
+  if (limit - end < length) {
+    return end;
   }
-  char *out = record.end();
-  memcpy(out, year < 2000 ? "19" : "20", 2);
-  memcpy(out + 2, digits.str, 6);
-  record.fill(field, length);
-}
-
-filled_text number_without_outer_fillers(STRING number) {
-  uint64_t outside = 0;
-  return find_fillers<mrz_characters>(number, outside).trimmed();
-}
-
-// Reads the year of a date in the 1900s.
-bool read_year(STRING date, int &year) {
-  const uint64_t word = words::load<uint64_t>(date.str);
-  constexpr uint64_t six = UINT64_C(0x0000808080808080);
-  if ((mrz_date_characters::marks(word) & six) != six) {
-    return false;
-  }
-  year = 1900 + (date.str[0] - '0') * 10 + (date.str[1] - '0');
-  return true;
+  const uint64_t century = words::load<uint64_t>(year < 2000 ? "19\0\0\0\0\0" : "20\0\0\0\0\0");
+  words::store(century | date << 16, end);
+  slot = STRING{end, length};
+  return terminated(end + length, limit);
 }
 
 } // namespace
 
-bool has_mrz_characters(const char *zone, int length) { return mrz_characters::covers(STRING{zone, length}); }
-
-int write_country_code(appender &record, int field, STRING code) {
-  constexpr uint64_t three = UINT64_C(0x808080);
-  const uint64_t word = words::load<uint64_t>(code.str);
-  if ((range<'A', 'Z'>::marks(word) & three) == three && record.room() > 3) {
-    memcpy(record.end(), code.str, 3);
-    record.fill(field, 3);
-    return ERR_OK;
+// Runs of fillers are rare, and so is a buffer that the values do not fit.
+char *mrz::append_text(STRING &slot, char *end, char *limit, const char *text, int length,
+                       places::set fillers) {
+  if ((fillers & fillers >> 1) != 0 || limit - end < length + 2 || length == 0) {
+    return append_slowly(slot, end, limit, text, length);
   }
-  if (!mrz_code_characters::covers_short(code)) {
-    return ERR_INVALID_FORMAT;
+  copy_short(end, text, length);
+  for (; fillers != 0; fillers &= fillers - 1) {
+    end[places::first(fillers)] = ' ';
   }
-  record.write(field, code_letters(code));
-  return ERR_OK;
+  slot = STRING{end, length};
+  end[length] = '\0';
+  return end + length + 1;
 }
 
-int write_names(appender &record, STRING name) {
-  uint64_t outside = 0;
-  const filled_text trimmed = find_fillers<mrz_name_characters>(name, outside).trimmed();
-  if ((outside & words::MARKS) != 0 || trimmed.len == 0) {
-    return ERR_INVALID_FORMAT;
+VARNEL_SELDOM char *mrz::append_slowly(STRING &slot, char *end, char *limit, const char *text, int length) {
+  const int room = static_cast<int>(limit - end);
+  const int written = copy_words(end, room, STRING{text, length});
+  if (written < 1) {
+    slot = STRING{nullptr, 0};
+    return end;
   }
-  const name_parts<filled_text> parts = split_name(trimmed);
-  write_text(record, FIELD_FAMILY_NAME, parts.last);
-  write_text(record, FIELD_FIRST_NAME, parts.first);
-  write_text(record, FIELD_MIDDLE_NAME, parts.middle);
-  return ERR_OK;
+  slot = STRING{end, written};
+  return terminated(end + written, limit);
 }
 
-void write_sex(appender &record, char sex) {
-  if (sex == 'M' || sex == 'F') {
-    record.write(FIELD_SEX, STRING{&sex, 1});
+mrz::progress mrz::append_code_slowly(STRING &slot, char *end, char *limit, const char *code) {
+  const STRING whole = {code, 3};
+  if (!mrz_code_characters::covers_short(whole)) {
+    return {end, false};
   }
+  return {append_slowly(slot, end, limit, code, code_letters(whole).len), true};
 }
 
-void write_document_number(appender &record, STRING number) {
-  write_text(record, FIELD_DOCUMENT_NUMBER, number_without_outer_fillers(number));
+mrz::progress mrz::append_names(slots to, char *end, STRING name) {
+  uint64_t digits = 0;
+  const filled_text field = find_letters(name, digits);
+  if ((digits & words::MARKS) != 0 || field.letters == 0) {
+    return {end, false};
+  }
+  const name_places at = split_name(field);
+  end = append_part(to[FIELD_FAMILY_NAME], end, to.limit, field, at.last, at.last_end);
+  end = append_part(to[FIELD_FIRST_NAME], end, to.limit, field, at.first, at.first_end);
+  return {append_part(to[FIELD_MIDDLE_NAME], end, to.limit, field, at.middle, at.end), true};
 }
 
-void write_personal_number(appender &record, STRING number) {
-  const filled_text trimmed = number_without_outer_fillers(number);
-  if (trimmed.len > 0) {
-    write_text(record, FIELD_PERSONAL_NUMBER, trimmed);
+mrz::progress mrz::append_issuer_and_names(slots to, char *end, const char *line, int width) {
+  const progress code = append_country_code(to, FIELD_COUNTRY_CODE, end, line + zone::ISSUING_STATE.start);
+  if (!code.accepted) {
+    return code;
   }
+  return append_names(to, code.end, STRING{line + two_line::NAME_START, width - two_line::NAME_START});
 }
 
-int write_birth_date(appender &record, STRING date, const CONTEXT *context, int *birth_year) {
-  if (!read_year(date, *birth_year)) {
-    return ERR_INVALID_FORMAT;
-  }
-  if (*birth_year + 100 < context->date.year) {
-    *birth_year += 100;
-  }
-  write_date(record, FIELD_BIRTH_DATE, *birth_year, date);
-  return ERR_OK;
-}
-
-int write_expiration_date(appender &record, STRING date, int birth_year) {
-  int year = 0;
-  if (!read_year(date, year)) {
-    return ERR_INVALID_FORMAT;
-  }
-  if (year < birth_year) {
-    year += 100;
-  }
-  write_date(record, FIELD_EXPIRATION_DATE, year, date);
-  return ERR_OK;
-}
-
-int write_issuer_and_names(appender &record, STRING line) {
-  const int status = write_country_code(record, FIELD_COUNTRY_CODE, cut(line, zone::ISSUING_STATE));
-  if (status != ERR_OK) {
-    return status;
-  }
-  return write_names(record, cut_from(line, two_line::NAME_START));
-}
-
-int write_holder(appender &record, STRING line, const CONTEXT *context) {
-  write_document_number(record, cut(line, two_line::DOCUMENT_NUMBER));
-  int status = write_country_code(record, FIELD_NATIONALITY, cut(line, two_line::NATIONALITY));
-  if (status != ERR_OK) {
-    return status;
-  }
+mrz::progress mrz::append_dates_and_sex(slots to, char *end, const char *dates, int reference_year,
+                                        sex place) {
+  const uint64_t birth_date = words::load<uint64_t>(dates);
+  const uint64_t expiry_date = words::load<uint64_t>(dates + 8);
+  const char letter = dates[7];
+  const auto append_sex = [&] {
+    if (letter != 'M' && letter != 'F') {
+      return;
+    }
+    if (end >= to.limit) {
+      to[FIELD_SEX] = STRING{nullptr, 0};
+      return;
+    }
+    to[FIELD_SEX] = STRING{end, 1};
+    *end++ = letter;
+    end = terminated(end, to.limit);
+  };
   int birth_year = 0;
-  status = write_birth_date(record, cut(line, two_line::BIRTH_DATE), context, &birth_year);
-  if (status != ERR_OK) {
-    return status;
+  if (!read_year(birth_date, birth_year)) {
+    return {end, false};
   }
-  write_sex(record, line.str[two_line::SEX]);
-  return write_expiration_date(record, cut(line, two_line::EXPIRATION_DATE), birth_year);
+  birth_year += birth_year + 100 < reference_year ? 100 : 0;
+  end = append_date(to[FIELD_BIRTH_DATE], end, to.limit, birth_year, birth_date);
+  if (place == sex::BETWEEN_THE_DATES) {
+    append_sex();
+  }
+  int expiry_year = 0;
+  if (!read_year(expiry_date, expiry_year)) {
+    return {end, false};
+  }
+  expiry_year += expiry_year < birth_year ? 100 : 0;
+  end = append_date(to[FIELD_EXPIRATION_DATE], end, to.limit, expiry_year, expiry_date);
+  if (place == sex::LAST) {
+    append_sex();
+  }
+  return {end, true};
 }

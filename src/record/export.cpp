@@ -17,10 +17,11 @@ int varnel_export(const PARSE_RESULT *result, VARNEL_PAIR pairs[VARNEL_VALUE_COU
   }
   const record::text_bounds bounds(*result);
   for (const EXPORTED_VALUE &exported : EXPORTED_VALUES) {
-    STRING value = bounds.read(result->fields[exported.slots[0]]);
-    for (int i = 1; value.len == 0 && exported.slots[i] != EXPORTED_END; ++i) {
-      value = bounds.read(result->fields[exported.slots[i]]);
-    }
+    STRING value;
+    const unsigned char *slot = exported.slots;
+    do {
+      value = bounds.read(result->fields[*slot++]);
+    } while (value.len == 0 && *slot != EXPORTED_END);
     *pairs++ = VARNEL_PAIR{exported.key, value};
   }
   return ERR_OK;

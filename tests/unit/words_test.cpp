@@ -37,6 +37,7 @@ TEST(Words, TheFirstMarkIsFound) {
   };
   for (const row &r : rows) {
     EXPECT_EQ(words::first(r.marks), r.position) << std::hex << r.marks;
+    EXPECT_EQ(words::first_by_count(r.marks), r.position) << std::hex << r.marks;
   }
 }
 
@@ -61,6 +62,18 @@ TEST(Words, AreStoredAsTheyAreLoaded) {
   }
 }
 
+TEST(Words, ThePartsOfAWideWordAreJudgedOneByOne) {
+  for (int place = 0; place < words::WIDE_SIZE; ++place) {
+    std::string text(static_cast<size_t>(words::WIDE_SIZE), 'A');
+    text[static_cast<size_t>(place)] = ' ';
+    const words::wide marks = mrz_characters::marks(words::load<words::wide>(text.data()));
+    EXPECT_FALSE(words::all(marks));
+    for (int part = 0; part < words::WIDE_SIZE / words::SIZE; ++part) {
+      EXPECT_EQ(words::all_of_part(marks, part), part != place / words::SIZE) << place;
+    }
+  }
+}
+
 TEST(Words, EveryPatternOfMarksHasItsPlaces) {
   for (unsigned places = 0; places < 256; ++places) {
     for (const uint64_t between : {UINT64_C(0), ~words::MARKS}) { // bits between the marks
@@ -68,7 +81,7 @@ TEST(Words, EveryPatternOfMarksHasItsPlaces) {
       for (int i = 0; i < words::SIZE; ++i) {
         marks |= (places >> i & 1) != 0 ? UINT64_C(0x80) << 8 * i : 0;
       }
-      EXPECT_EQ(words::places(marks), places);
+      EXPECT_EQ(words::places_on_top(marks) >> 56, places);
     }
   }
 }
