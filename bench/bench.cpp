@@ -44,7 +44,7 @@ std::string read_vector(const std::string &name) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// As a hasty reader gives it: small letters, blanks between the characters here and there, CR LF.
+// As a hasty reader gives it: lowercase letters, spaces between the characters here and there, CR LF.
 std::string with_noise(const std::string &text) {
   std::string noisy;
   for (std::size_t i = 0; i < text.size(); ++i) {

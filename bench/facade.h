@@ -1,4 +1,4 @@
-/* The Objective-C face behind a C function, for the benchmarks. */
+/* The Objective-C class called through a C function, for the benchmarks. */
 #ifndef VARNEL_BENCH_FACADE_H
 #define VARNEL_BENCH_FACADE_H
 

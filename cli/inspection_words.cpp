@@ -34,7 +34,7 @@ constexpr words FINDING_WORDS[] = {
     {VARNEL_FINDING_UNKNOWN, "is not a listed code"},
     {VARNEL_FINDING_CHECK_FAILED, "does not agree with its check digit"},
     {VARNEL_FINDING_DATES_ORDER, "is before the date of birth"},
-    {VARNEL_FINDING_UNPROVEN, "cannot be told with certainty"},
+    {VARNEL_FINDING_UNPROVEN, "cannot be known for certain"},
     {VARNEL_FINDING_LOOKS_DIFFER, "differs between the looks: they show two documents"},
     {VARNEL_FINDING_LENGTH, "the lines are too long or too short for a zone"},
     {VARNEL_FINDING_NO_ZONE, "no machine-readable zone in the text"},

@@ -50,7 +50,7 @@ bool is_output_file(int descriptor);
  */
 std::ptrdiff_t read_some(int descriptor, char *into, std::size_t room);
 
-/** Whether reading would have to wait, as far as that can be told; regular files never do. */
+/** Whether reading would have to wait, as far as that can be known; regular files never do. */
 bool would_wait(int descriptor);
 
 /** Writes all of the bytes, waiting where that is needed; returns 0, or the errno of the failed write. */

@@ -1,4 +1,4 @@
-// The whole chain: raw text to the twelve values, through the C entry and export and the C++ face.
+// The whole chain: raw text to the twelve values, through the C entry and export and the C++ API.
 #include "harness.hpp"
 
 #include <Varnel/Varnel.hpp>
@@ -72,9 +72,9 @@ void check_export(const answer &given, VARNEL_PAIR (&pairs)[VARNEL_VALUE_COUNT])
 void check_document(const varnel::document &read, const VARNEL_PAIR (&pairs)[VARNEL_VALUE_COUNT]) {
   size_t i = 0;
   for (const auto [key, value] : read) {
-    equal("a key of the C++ face", std::string(key), std::string(pairs[i].key));
+    equal("a key of the C++ API", std::string(key), std::string(pairs[i].key));
     equal(pairs[i].key, std::string(value), std::string(fuzz::text_of(pairs[i].value)));
-    holds(read.get(key).has_value(), "the C++ face finds its own keys");
+    holds(read.get(key).has_value(), "the C++ API finds its own keys");
     equal("a value by its key", std::string(*read.get(key)), std::string(value));
     ++i;
   }
@@ -82,11 +82,11 @@ void check_document(const varnel::document &read, const VARNEL_PAIR (&pairs)[VAR
   holds(!read.get("").has_value() && !read.get("firstname").has_value(), "other keys have no value");
 }
 
-// The C++ face says the same, also of a copy.
-void check_cpp_face(const memory &text, const answer &given, const VARNEL_PAIR (&pairs)[VARNEL_VALUE_COUNT]) {
+// The C++ API says the same, also of a copy.
+void check_cpp_api(const memory &text, const answer &given, const VARNEL_PAIR (&pairs)[VARNEL_VALUE_COUNT]) {
   holds(!varnel::parse_mrz(std::string_view()).has_value(), "no text is no document");
   const std::optional<varnel::document> read = varnel::parse_mrz(text.text());
-  equal("whether the C++ face reads it", read.has_value(), given.code == ERR_OK);
+  equal("whether the C++ API reads it", read.has_value(), given.code == ERR_OK);
   if (read.has_value()) {
     const varnel::document copy = *read;
     check_document(*read, pairs);
@@ -143,7 +143,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   const answer given = checked_parse(text, units, VARNEL_BUFFER_SIZE);
   VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
   check_export(given, pairs);
-  check_cpp_face(text, given, pairs);
+  check_cpp_api(text, given, pairs);
   if (given.code == ERR_OK) {
     note_acceptance(given, text, units);
   } else {

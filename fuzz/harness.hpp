@@ -76,7 +76,7 @@ private:
 
 // ---- decoding an input ----------------------------------------------------------------------------
 
-// Hands out an input piece by piece. What is asked for behind the end is 0 or empty.
+// Hands out an input piece by piece. What is asked for after the end is 0 or empty.
 class input {
 public:
   input(const uint8_t *data, size_t size) : at_(data), left_(size) {}

@@ -1,7 +1,7 @@
 // Each layout parser, and the field primitives below it, on raw bytes and lengths.
 //
 // Input: the zone up to the first NUL, line breaks left out, so that readable zones are inputs as they
-// stand; or one byte above 0x7F, which stands for a specimen. Behind it come the reference year, the
+// stand; or one byte above 0x7F, which stands for a specimen. After it come the reference year, the
 // buffer's size, what is cut from the length, a window for the primitives, and patches that put any byte
 // in any place.
 #include "harness.hpp"
@@ -51,7 +51,7 @@ fuzz::behaviour control_sum("a control sum is computed");
 
 struct trial {
   memory zone;
-  int length; // what the parsers are told; at most the zone's size
+  int length; // what the parsers are given; at most the zone's size
   int buffer_size;
   CONTEXT context;
   STRING window;

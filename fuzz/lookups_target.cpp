@@ -23,7 +23,7 @@ fuzz::behaviour month_thirteen("a day count falls into month 13");
 fuzz::behaviour beyond_calendar("a day count lies beyond the years of four digits");
 fuzz::behaviour encoded("a name of three digits is encoded");
 fuzz::behaviour encoded_short("a short name is filled up with zeros");
-fuzz::behaviour not_encoded("a name is refused behind its first letter");
+fuzz::behaviour not_encoded("a name is refused after its first letter");
 fuzz::behaviour element_found("an element is found");
 fuzz::behaviour element_found_again("an element is found a second time, in another slot");
 fuzz::behaviour element_missing("an element is in no row");
@@ -177,7 +177,7 @@ void look_up(fuzz::input &in) {
   const table &searched = TABLES[in.number(0, std::size(TABLES) - 1)];
   const int key = in.flag() ? any_key(in) : searched.rows[in.number(0, searched.size - 1)].key;
   const int start = in.number(0, 3) == 0 ? in.number(0, 100) : 0;
-  // A table of exactly the size that is told, so that a row too many is seen to be read.
+  // A table of exactly the size that is given, so that a row too many is seen to be read.
   const int size = in.number(0, 7) == 0 ? in.number(0, searched.size) : searched.size;
   const std::unique_ptr<MAPPING[]> rows(new MAPPING[static_cast<size_t>(size)]);
   std::copy(searched.rows, searched.rows + size, rows.get());

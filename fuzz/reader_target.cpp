@@ -32,7 +32,7 @@ fuzz::behaviour accepted("a document of a stream is accepted");
 struct stream {
   std::string bytes;
   std::vector<int> reads; // sizes of the reads, again and again
-  bool breaks;            // the read behind the last byte fails
+  bool breaks;            // the read after the last byte fails
   split how;
 };
 
@@ -163,7 +163,7 @@ void check_documents(document_reader &reader, const stream &from) {
     head_only.seen(!too_long && plain.text.size() > document_reader::COUNTED);
   }
   equal("the number of documents", static_cast<long long>(count), static_cast<long long>(expected.size()));
-  holds(!reader.next(document), "there is no document behind the last");
+  holds(!reader.next(document), "there is no document after the last");
   const bool utf16 = is_utf16(from.bytes);
   const bool unread = from.how == split::whole && count == 1;
   equal("whether it is UTF-16", reader.is_utf16(), utf16);

@@ -3,7 +3,7 @@
 //
 // Usage: fuzz_replay_TARGET [--show] FILE-OR-FOLDER...
 //
-// --show tells for each file which behaviours it reaches.
+// --show prints for each file which behaviours it reaches.
 //
 // Fails when a property does not hold, when a file or folder cannot be read, when nothing was read, and
 // when a behaviour that the target waits for was never seen.

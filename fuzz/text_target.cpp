@@ -18,7 +18,7 @@ fuzz::behaviour trimmed_away("a view is trimmed to nothing");
 fuzz::behaviour trimmed_in_place("a buffer is trimmed in place");
 fuzz::behaviour check_passes("all characters pass a check");
 fuzz::behaviour check_refuses("a check refuses a character");
-fuzz::behaviour run_found("a run is found behind other text");
+fuzz::behaviour run_found("a run is found after other text");
 fuzz::behaviour run_cut("a run longer than the most asked for is cut");
 fuzz::behaviour short_run_at_end("a run shorter than the least asked for is found at the text's end");
 fuzz::behaviour no_run("no run is found");
@@ -31,7 +31,7 @@ fuzz::behaviour tokens_removed("some tokens are removed and some kept");
 fuzz::behaviour equal_texts("two texts are equal");
 fuzz::behaviour same_length_order("texts of one length differ");
 fuzz::behaviour case_ignored("texts are equal but for their case");
-fuzz::behaviour text_found("a text is found behind the start of another");
+fuzz::behaviour text_found("a text is found after the start of another");
 fuzz::behaviour replaced_longer("a replacement makes a text longer");
 fuzz::behaviour replaced_shorter("a replacement makes a text shorter");
 fuzz::behaviour replaced_equal("a replacement keeps a text's length");
@@ -222,7 +222,7 @@ std::vector<STRING> split(const subject &from, const char_list &delimiters, int 
     from.check("a token", tokens[i], expected[i]);
   }
   for (size_t i = found + 1; i < size; ++i) { // one place may be scratch
-    holds(tokens[i].str == UNTOUCHED.str, "places behind the tokens are left alone");
+    holds(tokens[i].str == UNTOUCHED.str, "places after the tokens are left alone");
   }
   tokens.resize(found);
   return tokens;
@@ -351,7 +351,7 @@ void replace(fuzz::input &in) {
   equal("the replaced text", std::string(ours.text().substr(0, used)),
         std::string(expected.text().substr(0, used)));
   const size_t high = static_cast<size_t>(changed > length ? changed : length);
-  equal("the room behind the text", std::string(ours.text().substr(high)),
+  equal("the room after the text", std::string(ours.text().substr(high)),
         std::string(ours.text().size() - high, static_cast<char>(memory::JUNK)));
   holds(ours.intact(), "nothing is written outside the buffer");
   from.check("the text looked for", from.view, from.view);

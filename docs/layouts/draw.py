@@ -30,7 +30,7 @@ LAYOUTS = {
                "L8988901C4XXX4009078F9612109<<<<<<<<"], 1),
 }
 
-# Value: mark in the picture, what it is called there, colour, and the slots behind it.
+# Value: mark in the picture, what it is called there, colour, and the slots that it fills.
 VALUES = {
     "code": ("c", "document code, only looked at", "#bbbbbb", ""),
     "countryCode": ("s", "countryCode", "#f4a582", "FIELD_COUNTRY_CODE"),

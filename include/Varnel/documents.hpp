@@ -52,7 +52,7 @@ enum class status : std::uint8_t {
   ok = VARNEL_STATUS_OK                          /**< nothing is wrong with it */
 };
 
-/** What stands behind a value. */
+/** What confirms a value. */
 enum class proof : std::uint8_t {
   none = VARNEL_PROOF_NONE,           /**< nothing */
   list = VARNEL_PROOF_LIST,           /**< a listed state */
@@ -98,7 +98,7 @@ public:
   }
   /** @return its status. */
   varnel::status status() const { return static_cast<varnel::status>(field_->status); }
-  /** @return what stands behind its value. */
+  /** @return what confirms its value. */
   varnel::proof proof() const { return static_cast<varnel::proof>(field_->proof); }
   /** @return the whole of it: place, source and what its kind adds. */
   const varnel_inspected_field &record() const { return *field_; }

@@ -257,7 +257,7 @@ int combining_class(char32_t mark) {
 
 character_kind kind_of(char32_t c) {
   if ((c >= 0x00C0 && c < 0x02B0) || (c >= 0x0400 && c < 0x0483)) {
-    return character_kind::other; // Latin and Cyrillic letters, told without a search
+    return character_kind::other; // Latin and Cyrillic letters, known without a search
   }
   const kind_range *found = first_from<&kind_range::last>(KINDS, c);
   return found != nullptr && found->first <= c ? found->kind : character_kind::other;

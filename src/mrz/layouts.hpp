@@ -1,4 +1,4 @@
-// What tells the layouts of ICAO Doc 9303 apart: their names, the shape of their zones and the letters that
+// What distinguishes the layouts of ICAO Doc 9303: their names, the shape of their zones and the letters that
 // they begin with. Line lengths and columns are those of columns.hpp.
 #ifndef VARNEL_SRC_MRZ_LAYOUTS_HPP
 #define VARNEL_SRC_MRZ_LAYOUTS_HPP

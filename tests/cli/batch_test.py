@@ -169,7 +169,7 @@ class Blocks(unittest.TestCase):
             text = path.read_bytes()
             lines = text.removesuffix(b"\n").split(b"\n")
             # A blank line inside would part the text, and a text that is not ASCII is shorter in units than
-            # in bytes, so that the line feed behind it counts, which a block does not have.
+            # in bytes, so that the line feed after it counts, which a block does not have.
             if text.isascii() and b"\r" not in text.replace(b"\r\n", b"") and all(line.strip(b" \t\r") for line in lines):
                 documents.append(text.removesuffix(b"\n") + b"\n")
                 answers.append(path.with_suffix(".json").read_bytes())

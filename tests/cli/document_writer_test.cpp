@@ -34,13 +34,13 @@ std::string written(format how, bool with_slots, const std::string &name) {
 std::string json_name(const std::string &name) {
   const std::string text = written(format::json, false, name);
   const std::string before = R"({"firstName":"","lastName":")";
-  const std::string behind = R"(","middleName":"","licenseNumber":"","birthDate":"","expirationDate":"",)"
-                             R"("gender":"","countryCode":"","jurisdictionCode":"","nationality":"",)"
-                             R"("documentType":"","issueDate":""})"
-                             "\n";
+  const std::string after = R"(","middleName":"","licenseNumber":"","birthDate":"","expirationDate":"",)"
+                            R"("gender":"","countryCode":"","jurisdictionCode":"","nationality":"",)"
+                            R"("documentType":"","issueDate":""})"
+                            "\n";
   EXPECT_EQ(text.substr(0, before.size()), before);
-  EXPECT_EQ(text.substr(text.size() - behind.size()), behind);
-  return text.substr(before.size(), text.size() - before.size() - behind.size());
+  EXPECT_EQ(text.substr(text.size() - after.size()), after);
+  return text.substr(before.size(), text.size() - before.size() - after.size());
 }
 
 std::string csv_name(const std::string &name) {

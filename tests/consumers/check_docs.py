@@ -2,13 +2,13 @@
 
 usage: check_docs.py WORK [PAGE...]    (README.md, docs/*.md and samples/README.md where none is named)
 
-A fenced block is told by the comment in the line above it:
+How a fenced block is tested says the comment in the line above it:
 
     <!-- file: PATH -->       the lines of a file of the project, all of them or some in a row
-    <!-- run -->              sh: runs without an error; console: the lines behind "$ " are run, each with the
+    <!-- run -->              sh: runs without an error; console: the lines after "$ " are run, each with the
                               output shown below it. Blocks of one page run in one folder, which begins as a
                               copy of samples/, with Varnel installed where compilers and CMake look.
-    <!-- run as: COMMAND -->  console: as above, but this is run in place of the line behind "$ "
+    <!-- run as: COMMAND -->  console: as above, but this is run in place of the line after "$ "
     <!-- compiles -->         objc: compiles for iOS, with reference counting by the compiler
     <!-- tested by: PATH -->  what it shows is tested by that file
 

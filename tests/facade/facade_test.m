@@ -85,23 +85,23 @@ static void test_beyond_ascii(void) {
   static const struct {
     const char *name;
     unichar inserted[4]; // up to the first 0
-    BOOL before;         // in front of the zone; else behind it
-    int blanks;          // added at the end
+    BOOL before;         // in front of the zone; else after it
+    int spaces;          // added at the end
     BOOL accepted;
   } ROWS[] = {
       // The zone ends with a line feed, which may be lost.
       {"two bytes in front hide the line feed", {0xE9}, YES, 0, YES},
       {"twice two bytes hide a character", {0xE9, 0xE9}, YES, 0, NO},
-      {"twice two bytes and a blank", {0xE9, 0xE9}, YES, 1, YES},
+      {"twice two bytes and a space", {0xE9, 0xE9}, YES, 1, YES},
       {"three bytes in front hide a character", {0x20AC}, YES, 0, NO},
-      {"three bytes and a blank", {0x20AC}, YES, 1, YES},
+      {"three bytes and a space", {0x20AC}, YES, 1, YES},
       {"an emoji in front hides a character", {0xD83D, 0xDE00}, YES, 0, NO},
-      {"an emoji and a blank", {0xD83D, 0xDE00}, YES, 1, YES},
-      {"an emoji behind the zone", {0xD83D, 0xDE00}, NO, 0, YES},
+      {"an emoji and a space", {0xD83D, 0xDE00}, YES, 1, YES},
+      {"an emoji after the zone", {0xD83D, 0xDE00}, NO, 0, YES},
       {"small dotless i is no letter", {0x131}, YES, 0, YES},
       {"fullwidth letters are no letters", {0xFF30}, NO, 0, YES},
       {"byte order mark hides a character", {0xFEFF}, YES, 0, NO},
-      {"byte order mark and a blank", {0xFEFF}, YES, 1, YES},
+      {"byte order mark and a space", {0xFEFF}, YES, 1, YES},
   };
   for (size_t row = 0; row < sizeof ROWS / sizeof *ROWS; ++row) {
     UNITS text = {NULL, 0, 0};
@@ -112,7 +112,7 @@ static void test_beyond_ascii(void) {
     for (int i = 0; !ROWS[row].before && ROWS[row].inserted[i] != 0; ++i) {
       append_unit(&text, ROWS[row].inserted[i]);
     }
-    for (int i = 0; i < ROWS[row].blanks; ++i) {
+    for (int i = 0; i < ROWS[row].spaces; ++i) {
       append_unit(&text, ' ');
     }
     CHECK_EQUAL(answer_for(string_of(text)), ROWS[row].accepted ? passport_answer() : nil,
@@ -150,7 +150,7 @@ static void test_lone_surrogate(void) {
     UNITS last = {NULL, 0, 0};
     append_ascii(&last, PASSPORT);
     append_unit(&last, LONE[i]);
-    CHECK_EQUAL(answer_for(string_of(last)), nil, @"behind");
+    CHECK_EQUAL(answer_for(string_of(last)), nil, @"after");
     free(last.units);
   }
 }
@@ -245,7 +245,7 @@ static void test_export_of_each_slot(void) {
   CHECK(exported == sizeof ROWS / sizeof *ROWS, @"");
 }
 
-// Of the five slots behind "jurisdictionCode" the first of 34, 4, 71, 72, 70 that is not empty counts.
+// Of the five slots of "jurisdictionCode" the first of 34, 4, 71, 72, 70 that is not empty counts.
 static void test_jurisdiction(void) {
   static const int CHOICES[] = {34, 4, 71, 72, 70};
   Varnel *varnel = [[Varnel new] autorelease];
@@ -289,7 +289,7 @@ static void test_value_of_slot(void) {
   CHECK_EQUAL([varnel getValueForKey:FIELD_FIRST_NAME inResult:result], @"ELSEWHERE", @"own text");
 }
 
-// A text that fills the buffer to its last byte has no NUL behind it, and is not read beyond.
+// A text that fills the buffer to its last byte has no NUL after it, and is not read beyond.
 static void test_full_buffer(void) {
   char *buffer = malloc(8);
   PARSE_RESULT result;
@@ -310,13 +310,13 @@ static void test_malformed_utf8(void) {
   Varnel *varnel = [[Varnel new] autorelease];
   utils_write_field_s(cleared(&record), FIELD_SEX, "\xFF");
   CHECK([varnel getValueForKey:FIELD_SEX inResult:&record.result] == nil, @"");
-  NSString *raised = nil;
+  NSString *thrown = nil;
   @try {
     [varnel parseResult:&record.result];
   } @catch (NSException *exception) {
-    raised = [exception name];
+    thrown = [exception name];
   }
-  CHECK_EQUAL(raised, NSInvalidArgumentException, @"");
+  CHECK_EQUAL(thrown, NSInvalidArgumentException, @"");
 }
 
 // ---- subclasses -------------------------------------------------------------------------------------

@@ -10,6 +10,7 @@ import sys
 
 sys.dont_write_bytecode = True
 
+import contextlib
 import dataclasses
 import pathlib
 import re
@@ -133,16 +134,19 @@ def copy_project():
     shutil.copytree(ROOT, COPY, copy_function=shutil.copy, ignore=lambda folder, names: LEFT_OUT if pathlib.Path(folder) == ROOT else ())
 
 
-def plant(fault):
+@contextlib.contextmanager
+def planted(fault):
+    """The copy with the fault; it is as it was afterwards, so that little of it is built anew for the next."""
     path = COPY / fault.file
-    text = path.read_text() if path.exists() else ""
-    if fault.find:
-        changed, count = re.subn(fault.find, fault.put, text, count=1)
-        if count != 1:
-            fail(f"{fault.file} has no place for: {fault.what}")
-    else:
-        changed = text + "\n" + fault.put
+    text = path.read_text() if path.exists() else None
+    changed, count = re.subn(fault.find, fault.put, text, count=1) if fault.find else ((text or "") + "\n" + fault.put, 1)
+    if count != 1:
+        fail(f"{fault.file} has no place for: {fault.what}")
     path.write_text(changed)
+    try:
+        yield
+    finally:
+        path.unlink() if text is None else path.write_text(text)
 
 
 def run_script(script, *options):
@@ -180,11 +184,11 @@ def main():
         return 2
     chosen = [fault for fault in FAULTS if fault.gate in asked or not asked]
     passing = 0
+    copy_project()
+    WORK.mkdir(parents=True, exist_ok=True)
     for fault in chosen:
-        copy_project()
-        WORK.mkdir(parents=True, exist_ok=True)
-        plant(fault)
-        status, said = run_gate(fault)
+        with planted(fault):
+            status, said = run_gate(fault)
         has_failed = status != 0 and re.search(fault.says, said) is not None
         passing += 0 if has_failed else 1
         last = said.strip().splitlines()[-1:] or [""]

@@ -1,14 +1,14 @@
 """Makes small faults in C++ text: one mutant is one source with one fault.
 
 Works on the tokens of the text, not on lines or on known places, and leans on the project's formatting: a
-binary operator has a blank on both sides, the bracket of a template or the star of a pointer has not.
+binary operator has a space on both sides, the bracket of a template or the star of a pointer has not.
 """
 
 import dataclasses
 import re
 
 TOKEN = re.compile(r"""
-    (?P<blank>\s+)
+    (?P<space>\s+)
   | (?P<comment>//[^\n]*|/\*.*?\*/)
   | (?P<directive>(?<=\n)[ ]*\#(?:\\\n|[^\n])*)
   | (?P<text>"(?:\\.|[^"\\])*")
@@ -65,7 +65,7 @@ def tokens_of(text):
     """The tokens that mean something to the compiler, directives left out."""
     found = []
     for match in TOKEN.finditer(text):
-        if match.lastgroup not in ("blank", "comment", "directive"):
+        if match.lastgroup not in ("space", "comment", "directive"):
             found.append(Token(match.lastgroup, match.group(), match.start(), match.end()))
     return found
 
@@ -186,7 +186,7 @@ def negated_conditions(text, tokens):
 
 
 def choice_end(tokens, question):
-    """(index of the `:`, index behind the last operand) of a plain choice a ? b : c."""
+    """(index of the `:`, index after the last operand) of a plain choice a ? b : c."""
     depth, colon = 0, None
     for i in range(question + 1, len(tokens)):
         text = tokens[i].text

@@ -1041,7 +1041,7 @@ int utils_strreplace(char *buffer, int len, int max_len, const STRING *from, con
 
 namespace {
 
-// What the standard decimal conversion makes of `count` characters with a NUL behind them.
+// What the standard decimal conversion makes of `count` characters with a NUL after them.
 int decimal(const char *text, int count) {
   char copy[5] = {0, 0, 0, 0, 0};
   for (int i = 0; i < count; i += 1)

@@ -90,7 +90,7 @@ const Table TABLES[] = {
 // Three letters in one integer, the first letter highest.
 int key(const std::string &element) { return (element[0] * 256 + element[1]) * 256 + element[2]; }
 
-// The slots of all rows of an element, found by searching on behind each.
+// The slots of all rows of an element, found by searching on after each.
 std::vector<int> slots_of(const Table &table, const char *element) {
   std::vector<int> slots;
   int position = 0;
@@ -212,10 +212,10 @@ const Search SEARCHES[] = {
     {"first row", "DAA", MAP_AAMVA_2D01, 51, 0, 1, 0},
     {"last row", "DBS", MAP_AAMVA_2D01, 51, 0, 51, 50},
     {"from the row itself", "DBS", MAP_AAMVA_2D01, 51, 50, 51, 50},
-    {"from the row behind it", "DAA", MAP_AAMVA_2D01, 51, 1, -1, 51},
+    {"from the row after it", "DAA", MAP_AAMVA_2D01, 51, 1, -1, 51},
     {"DAU of Hawaii", "DAU", MAP_AAMVA_2D04_HAWAII, 82, 0, 54, 24},
     {"DAU of Hawaii again, from the row found", "DAU", MAP_AAMVA_2D04_HAWAII, 82, 24, 54, 24},
-    {"DAU of Hawaii, from the row behind", "DAU", MAP_AAMVA_2D04_HAWAII, 82, 25, 14, 51},
+    {"DAU of Hawaii, from the row after", "DAU", MAP_AAMVA_2D04_HAWAII, 82, 25, 14, 51},
     {"no third DAU of Hawaii", "DAU", MAP_AAMVA_2D04_HAWAII, 82, 52, -1, 82},
     {"DBB of version 08", "DBB", MAP_AAMVA_2D08, 68, 0, 78, 8},
     {"DBB of version 08, second block", "DBB", MAP_AAMVA_2D08, 68, 9, 11, 57},

@@ -91,7 +91,7 @@ TEST(Tokcmp, Table) {
       {"a", "B", 1, -1},
       {"B", "a", -1, 1},
       {"Z", "a", -1, 1},
-      // Only two letters are folded: '[', '_' and '{' stand between and behind the alphabets.
+      // Only two letters are folded: '[', '_' and '{' stand between and after the alphabets.
       {"a", "_", 1, 1},
       {"_", "a", -1, -1},
       {"A", "_", -1, -1},

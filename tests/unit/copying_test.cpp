@@ -23,7 +23,7 @@ struct Copy {
 };
 
 const Copy copies[] = {
-    // The way the layouts call it: a filler becomes a blank, runs of blanks become one.
+    // The way the layouts call it: a filler becomes a space, runs of spaces become one.
     {"D<<SMITH", "<", " ", ' ', 40, "D SMITH"},
     {"SMITH<<JOHN", "<", " ", ' ', 40, "SMITH JOHN"},
     {"A< <B", "<", " ", ' ', 40, "A B"},
@@ -322,7 +322,7 @@ const Join joins[] = {
     {{view("AB"), view("")}, '/', nullptr, nullptr, '\0', 40, "AB"},
     {{view("AB")}, '/', nullptr, nullptr, '\0', 40, "AB"},
     {{view(""), no_text, negative}, '/', nullptr, nullptr, '\0', 40, ""},
-    // A separator stays though filtering leaves nothing of the text behind it; none precedes the first.
+    // A separator stays though filtering leaves nothing of the text after it; none precedes the first.
     {{view("A"), view("<<"), view("B")}, '/', "<", nullptr, '\0', 40, "A//B"},
     {{view("A"), view("<")}, '/', "<", nullptr, '\0', 40, "A/"},
     {{view("<"), view("B")}, '/', "<", nullptr, '\0', 40, "B"},
@@ -331,7 +331,7 @@ const Join joins[] = {
     {{view("AA"), view("AA")}, 'A', nullptr, "A", '\0', 40, "AAA"},
     {{view("A<"), view("<B")}, '<', "<", " ", ' ', 40, "A < B"},
     {{view("A"), view("B")}, '\0', nullptr, nullptr, '\0', 40, "A\0B"s},
-    // Cut to the room: in the first text, behind it, after the separator, in the last text.
+    // Cut to the room: in the first text, after it, after the separator, in the last text.
     {{view("AB"), view("CD")}, '/', nullptr, nullptr, '\0', 1, "A"},
     {{view("AB"), view("CD")}, '/', nullptr, nullptr, '\0', 2, "AB"},
     {{view("AB"), view("CD")}, '/', nullptr, nullptr, '\0', 3, "AB/"},

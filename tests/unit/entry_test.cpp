@@ -257,16 +257,16 @@ TEST(Entry, NeverFillsTheUsualBuffer) {
 
 TEST(Entry, CutsTheTextAt1023) {
   struct row {
-    std::size_t blanks; // in front of a zone of 88
+    std::size_t spaces; // in front of a zone of 88
     int status;
   };
   const row rows[] = {
       {0, ERR_OK}, {934, ERR_OK}, {935, ERR_OK}, {936, ERR_INVALID_FORMAT}, {5000, ERR_INVALID_FORMAT}};
   for (const row &row : rows) {
-    SCOPED_TRACE(row.blanks);
-    EXPECT_EQ(reading(std::string(row.blanks, ' ') + PASSPORT).status, row.status);
+    SCOPED_TRACE(row.spaces);
+    EXPECT_EQ(reading(std::string(row.spaces, ' ') + PASSPORT).status, row.status);
   }
-  // What stands behind the cut does not matter, and what stands before it does.
+  // What stands after the cut does not matter, and what stands before it does.
   EXPECT_EQ(reading(PASSPORT + std::string(935, ' ') + "ABC").status, ERR_OK);
   EXPECT_EQ(reading(PASSPORT + std::string(934, ' ') + "ABC").status, ERR_INVALID_FORMAT);
 }
@@ -284,24 +284,24 @@ TEST(Entry, ExaminesAsManyBytesAsTheTextHasUnits) {
   struct row {
     const char *what;
     std::string before;
-    std::string behind;
+    std::string after;
     int status;
   };
   const row rows[] = {
       {"nothing hidden", "", "", ERR_OK},
-      {"2 bytes, 1 unit, nothing behind", "\xC3\x89", "", ERR_INVALID_FORMAT},
-      {"2 bytes, 1 unit, 1 byte behind", "\xC3\x89", "\n", ERR_OK},
-      {"3 bytes, 1 unit, 1 byte behind", "\xEF\xBB\xBF", "\n", ERR_INVALID_FORMAT},
-      {"3 bytes, 1 unit, 2 bytes behind", "\xEF\xBB\xBF", "\r\n", ERR_OK},
-      {"4 bytes, 2 units, 1 byte behind", "\xF0\x9F\x98\x80", " ", ERR_INVALID_FORMAT},
-      {"4 bytes, 2 units, 2 bytes behind", "\xF0\x9F\x98\x80", "  ", ERR_OK},
+      {"2 bytes, 1 unit, nothing after", "\xC3\x89", "", ERR_INVALID_FORMAT},
+      {"2 bytes, 1 unit, 1 byte after", "\xC3\x89", "\n", ERR_OK},
+      {"3 bytes, 1 unit, 1 byte after", "\xEF\xBB\xBF", "\n", ERR_INVALID_FORMAT},
+      {"3 bytes, 1 unit, 2 bytes after", "\xEF\xBB\xBF", "\r\n", ERR_OK},
+      {"4 bytes, 2 units, 1 byte after", "\xF0\x9F\x98\x80", " ", ERR_INVALID_FORMAT},
+      {"4 bytes, 2 units, 2 bytes after", "\xF0\x9F\x98\x80", "  ", ERR_OK},
       {"undecodable bytes hide nothing", "\xFF\xFE\x80\xC3", "", ERR_OK},
       {"a letter of the zone among what is hidden", "\xC3\x89", "<", ERR_OK},
       {"the hidden end is cut within a character", "\xC3\x89", "\xC3\x89", ERR_OK},
   };
   for (const row &row : rows) {
     SCOPED_TRACE(row.what);
-    EXPECT_EQ(reading(row.before + PASSPORT + row.behind).status, row.status);
+    EXPECT_EQ(reading(row.before + PASSPORT + row.after).status, row.status);
   }
 }
 
@@ -320,7 +320,7 @@ TEST(Utf16Length, CountsUnits) {
       {"U+07FF, last of two bytes", "\xDF\xBF", 1},
       {"U+0800, first of three bytes", "\xE0\xA0\x80", 1},
       {"U+D7FF, last before the surrogates", "\xED\x9F\xBF", 1},
-      {"U+E000, first behind the surrogates", "\xEE\x80\x80", 1},
+      {"U+E000, first after the surrogates", "\xEE\x80\x80", 1},
       {"U+FEFF, byte order mark", "\xEF\xBB\xBF", 1},
       {"U+FFFF, last of three bytes", "\xEF\xBF\xBF", 1},
       {"U+10000, first surrogate pair", "\xF0\x90\x80\x80", 2},
@@ -364,7 +364,7 @@ TEST(Utf16Length, CountsUnits) {
       {"lead of five", "\xF8\x88\x80\x80\x80", 5},
       {"lead of six", "\xFC\x84\x80\x80\x80\x80", 6},
       {"FE and FF", "\xFE\xFF", 2},
-      {"tail behind a whole character", "\xC3\xA9\x80", 2},
+      {"tail after a whole character", "\xC3\xA9\x80", 2},
       {"bad last byte of four", "\xF0\x9F\x98\xC0", 4},
       {"bad last byte of three", "\xE2\x82\x7F", 3},
       // Bytes around the continuations end a sequence.

@@ -195,7 +195,7 @@ TEST(Value, IsReadToTheFirstNul) {
   }
 }
 
-// Text from outside the buffer is a C string wherever it lies: before, behind, or at the buffer's end.
+// Text from outside the buffer is a C string wherever it lies: before, after, or at the buffer's end.
 TEST(Value, OutsideTheBufferIsReadAsACString) {
   char memory[32] = "BEFORE";
   PARSE_RESULT record;

@@ -270,7 +270,7 @@ TEST(ExtractCountryCode, EndsAtTheFirstFiller) {
   }
 }
 
-// All three characters are written, NUL behind the code's end, and the fourth never.
+// All three characters are written, NUL after the code's end, and the fourth never.
 TEST(ExtractCountryCode, WritesThreeCharactersAndNeverTheFourth) {
   struct row {
     const char *field;
@@ -534,11 +534,11 @@ TEST(ExtractName, RefusesOtherCharactersAtEveryPlace) {
   }
 }
 
-// Outer fillers of every number, before and behind.
+// Outer fillers of every number, before and after.
 TEST(ExtractName, DropsOuterFillers) {
   for (std::size_t before = 0; before <= 40; ++before) {
-    for (std::size_t behind = 0; behind <= 40; ++behind) {
-      const std::string text = std::string(before, '<') + "A<B<<C<D" + std::string(behind, '<');
+    for (std::size_t after = 0; after <= 40; ++after) {
+      const std::string text = std::string(before, '<') + "A<B<<C<D" + std::string(after, '<');
       const support::Exact field(text);
       names out;
       ASSERT_EQ(extract(field.view(), out), ERR_OK);

@@ -30,7 +30,7 @@ normalized normalize(std::string_view text, int o_len) {
   return result;
 }
 
-TEST(Normalize, KeepsTheCharacterSetAndRaisesSmallLetters) {
+TEST(Normalize, KeepsTheCharacterSetAndMakesLettersUppercase) {
   struct row {
     std::string_view text;
     const char *output;
@@ -131,7 +131,7 @@ TEST(Normalize, ExaminesNoMoreBytesThanItIsTold) {
   EXPECT_STREQ(output.data(), "ABC");
   EXPECT_EQ(length, 3);
 
-  // A text of 9 bytes with no NUL behind it: the capacity of 10 lets exactly those be read.
+  // A text of 9 bytes with no NUL after it: the capacity of 10 lets exactly those be read.
   const support::Exact text("012345678");
   support::Lent small(10);
   EXPECT_EQ(normalize_mrz(text.data(), 2147483647, small.data(), small.size(), &length), ERR_OK);
@@ -140,9 +140,9 @@ TEST(Normalize, ExaminesNoMoreBytesThanItIsTold) {
 }
 
 TEST(Normalize, CutsAt1023BytesBeforeItFilters) {
-  const std::string blanks_1022(1022, ' ');
-  EXPECT_EQ(normalize(blanks_1022 + "A" + "B", 1024).output, "A");
-  EXPECT_EQ(normalize(blanks_1022 + " " + "B", 1024).output, "");
+  const std::string spaces_1022(1022, ' ');
+  EXPECT_EQ(normalize(spaces_1022 + "A" + "B", 1024).output, "A");
+  EXPECT_EQ(normalize(spaces_1022 + " " + "B", 1024).output, "");
   const normalized full = normalize(std::string(1023, 'z') + "9", 1024);
   EXPECT_EQ(full.length, 1023);
   EXPECT_EQ(full.output, std::string(1023, 'Z'));
@@ -157,9 +157,9 @@ TEST(Normalize, KeepsAndDropsAtEveryPosition) {
       const normalized dropped = normalize(text, 1024);
       EXPECT_EQ(dropped.output, std::string(size - 1, '<')) << size << ", " << at;
       text[at] = 'a';
-      std::string raised(size, '<');
-      raised[at] = 'A';
-      EXPECT_EQ(normalize(text, 1024).output, raised) << size << ", " << at;
+      std::string uppercase(size, '<');
+      uppercase[at] = 'A';
+      EXPECT_EQ(normalize(text, 1024).output, uppercase) << size << ", " << at;
     }
   }
 }

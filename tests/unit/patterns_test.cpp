@@ -52,7 +52,7 @@ const Class CLASSES[] = {
     {"pattern_is_w", pattern_is_w, ACCEPTS, WORD "_"},
     {"pattern_is_not_w", pattern_is_not_w, REFUSES, WORD "_"},
     {"pattern_is_ws", pattern_is_ws, ACCEPTS, WORD "_" SPACE},
-    // From 33 to 125: neither the blank nor the tilde.
+    // From 33 to 125: neither the space nor the tilde.
     {"pattern_valid_symbols", pattern_valid_symbols, ACCEPTS, WORD "!\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}"},
     {"pattern_not_valid_symbols", pattern_not_valid_symbols, REFUSES,
      WORD "!\"#$%&'()*+,-./:;<=>?@[\\]^_`{|}"},

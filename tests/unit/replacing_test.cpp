@@ -72,7 +72,7 @@ TEST(Strreplace, Table) {
     ASSERT_EQ(after, static_cast<int>(c.after.size()));
     EXPECT_EQ(buffer.bytes().substr(0, c.after.size()), c.after);
     EXPECT_TRUE(buffer.guards_intact());
-    // Nothing behind the text is touched, a terminator least of all.
+    // Nothing after the text is touched, a terminator least of all.
     const std::size_t longest = c.after.size() > c.before.size() ? c.after.size() : c.before.size();
     EXPECT_EQ(buffer.bytes().substr(longest), std::string(buffer.bytes().size() - longest, '.'));
     EXPECT_EQ(buffer.bytes().find('\0', c.after.size()), std::string::npos);
@@ -81,12 +81,12 @@ TEST(Strreplace, Table) {
 
 TEST(Strreplace, NeverDeletesAndNeedsBothTexts) {
   const STRING filler = view("<");
-  const STRING blank = view(" ");
+  const STRING space = view(" ");
   const STRING bad[] = {{nullptr, 1}, {"<", 0}, {"<", -1}, {nullptr, 0}};
   for (const STRING &s : bad) {
     Lent buffer(5);
     std::string("A<B<C").copy(buffer.data(), 5);
-    EXPECT_EQ(utils_strreplace(buffer.data(), 5, 5, &s, &blank), 5);
+    EXPECT_EQ(utils_strreplace(buffer.data(), 5, 5, &s, &space), 5);
     EXPECT_EQ(utils_strreplace(buffer.data(), 5, 5, &filler, &s), 5);
     EXPECT_EQ(utils_strreplace(buffer.data(), -7, 5, &filler, &s), -7);
     EXPECT_EQ(buffer.shown(), "A<B<C");
@@ -107,9 +107,9 @@ TEST(Strreplace, ALengthOfZeroOrLessHasNoOccurrences) {
 
 TEST(Strreplace, LooksAtTheGivenLengthOnly) {
   const STRING filler = view("<");
-  const STRING blank = view(" ");
+  const STRING space = view(" ");
   Lent buffer(4, '<');
-  EXPECT_EQ(utils_strreplace(buffer.data(), 2, 4, &filler, &blank), 2);
+  EXPECT_EQ(utils_strreplace(buffer.data(), 2, 4, &filler, &space), 2);
   EXPECT_EQ(buffer.shown(), "  <<");
 }
 

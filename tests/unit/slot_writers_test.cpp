@@ -444,7 +444,7 @@ TEST(WriteField, ARecordThatWasNeverLentABufferTakesNoText) {
   EXPECT_EQ(record.fields[FIELD_SEX].value.len, 0);
   EXPECT_EQ(record.data_size, 0);
 
-  // A caller's own writer is asked all the same, and told that there is no room.
+  // A caller's own writer is asked all the same, with no room.
   struct Offer {
     char *out;
     int o_len;

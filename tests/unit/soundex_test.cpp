@@ -45,7 +45,7 @@ constexpr Name NAMES[] = {
     {"A", 0, "A000"},
     {"z", 0, "Z000"},
     {"Moyer", 0, "M600"},
-    // A letter with the first letter's digit is not written right behind it, but after a vowel it is.
+    // A letter with the first letter's digit is not written directly after it, but after a vowel it is.
     {"Bb", 0, "B000"},
     {"Bab", 0, "B100"},
     {"Ab", 0, "A100"},
@@ -166,7 +166,7 @@ TEST(Soundex, TableOfAllLetters) {
   EXPECT_EQ(sizeof _soundex_dic, 26U);
   for (const auto &[letter, code] : table) {
     EXPECT_EQ(_soundex_dic[letter - 'A'], code) << letter;
-    // A lone letter, and the letter behind a vowel, in either case.
+    // A lone letter, and the letter after a vowel, in either case.
     for (const char c : {letter, static_cast<char>(letter + ('a' - 'A'))}) {
       Guarded lone;
       EXPECT_EQ(utils_soundex_encode_str(std::string(1, c).c_str(), &lone.code), ERR_OK) << c;
@@ -179,7 +179,7 @@ TEST(Soundex, TableOfAllLetters) {
   }
 }
 
-// No byte but a letter is one, in front or behind.
+// No byte but a letter is one, first or last.
 TEST(Soundex, RefusesEveryOtherByte) {
   const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   for (int byte = 0; byte < 256; ++byte) {

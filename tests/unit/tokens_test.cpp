@@ -191,7 +191,7 @@ TEST(Strsplit, Table) {
       EXPECT_EQ(text(out[static_cast<std::size_t>(i)]), c.expected[static_cast<std::size_t>(i)]);
       EXPECT_NE(out[static_cast<std::size_t>(i)].str, nullptr);
     }
-    // Entries from the capacity on stay as they were; so does every one behind the first left over.
+    // Entries from the capacity on stay as they were; so does every one after the first left over.
     for (int i = n + 1; i < 10; i += 1)
       EXPECT_EQ(text(out[static_cast<std::size_t>(i)]), "untouched");
     if (c.capacity >= 0 && n == c.capacity) {

@@ -32,7 +32,7 @@ const std::pair<Trim, const char *> trims[] = {
     {{"A<B", 0, 3, 3, 0, 3}, "<"},
     {{"<A<B<", 1, 4, 4, 1, 3}, "<"},
     {{"<A", 1, 1, 2, 1, 1}, "<"},
-    // A view of trimmed characters only ends up behind the last of them.
+    // A view of trimmed characters only ends up after the last of them.
     {{"<<<<", 4, 0, 0, 4, 0}, "<"},
     {{"<", 1, 0, 0, 1, 0}, "<"},
     // A set of several characters, in any order and however often each is named.

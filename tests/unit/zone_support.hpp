@@ -60,11 +60,11 @@ inline std::vector<int> written_order(const PARSE_RESULT &record) {
   return order;
 }
 
-// The used part of a record's buffer, NUL shown as '~', behind which everything must still be NUL.
+// The used part of a record's buffer, NUL shown as '~', after which everything must still be NUL.
 inline std::string image(support::Record &record) {
   const std::string shown = record.shown();
   const std::size_t used = static_cast<std::size_t>(record->data_size);
-  EXPECT_EQ(shown.substr(used), std::string(shown.size() - used, '~')) << "bytes behind data_size";
+  EXPECT_EQ(shown.substr(used), std::string(shown.size() - used, '~')) << "bytes after data_size";
   EXPECT_TRUE(record.guards_intact());
   return shown.substr(0, used);
 }

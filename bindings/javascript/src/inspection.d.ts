@@ -132,7 +132,7 @@ export interface CodeField {
    */
   status: "empty" | "badCharacters" | "notADate" | "unknown" | "checkFailed" | "ok";
   /**
-   * What stands behind the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
+   * What confirms the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
    */
   proof: "digits" | "digit" | "composite" | "list" | "none";
   /**
@@ -166,7 +166,7 @@ export interface StateField {
    */
   status: "empty" | "badCharacters" | "notADate" | "unknown" | "checkFailed" | "ok";
   /**
-   * What stands behind the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
+   * What confirms the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
    */
   proof: "digits" | "digit" | "composite" | "list" | "none";
   /**
@@ -204,7 +204,7 @@ export interface Field {
    */
   status: "empty" | "badCharacters" | "notADate" | "unknown" | "checkFailed" | "ok";
   /**
-   * What stands behind the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
+   * What confirms the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
    */
   proof: "digits" | "digit" | "composite" | "list" | "none";
 }
@@ -234,7 +234,7 @@ export interface DateField {
    */
   status: "empty" | "badCharacters" | "notADate" | "unknown" | "checkFailed" | "ok";
   /**
-   * What stands behind the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
+   * What confirms the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
    */
   proof: "digits" | "digit" | "composite" | "list" | "none";
   /**
@@ -276,7 +276,7 @@ export interface NameField {
    */
   status: "empty" | "badCharacters" | "notADate" | "unknown" | "checkFailed" | "ok";
   /**
-   * What stands behind the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
+   * What confirms the value: its check digit and the composite, its check digit alone, the composite alone, a listed state, or nothing.
    */
   proof: "digits" | "digit" | "composite" | "list" | "none";
   /**

@@ -47,7 +47,7 @@ enum {
   VARNEL_STATUS_OK = 5
 };
 
-/** What stands behind a value. */
+/** What confirms a value. */
 enum {
   VARNEL_PROOF_NONE = 0,      /**< nothing: names, sex, document code; anything empty or failing */
   VARNEL_PROOF_LIST = 1,      /**< a listed state */

@@ -1,4 +1,4 @@
-/* The part of Foundation that the Objective-C face declares itself with, for checks of syntax. */
+/* The part of Foundation that the Objective-C class declares itself with, for checks of syntax. */
 #ifndef STUB_FOUNDATION_H
 #define STUB_FOUNDATION_H
 
