@@ -73,46 +73,40 @@ const Copy copies[] = {
     {"I\xC9", "\xC9", nullptr, 'E', 40, "IE"},
 };
 
-TEST(Strcpy, Table) {
-  for (const Copy &c : copies) {
-    SCOPED_TRACE(shown(c.source) + " in " + std::to_string(c.room));
-    const Exact source(c.source);
-    const STRING src = source.view();
-    Lent out(c.room);
-    const int n = utils_strcpy(out.data(), c.room, &src, c.removed, c.duplicate, c.rep);
-    EXPECT_EQ(n, static_cast<int>(c.expected.size()));
-    EXPECT_EQ(out.bytes(),
-              c.expected + std::string(static_cast<std::size_t>(c.room) - c.expected.size(), '.'));
-    EXPECT_TRUE(out.guards_intact());
-  }
+// What a copier, the same with a terminator, and the same into a slot make of a text: the expected copy, in
+// the room that it is given, in one byte more, and in a record of `slot_room` bytes.
+template <class Copier, class Writer, class SlotWriter>
+void expect_copies(const std::string &expected, int room, int slot_room, Copier copier, Writer writer,
+                   SlotWriter slot_writer) {
+  const auto filled_up = [](std::string text, int size) {
+    return text.append(static_cast<std::size_t>(size) - text.size(), '.');
+  };
+  SCOPED_TRACE(shown(expected) + " in " + std::to_string(room));
+  Lent out(room);
+  EXPECT_EQ(copier(out.data(), room), static_cast<int>(expected.size()));
+  EXPECT_EQ(out.bytes(), filled_up(expected, room));
+  const std::string terminated = expected.empty() ? "" : expected + '\0';
+  Lent written(room + 1);
+  EXPECT_EQ(writer(written.data(), room + 1), static_cast<int>(terminated.size()));
+  EXPECT_EQ(written.bytes(), filled_up(terminated, room + 1));
+  Record record(slot_room);
+  EXPECT_EQ(slot_writer(record.get()), record.slot(25));
+  EXPECT_EQ(record.value(25), expected);
+  EXPECT_EQ(record.offset(25), expected.empty() ? -1 : 0);
+  EXPECT_EQ(record.slot(25)->value.len, static_cast<int>(expected.size()));
+  EXPECT_TRUE(out.guards_intact() && written.guards_intact() && record.guards_intact());
 }
 
-TEST(Strwrite, TheSameWithOneMoreByteForTheNul) {
+TEST(Strcpy, BySet) {
   for (const Copy &c : copies) {
-    SCOPED_TRACE(shown(c.source) + " in " + std::to_string(c.room));
+    SCOPED_TRACE(shown(c.source));
     const Exact source(c.source);
     const STRING src = source.view();
-    Lent out(c.room + 1);
-    const int n = utils_strwrite(out.data(), c.room + 1, &src, c.removed, c.duplicate, c.rep);
-    const std::string written = c.expected.empty() ? "" : c.expected + '\0';
-    EXPECT_EQ(n, static_cast<int>(written.size()));
-    EXPECT_EQ(out.bytes(), written + std::string(static_cast<std::size_t>(c.room) + 1 - written.size(), '.'));
-    EXPECT_TRUE(out.guards_intact());
-  }
-}
-
-TEST(WriteField, TheSameIntoASlot) {
-  for (const Copy &c : copies) {
-    SCOPED_TRACE(shown(c.source) + " in " + std::to_string(c.room));
-    const Exact source(c.source);
-    const STRING src = source.view();
-    Record record(c.room);
-    FIELD *slot = utils_write_field(record.get(), 25, &src, c.removed, c.duplicate, c.rep);
-    EXPECT_EQ(slot, record.slot(25));
-    EXPECT_EQ(record.value(25), c.expected);
-    EXPECT_EQ(record.offset(25), c.expected.empty() ? -1 : 0);
-    EXPECT_EQ(slot->value.len, static_cast<int>(c.expected.size()));
-    EXPECT_TRUE(record.guards_intact());
+    expect_copies(
+        c.expected, c.room, c.room,
+        [&](char *out, int room) { return utils_strcpy(out, room, &src, c.removed, c.duplicate, c.rep); },
+        [&](char *out, int room) { return utils_strwrite(out, room, &src, c.removed, c.duplicate, c.rep); },
+        [&](PARSE_RESULT *r) { return utils_write_field(r, 25, &src, c.removed, c.duplicate, c.rep); });
   }
 }
 
@@ -190,7 +184,7 @@ TEST(StrwriteS, CopiesUnfilteredAndCuts) {
 
 // ---- predicates -------------------------------------------------------------------------------------
 
-TEST(StrcpyF, Table) {
+TEST(StrcpyF, ByPredicate) {
   struct Case {
     std::string source;
     _t_predicate_func removed;
@@ -225,23 +219,11 @@ TEST(StrcpyF, Table) {
     SCOPED_TRACE(shown(c.source));
     const Exact source(c.source);
     const STRING src = source.view();
-    Lent out(c.room);
-    EXPECT_EQ(utils_strcpy_f(out.data(), c.room, &src, c.removed, c.duplicate, c.rep),
-              static_cast<int>(c.expected.size()));
-    EXPECT_EQ(out.bytes().substr(0, c.expected.size()), c.expected);
-    EXPECT_TRUE(out.guards_intact());
-
-    Lent written(c.room + 1);
-    EXPECT_EQ(utils_strwrite_f(written.data(), c.room + 1, &src, c.removed, c.duplicate, c.rep),
-              c.expected.empty() ? 0 : static_cast<int>(c.expected.size()) + 1);
-    EXPECT_EQ(written.bytes().substr(0, c.expected.size() + 1),
-              c.expected + (c.expected.empty() ? '.' : '\0'));
-    EXPECT_TRUE(written.guards_intact());
-
-    Record record(c.room);
-    EXPECT_EQ(utils_write_field_f(record.get(), 0, &src, c.removed, c.duplicate, c.rep), record.slot(0));
-    EXPECT_EQ(record.value(0), c.expected);
-    EXPECT_TRUE(record.guards_intact());
+    expect_copies(
+        c.expected, c.room, c.room,
+        [&](char *out, int room) { return utils_strcpy_f(out, room, &src, c.removed, c.duplicate, c.rep); },
+        [&](char *out, int room) { return utils_strwrite_f(out, room, &src, c.removed, c.duplicate, c.rep); },
+        [&](PARSE_RESULT *r) { return utils_write_field_f(r, 25, &src, c.removed, c.duplicate, c.rep); });
   }
 }
 
@@ -348,51 +330,35 @@ const Join joins[] = {
      "B\xFF"},
 };
 
-TEST(StrcpyArray, Table) {
+TEST(StrcpyArray, BySet) {
   for (const Join &c : joins) {
-    SCOPED_TRACE(shown(c.expected) + " in " + std::to_string(c.room));
-    Lent out(c.room);
-    const int n = utils_strcpy_array(out.data(), c.room, c.parts.data(), static_cast<int>(c.parts.size()),
-                                     c.sep, c.removed, c.duplicate, c.rep);
-    EXPECT_EQ(n, static_cast<int>(c.expected.size()));
-    EXPECT_EQ(out.bytes(),
-              c.expected + std::string(static_cast<std::size_t>(c.room) - c.expected.size(), '.'));
-    EXPECT_TRUE(out.guards_intact());
-
-    Lent written(c.room + 1);
-    const int m =
-        utils_strwrite_array(written.data(), c.room + 1, c.parts.data(), static_cast<int>(c.parts.size()),
-                             c.sep, c.removed, c.duplicate, c.rep);
-    const std::string terminated = c.expected.empty() ? "" : c.expected + '\0';
-    EXPECT_EQ(m, static_cast<int>(terminated.size()));
-    EXPECT_EQ(written.bytes(),
-              terminated + std::string(static_cast<std::size_t>(c.room) + 1 - terminated.size(), '.'));
-    EXPECT_TRUE(written.guards_intact());
-
-    Record record(c.room + 1);
-    EXPECT_EQ(utils_write_field_array(record.get(), 138, c.parts.data(), static_cast<int>(c.parts.size()),
-                                      c.sep, c.removed, c.duplicate, c.rep),
-              record.slot(138));
-    EXPECT_EQ(record.value(138), c.expected);
-    EXPECT_EQ(record.offset(138), c.expected.empty() ? -1 : 0);
-    EXPECT_TRUE(record.guards_intact());
+    const STRING *parts = c.parts.data();
+    const int count = static_cast<int>(c.parts.size());
+    expect_copies(
+        c.expected, c.room, c.room + 1,
+        [&](char *out, int room) {
+          return utils_strcpy_array(out, room, parts, count, c.sep, c.removed, c.duplicate, c.rep);
+        },
+        [&](char *out, int room) {
+          return utils_strwrite_array(out, room, parts, count, c.sep, c.removed, c.duplicate, c.rep);
+        },
+        [&](PARSE_RESULT *r) {
+          return utils_write_field_array(r, 25, parts, count, c.sep, c.removed, c.duplicate, c.rep);
+        });
   }
 }
 
 TEST(StrcpyArray, BadArgumentsCopyNothing) {
   const STRING parts[2] = {view("AB"), view("CD")};
   Lent out(8);
-  EXPECT_EQ(utils_strcpy_array(nullptr, 8, parts, 2, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strcpy_array(out.data(), 0, parts, 2, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strcpy_array(out.data(), -1, parts, 2, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strcpy_array(out.data(), 8, nullptr, 2, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strcpy_array(out.data(), 8, parts, 0, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strcpy_array(out.data(), 8, parts, -1, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strwrite_array(nullptr, 8, parts, 2, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strwrite_array(out.data(), INT_MIN, parts, 2, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strwrite_array(out.data(), 8, nullptr, 2, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strwrite_array(out.data(), 8, parts, 0, '/', nullptr, nullptr, '\0'), 0);
-  EXPECT_EQ(utils_strwrite_array(out.data(), 8, parts, -1, '/', nullptr, nullptr, '\0'), 0);
+  for (const auto copy : {utils_strcpy_array, utils_strwrite_array}) {
+    EXPECT_EQ(copy(nullptr, 8, parts, 2, '/', nullptr, nullptr, '\0'), 0);
+    for (const int room : {0, -1, INT_MIN})
+      EXPECT_EQ(copy(out.data(), room, parts, 2, '/', nullptr, nullptr, '\0'), 0) << room;
+    EXPECT_EQ(copy(out.data(), 8, nullptr, 2, '/', nullptr, nullptr, '\0'), 0);
+    EXPECT_EQ(copy(out.data(), 8, parts, 0, '/', nullptr, nullptr, '\0'), 0);
+    EXPECT_EQ(copy(out.data(), 8, parts, -1, '/', nullptr, nullptr, '\0'), 0);
+  }
   EXPECT_EQ(out.shown(), "........");
 }
 

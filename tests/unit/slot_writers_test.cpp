@@ -13,6 +13,24 @@ using namespace support;
 
 namespace {
 
+const STRING X = view("X");
+const DATETIME DATE = {2018, 2, 15, 0, 0, 0};
+
+int write_x(void *, char *out, int) {
+  *out = 'X';
+  return 1;
+}
+
+// Each slot writer, writing "X" or the date.
+FIELD *(*const WRITERS[])(PARSE_RESULT *, int) = {
+    [](PARSE_RESULT *r, int field) { return utils_write_field(r, field, &X, "<", " ", ' '); },
+    [](PARSE_RESULT *r, int field) { return utils_write_field_f(r, field, &X, nullptr, nullptr, ' '); },
+    [](PARSE_RESULT *r, int field) { return utils_write_field_s(r, field, "X"); },
+    [](PARSE_RESULT *r, int field) { return utils_write_field_w(r, field, nullptr, write_x); },
+    [](PARSE_RESULT *r, int field) { return utils_write_field_array(r, field, &X, 1, '/', "<", " ", ' '); },
+    [](PARSE_RESULT *r, int field) { return utils_write_field_date(r, field, &DATE); },
+};
+
 TEST(WriteField, TakesTheTextAndOneNul) {
   Record record(16);
   const STRING src = view("D<<SMITH");
@@ -23,7 +41,7 @@ TEST(WriteField, TakesTheTextAndOneNul) {
   EXPECT_EQ(record.shown(), "D SMITH~~~~~~~~~");
 }
 
-TEST(WriteField, ValuesStandOneBehindTheOther) {
+TEST(WriteField, ValuesStandOneAfterTheOther) {
   Record record(16);
   utils_write_field_s(record.get(), 25, "AB");
   utils_write_field_s(record.get(), 26, "CDE");
@@ -115,6 +133,21 @@ struct Fit {
   const char *second; // the value of the second slot
 };
 
+template <class First, class Second>
+void expect_fit(const Fit &fit, const std::string &first, First write_first, Second write_second) {
+  SCOPED_TRACE("buffer of " + std::to_string(fit.size));
+  Record record(fit.size);
+  EXPECT_EQ(write_first(record.get()), record.slot(25));
+  EXPECT_EQ(record.shown(), fit.after_first);
+  EXPECT_EQ(record->data_size, fit.used_first);
+  EXPECT_EQ(record.value(25), first);
+  EXPECT_EQ(write_second(record.get()), record.slot(26));
+  EXPECT_EQ(record.shown(), fit.after_second);
+  EXPECT_EQ(record->data_size, fit.used_second);
+  EXPECT_EQ(record.value(26), fit.second);
+  EXPECT_TRUE(record.guards_intact());
+}
+
 const Fit texts[] = {
     {1, "A", 1, "A", 1, ""},
     {2, "AB", 2, "AB", 2, ""},
@@ -153,21 +186,12 @@ TEST(Capacity, OfTheWritersWithOneNul) {
         return utils_write_field_w(r, field, const_cast<STRING *>(s), copies_text);
       },
   };
-  for (std::size_t w = 0; w < std::size(writers); w += 1) {
-    for (const Fit &fit : texts) {
-      SCOPED_TRACE("writer " + std::to_string(w) + ", buffer of " + std::to_string(fit.size));
-      Record record(fit.size);
-      EXPECT_EQ(writers[w](record.get(), 25, &first), record.slot(25));
-      EXPECT_EQ(record.shown(), fit.after_first);
-      EXPECT_EQ(record->data_size, fit.used_first);
-      EXPECT_EQ(record.value(25), std::string("ABCD").substr(0, static_cast<std::size_t>(fit.size)));
-      EXPECT_EQ(writers[w](record.get(), 26, &second), record.slot(26));
-      EXPECT_EQ(record.shown(), fit.after_second);
-      EXPECT_EQ(record->data_size, fit.used_second);
-      EXPECT_EQ(record.value(26), fit.second);
-      EXPECT_TRUE(record.guards_intact());
-    }
-  }
+  for (const Writer &write : writers)
+    for (const Fit &fit : texts)
+      expect_fit(
+          fit, std::string("ABCD").substr(0, static_cast<std::size_t>(fit.size)),
+          [&](PARSE_RESULT *r) { return write(r, 25, &first); },
+          [&](PARSE_RESULT *r) { return write(r, 26, &second); });
 }
 
 // The writer of several texts keeps a NUL of its own within the room, and the slot's comes on top while
@@ -190,22 +214,15 @@ TEST(Capacity, OfTheArrayWriterWithTwoNuls) {
   };
   const STRING first[2] = {view("AB"), view("CD")};
   const STRING second = view("XY");
-  for (const Fit &fit : fits) {
-    SCOPED_TRACE(fit.size);
-    Record record(fit.size);
-    EXPECT_EQ(utils_write_field_array(record.get(), 25, first, 2, '/', nullptr, nullptr, '\0'),
-              record.slot(25));
-    EXPECT_EQ(record.shown(), fit.after_first);
-    EXPECT_EQ(record->data_size, fit.used_first);
-    EXPECT_EQ(record.value(25),
-              std::string("AB/CD").substr(0, static_cast<std::size_t>(fit.size < 6 ? fit.size - 1 : 5)));
-    EXPECT_EQ(utils_write_field_array(record.get(), 26, &second, 1, '/', nullptr, nullptr, '\0'),
-              record.slot(26));
-    EXPECT_EQ(record.shown(), fit.after_second);
-    EXPECT_EQ(record->data_size, fit.used_second);
-    EXPECT_EQ(record.value(26), fit.second);
-    EXPECT_TRUE(record.guards_intact());
-  }
+  for (const Fit &fit : fits)
+    expect_fit(
+        fit, std::string("AB/CD").substr(0, static_cast<std::size_t>(fit.size < 6 ? fit.size - 1 : 5)),
+        [&](PARSE_RESULT *r) {
+          return utils_write_field_array(r, 25, first, 2, '/', nullptr, nullptr, '\0');
+        },
+        [&](PARSE_RESULT *r) {
+          return utils_write_field_array(r, 26, &second, 1, '/', nullptr, nullptr, '\0');
+        });
 }
 
 TEST(Capacity, OfTheDateWriter) {
@@ -234,55 +251,27 @@ TEST(Capacity, OfTheDateWriter) {
 }
 
 TEST(WriteField, BadArgumentsGiveNullAndChangeNothing) {
-  const STRING src = view("NEW");
-  const DATETIME date = {2018, 2, 15, 0, 0, 0};
-  const auto never = [](void *called, char *, int) {
-    *static_cast<bool *>(called) = true;
-    return 0;
-  };
   Record record(40);
   utils_write_field_s(record.get(), 25, "OLD");
   const PARSE_RESULT before = *record.get();
-  bool called = false;
-  for (const int field : {-1, 139, 140, INT_MIN, INT_MAX}) {
-    EXPECT_EQ(utils_write_field(record.get(), field, &src, "<", " ", ' '), nullptr) << field;
-    EXPECT_EQ(utils_write_field_f(record.get(), field, &src, nullptr, nullptr, ' '), nullptr) << field;
-    EXPECT_EQ(utils_write_field_s(record.get(), field, "NEW"), nullptr) << field;
-    EXPECT_EQ(utils_write_field_w(record.get(), field, &called, never), nullptr) << field;
-    EXPECT_EQ(utils_write_field_array(record.get(), field, &src, 1, '/', "<", " ", ' '), nullptr) << field;
-    EXPECT_EQ(utils_write_field_date(record.get(), field, &date), nullptr) << field;
+  for (const auto write : WRITERS) {
+    for (const int field : {-1, 139, 140, INT_MIN, INT_MAX})
+      EXPECT_EQ(write(record.get(), field), nullptr) << field;
+    EXPECT_EQ(write(nullptr, 25), nullptr); // nor is a caller's own writer called, which would write
   }
-  EXPECT_EQ(utils_write_field(nullptr, 25, &src, "<", " ", ' '), nullptr);
-  EXPECT_EQ(utils_write_field_f(nullptr, 25, &src, nullptr, nullptr, ' '), nullptr);
-  EXPECT_EQ(utils_write_field_s(nullptr, 25, "NEW"), nullptr);
-  EXPECT_EQ(utils_write_field_w(nullptr, 25, &called, never), nullptr);
-  EXPECT_EQ(utils_write_field_array(nullptr, 25, &src, 1, '/', "<", " ", ' '), nullptr);
-  EXPECT_EQ(utils_write_field_date(nullptr, 25, &date), nullptr);
   EXPECT_EQ(utils_write_field_s(record.get(), 25, nullptr), nullptr);
   EXPECT_EQ(utils_write_field_s(nullptr, 25, nullptr), nullptr);
-  EXPECT_EQ(utils_write_field_w(record.get(), 25, &called, nullptr), nullptr);
+  EXPECT_EQ(utils_write_field_w(record.get(), 25, nullptr, nullptr), nullptr);
   EXPECT_EQ(utils_write_field_date(record.get(), 25, nullptr), nullptr);
-  EXPECT_FALSE(called);
   EXPECT_EQ(std::memcmp(record.get(), &before, sizeof before), 0);
-  EXPECT_EQ(record.shown().substr(0, 8), "OLD~~~~~");
+  EXPECT_EQ(record.shown(), "OLD" + std::string(37, '~'));
 }
 
 TEST(WriteField, ReachesTheFirstAndTheLastSlot) {
-  const STRING src = view("X");
-  const DATETIME date = {2018, 2, 15, 0, 0, 0};
-  const auto one = [](void *, char *out, int) {
-    *out = 'X';
-    return 1;
-  };
   for (const int field : {0, 138}) {
     Record record(100);
-    EXPECT_EQ(utils_write_field(record.get(), field, &src, nullptr, nullptr, '\0'), record.slot(field));
-    EXPECT_EQ(utils_write_field_f(record.get(), field, &src, nullptr, nullptr, '\0'), record.slot(field));
-    EXPECT_EQ(utils_write_field_s(record.get(), field, "X"), record.slot(field));
-    EXPECT_EQ(utils_write_field_w(record.get(), field, nullptr, one), record.slot(field));
-    EXPECT_EQ(utils_write_field_array(record.get(), field, &src, 1, '/', nullptr, nullptr, '\0'),
-              record.slot(field));
-    EXPECT_EQ(utils_write_field_date(record.get(), field, &date), record.slot(field));
+    for (const auto write : WRITERS)
+      EXPECT_EQ(write(record.get(), field), record.slot(field));
     EXPECT_EQ(record.shown().substr(0, 22), "X~X~X~X~X~~20180215~~~");
     EXPECT_EQ(record->data_size, 20);
   }
@@ -308,81 +297,51 @@ int noting_writer(void *data, char *out, int room) {
   return call->returned;
 }
 
-TEST(WriteFieldW, GetsItsDataTheFreeSpaceAndItsSize) {
-  Record record(10);
-  utils_write_field_s(record.get(), 25, "AB");
-  Call call;
-  call.text = "XYZ";
-  call.returned = 3;
-  EXPECT_EQ(utils_write_field_w(record.get(), 26, &call, noting_writer), record.slot(26));
-  EXPECT_EQ(call.calls, 1);
-  EXPECT_EQ(call.out, record->buffer + 3);
-  EXPECT_EQ(call.room, 7);
-  EXPECT_EQ(record.shown(), "AB~XYZ~~~~");
-  EXPECT_EQ(record.value(26), "XYZ");
-  EXPECT_EQ(record->data_size, 7);
-}
-
-TEST(WriteFieldW, ItsReturnValueIsTheLength) {
-  Record record(10);
-  Call call;
-  call.text = "WXYZ";
-  call.returned = 2;
-  utils_write_field_w(record.get(), 26, &call, noting_writer);
-  EXPECT_EQ(record.value(26), "WX");
-  EXPECT_EQ(record.shown(), "WX~Z~~~~~~");
-  EXPECT_EQ(record->data_size, 3);
-}
-
-TEST(WriteFieldW, WritesNothingForZeroOrLess) {
-  for (const int returned : {0, -1, INT_MIN}) {
-    Record record(10);
-    utils_write_field_s(record.get(), 26, "OLD");
+// It is called once, even without room, with its data, the free space and that space's size. What it returns
+// is the length, but no more than its room; for 0 or less the slot is emptied.
+TEST(WriteFieldW, GetsTheFreeSpaceAndReturnsTheLength) {
+  struct Case {
+    int size;
+    const char *before; // the value of another slot
+    const char *text;
+    int returned;
+    const char *after; // the buffer, then the slot's value and data_size
+    const char *value;
+    int used;
+  };
+  const Case cases[] = {
+      {10, "AB", "XYZ", 3, "AB~XYZ~~~~", "XYZ", 7},
+      {10, "", "WXYZ", 2, "WX~Z~~~~~~", "WX", 3},
+      {10, "OLD", "", 0, "OLD~~~~~~~", "", 4},
+      {10, "OLD", "", -1, "OLD~~~~~~~", "", 4},
+      {10, "OLD", "", INT_MIN, "OLD~~~~~~~", "", 4},
+      {4, "ABCD", "X", 0, "ABCD", "", 4},
+      {8, "AB", "VWXYZ", 5, "AB~VWXYZ", "VWXYZ", 8},
+      {8, "AB", "VWXYZ", 6, "AB~VWXYZ", "VWXYZ", 8},
+      {8, "AB", "VWXYZ", 1000, "AB~VWXYZ", "VWXYZ", 8},
+      {8, "AB", "VWXYZ", INT_MAX, "AB~VWXYZ", "VWXYZ", 8},
+      {2, "AB", "", 3, "AB", "", 2},
+  };
+  for (const Case &c : cases) {
+    SCOPED_TRACE(std::to_string(c.returned) + " returned, buffer of " + std::to_string(c.size));
+    Record record(c.size);
+    utils_write_field_s(record.get(), 25, c.before);
+    record.slot(26)->value = record.slot(25)->value; // a value that is replaced
+    const int used = record->data_size;
     Call call;
-    call.returned = returned;
+    call.text = c.text;
+    call.returned = c.returned;
     EXPECT_EQ(utils_write_field_w(record.get(), 26, &call, noting_writer), record.slot(26));
     EXPECT_EQ(call.calls, 1);
-    EXPECT_EQ(record.slot(26)->value.str, nullptr);
-    EXPECT_EQ(record.slot(26)->value.len, 0);
-    EXPECT_EQ(record->data_size, 4);
-  }
-}
-
-TEST(WriteFieldW, IsCalledThoughThereIsNoRoom) {
-  Record record(4);
-  utils_write_field_s(record.get(), 25, "ABCD");
-  utils_write_field_s(record.get(), 26, "");
-  Call call;
-  call.text = "X";
-  EXPECT_EQ(utils_write_field_w(record.get(), 26, &call, noting_writer), record.slot(26));
-  EXPECT_EQ(call.calls, 1);
-  EXPECT_EQ(call.room, 0);
-  EXPECT_EQ(call.out, record->buffer + 4);
-  EXPECT_EQ(record.slot(26)->value.str, nullptr);
-  EXPECT_EQ(record->data_size, 4);
-  EXPECT_TRUE(record.guards_intact());
-}
-
-TEST(WriteFieldW, MoreThanItsRoomCountsAsItsRoom) {
-  for (const int returned : {5, 6, 1000, INT_MAX}) {
-    Record record(8);
-    utils_write_field_s(record.get(), 25, "AB");
-    Call call;
-    call.text = "VWXYZ";
-    call.returned = returned;
-    utils_write_field_w(record.get(), 26, &call, noting_writer);
-    EXPECT_EQ(record.value(26), "VWXYZ");
-    EXPECT_EQ(record->data_size, 8);
-    EXPECT_EQ(record.shown(), "AB~VWXYZ");
+    EXPECT_EQ(call.out, record->buffer + used);
+    EXPECT_EQ(call.room, c.size - used);
+    EXPECT_EQ(record.shown(), c.after);
+    EXPECT_EQ(record.value(26), c.value);
+    EXPECT_EQ(record.slot(26)->value.str == nullptr, *c.value == '\0');
+    EXPECT_EQ(record.slot(26)->value.len, static_cast<int>(std::strlen(c.value)));
+    EXPECT_EQ(record->data_size, c.used);
     EXPECT_TRUE(record.guards_intact());
   }
-  Record full(2);
-  utils_write_field_s(full.get(), 25, "AB");
-  Call call;
-  call.returned = 3;
-  EXPECT_EQ(utils_write_field_w(full.get(), 26, &call, noting_writer), full.slot(26));
-  EXPECT_EQ(full.slot(26)->value.str, nullptr);
-  EXPECT_EQ(full->data_size, 2);
 }
 
 // ---- dates ------------------------------------------------------------------------------------------
