@@ -103,12 +103,12 @@ struct text_bounds {
   // The text of a slot up to its first NUL, never null. A text that fills the buffer to its end has no
   // NUL after it; one that the caller put into the slot from elsewhere must have.
   STRING read(const FIELD &slot) const {
-    const char *text = slot.value.str;
+    const char *const text = slot.value.str;
     if (text == nullptr) {
       return STRING{"", 0};
     }
-    const uintptr_t offset = reinterpret_cast<uintptr_t>(text) - begin;
-    return STRING{text, offset < size ? length_up_to(text, size - offset) : text_length(text)};
+    const size_t left = left_from(text);
+    return STRING{text, left > 0 ? length_up_to(text, left) : text_length(text)};
   }
 };
 
