@@ -39,7 +39,9 @@ function(varnel_library target)
     target_link_options(${target} PRIVATE -nostdlib++)
   elseif(UNIX)
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
-    target_link_options(${target} PRIVATE LINKER:--as-needed LINKER:--no-undefined LINKER:-Bsymbolic-functions)
+    # Nothing runs when the libraries are loaded or unloaded, so that the code that would call it is left out.
+    target_link_options(${target} PRIVATE
+      LINKER:--as-needed LINKER:--no-undefined LINKER:-Bsymbolic-functions LINKER:--hash-style=gnu -nostartfiles)
   elseif(WIN32)
     # The headers mark what a DLL exports while it is built, and what programs import from it.
     string(TOUPPER ${target}_EXPORTS exports)

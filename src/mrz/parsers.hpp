@@ -7,14 +7,22 @@
 
 namespace mrz {
 
-// Each reads a zone value by value, up to one that cannot be read. The values before that one are in their
-// slots then.
-progress read_td1(slots to, char *end, const char *zone, int reference_year);
-progress read_td3(slots to, char *end, const char *zone, int reference_year);
-progress read_two_lines(slots to, char *end, const char *zone, int reference_year, int width);
+// Each reads a zone into a record: ERR_OK, or ERR_INVALID_FORMAT when a value cannot be read. The values
+// before that one are in the record then.
+int read_td1(const char *zone, PARSE_RESULT *result, const CONTEXT *context);
+int read_td3(const char *zone, PARSE_RESULT *result, const CONTEXT *context);
+int read_two_lines(const char *zone, int width, PARSE_RESULT *result, const CONTEXT *context);
 
-// Reads a zone into a record: ERR_OK or ERR_INVALID_FORMAT.
+// By the number of the layout.
 int read_zone(int layout, const char *zone, PARSE_RESULT *result, const CONTEXT *context);
+
+// Lets `read_lines` write to the record's slots and to its text, from the end of that on.
+template <class ReadLines> int read_into(PARSE_RESULT *result, ReadLines read_lines) {
+  char *const start = record::free_space(result);
+  const progress done = read_lines(slots{result->fields, start + record::free_size(result)}, start);
+  result->data_size += static_cast<int>(done.end - start);
+  return done.accepted ? ERR_OK : ERR_INVALID_FORMAT;
+}
 
 // The same, of a zone of which only the length and the document code are known.
 int check_and_read(int layout, const char *zone, int length, PARSE_RESULT *result, const CONTEXT *context);

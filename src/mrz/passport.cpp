@@ -21,9 +21,11 @@ static progress _parse_track2(slots to, char *end, const char *track, int refere
   return {append_document_type(to, end, TD3), true};
 }
 
-progress mrz::read_td3(slots to, char *end, const char *zone, int reference_year) {
-  const progress done = append_issuer_and_names(to, end, zone, td3::LINE_LENGTH);
-  return done.accepted ? _parse_track2(to, done.end, zone + td3::LINE_LENGTH, reference_year) : done;
+int mrz::read_td3(const char *zone, PARSE_RESULT *result, const CONTEXT *context) {
+  return read_into(result, [=](slots to, char *end) {
+    const progress done = append_issuer_and_names(to, end, zone, td3::LINE_LENGTH);
+    return done.accepted ? _parse_track2(to, done.end, zone + td3::LINE_LENGTH, context->date.year) : done;
+  });
 }
 
 int MRZ_passport_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {

@@ -31,12 +31,14 @@ static progress _parse_track3(slots to, char *end, const char *track) {
   return {append_document_type(to, done.end, TD1), true};
 }
 
-progress mrz::read_td1(slots to, char *end, const char *zone, int reference_year) {
-  progress done = _parse_track1(to, end, zone);
-  if (done.accepted) {
-    done = _parse_track2(to, done.end, zone + td1::LINE_LENGTH, reference_year);
-  }
-  return done.accepted ? _parse_track3(to, done.end, zone + 2 * td1::LINE_LENGTH) : done;
+int mrz::read_td1(const char *zone, PARSE_RESULT *result, const CONTEXT *context) {
+  return read_into(result, [=](slots to, char *end) {
+    progress done = _parse_track1(to, end, zone);
+    if (done.accepted) {
+      done = _parse_track2(to, done.end, zone + td1::LINE_LENGTH, context->date.year);
+    }
+    return done.accepted ? _parse_track3(to, done.end, zone + 2 * td1::LINE_LENGTH) : done;
+  });
 }
 
 int MRZ_td1_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {

@@ -20,9 +20,11 @@ static progress _parse_track2(slots to, char *end, const char *track, int refere
 }
 
 // A visa is read as a card of two lines is, and typed like a card.
-progress mrz::read_two_lines(slots to, char *end, const char *zone, int reference_year, int width) {
-  const progress done = append_issuer_and_names(to, end, zone, width);
-  return done.accepted ? _parse_track2(to, done.end, zone + width, reference_year) : done;
+int mrz::read_two_lines(const char *zone, int width, PARSE_RESULT *result, const CONTEXT *context) {
+  return read_into(result, [=](slots to, char *end) {
+    const progress done = append_issuer_and_names(to, end, zone, width);
+    return done.accepted ? _parse_track2(to, done.end, zone + width, context->date.year) : done;
+  });
 }
 
 int MRZ_td2_parse(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context) {

@@ -126,14 +126,6 @@ mrz::progress mrz::append_names(slots to, char *end, STRING name) {
   return {append_part(to[FIELD_MIDDLE_NAME], end, to.limit, field, at.middle, at.end), true};
 }
 
-mrz::progress mrz::append_issuer_and_names(slots to, char *end, const char *line, int width) {
-  const progress code = append_country_code(to, FIELD_COUNTRY_CODE, end, line + zone::ISSUING_STATE.start);
-  if (!code.accepted) {
-    return code;
-  }
-  return append_names(to, code.end, STRING{line + two_line::NAME_START, width - two_line::NAME_START});
-}
-
 mrz::progress mrz::append_dates_and_sex(slots to, char *end, const char *dates, int reference_year,
                                         sex place) {
   const uint64_t birth_date = words::load<uint64_t>(dates);

@@ -85,7 +85,13 @@ VARNEL_INLINE progress append_country_code(slots to, int field, char *end, const
 progress append_names(slots to, char *end, STRING name);
 
 // The issuing state and the names: line 1 of two.
-progress append_issuer_and_names(slots to, char *end, const char *line, int width);
+VARNEL_INLINE progress append_issuer_and_names(slots to, char *end, const char *line, int width) {
+  const progress code = append_country_code(to, FIELD_COUNTRY_CODE, end, line + zone::ISSUING_STATE.start);
+  if (!code.accepted) {
+    return code;
+  }
+  return append_names(to, code.end, STRING{line + two_line::NAME_START, width - two_line::NAME_START});
+}
 
 // Date of birth, sex and date of expiry stand one after the other in every layout, each date with its check
 // digit. They are written in one of two orders. The year of birth is moved from 19YY to 20YY when that leaves

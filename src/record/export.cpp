@@ -10,8 +10,8 @@ VARNEL_SELDOM STRING read_slowly(const PARSE_RESULT &result, const FIELD &slot) 
   return record::text_bounds(result).read(slot);
 }
 
-// The same. The usual text is short and not at the end of the buffer, so that two words can be looked at: one that
-// begins in the first `starts` bytes.
+// The same. The usual text is short and not at the end of the buffer, so that two words can be looked at: one
+// that begins in the first `starts` bytes.
 STRING read(const PARSE_RESULT &result, size_t starts, const FIELD &slot) {
   const char *const text = slot.value.str;
   if (text == nullptr) {
