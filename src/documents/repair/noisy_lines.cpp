@@ -1,5 +1,7 @@
 #include "noisy_lines.hpp"
 
+#include <string.h>
+
 #include "../../ascii.hpp"
 
 namespace documents::repair {
@@ -42,78 +44,190 @@ constexpr bool may_end_filler(unsigned char c) {
          c == 0xB9 || c == 0xBA || c == 0xBB;
 }
 
-// What a byte adds to the counts of a line: small letters, capitals, digits and fillers, of 16 bits each.
-struct count_table {
-  uint64_t adds[256] = {};
+constexpr uint32_t SHORTEST_IN_BYTES = SHORTEST_LINE / 2; // two fillers may share theirs
+constexpr uint32_t LONGEST_IN_BYTES = 1024;               // with all the noise and white space in it
+constexpr int MOST_BEYOND_ASCII = LONGEST_LINE;           // a text of another script has more
 
-  static constexpr int SMALL = 0;
-  static constexpr int CAPITAL = 16;
-  static constexpr int DIGIT = 32;
-  static constexpr int LIKE_FILLER = 48;
+// What a line is made of.
+struct line_counts {
+  int small;
+  int capitals;
+  int digits;
+  int fillers; // or what may be one
 
-  constexpr count_table() {
-    for (int c = 0; c < 256; ++c) {
-      adds[c] = ascii::is_lower(c)                              ? uint64_t{1} << SMALL
-                : ascii::is_upper(c)                            ? uint64_t{1} << CAPITAL
-                : ascii::is_digit(c)                            ? uint64_t{1} << DIGIT
-                : may_end_filler(static_cast<unsigned char>(c)) ? uint64_t{1} << LIKE_FILLER
-                                                                : 0;
-    }
+  int letters_and_digits() const { return small + capitals + digits; }
+
+  // Neither prose nor too long, and with fillers or the digits of a date.
+  bool may_be_zone() const {
+    constexpr int fewest_digits = 6;
+    const bool is_prose = capitals > 0 && small > 2 * (capitals + digits + fillers);
+    return !is_prose && (digits >= fewest_digits || fillers > 0) && letters_and_digits() <= LONGEST_LINE;
   }
 };
 
-constexpr count_table COUNTS;
+// ---- eight bytes at a time -------------------------------------------------------------------------
 
-constexpr uint32_t LONGEST_IN_BYTES = 1024; // with all the noise and white space in it
+constexpr uint64_t eight(uint64_t byte) { return byte * 0x0101010101010101; }
+constexpr uint64_t TOP_BITS = eight(0x80);
 
-// Whether a line of these counts may be one of a zone: neither prose nor too long or short.
-bool may_be_zone(uint64_t counts) {
-  const auto count = [counts](int of) { return static_cast<int>(counts >> of & 0xFFFF); };
-  const int small = count(count_table::SMALL);
-  const int capitals = count(count_table::CAPITAL);
-  const int digits = count(count_table::DIGIT);
-  const int fillers = count(count_table::LIKE_FILLER);
-  constexpr int fewest_digits = 6;
-  const bool prose = capitals > 0 && small > 2 * (capitals + digits + fillers);
-  return !prose && (digits >= fewest_digits || fillers > 0) && small + capitals + digits <= LONGEST_LINE;
+constexpr int WORD = 8;
+
+// The first bytes of a word; NUL, which is none of what is counted, in the place of the rest.
+uint64_t first_bytes(uint64_t word, uint32_t size) {
+  static constexpr unsigned char KEPT[2 * WORD] = {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF};
+  uint64_t mask;
+  memcpy(&mask, KEPT + WORD - size, WORD);
+  return word & mask;
+}
+
+// The bytes from `at` to before `end`, up to eight.
+uint64_t load(const unsigned char *bytes, uint32_t at, uint32_t end) {
+  uint64_t word = 0;
+  if (end - at >= WORD) {
+    memcpy(&word, bytes + at, WORD);
+  } else {
+    memcpy(&word, bytes + at, end - at);
+  }
+  return word;
+}
+
+// Marks, by their top bits, the bytes of ASCII from `first` to `last`.
+constexpr uint64_t mark(uint64_t word, unsigned first, unsigned last) {
+  const uint64_t low = word & ~TOP_BITS;
+  return (low + eight(0x80 - first)) & ~(low + eight(0x7F - last)) & ~word & TOP_BITS;
+}
+
+// Counts marks, of up to 255 words, byte by byte.
+class mark_counter {
+public:
+  void add(uint64_t marks) { counts_ += marks >> 7; }
+
+  int sum() const {
+    constexpr uint64_t pairs = 0x00FF00FF00FF00FF;
+    const uint64_t sums = (counts_ & pairs) + (counts_ >> 8 & pairs);
+    return static_cast<int>(sums * 0x0001000100010001 >> 48);
+  }
+
+private:
+  uint64_t counts_ = 0;
+};
+
+// How far a line goes, and the little that rules most lines out.
+struct first_look {
+  uint32_t end;
+  int digits;      // at most; of a line that is not too long
+  bool has_others; // fillers, or what only a closer look can say
+  bool is_ascii;   // and has no name of a character, as "&lt;"
+};
+
+first_look look_at_line(const unsigned char *bytes, uint32_t begin, uint32_t end) {
+  mark_counter digits;
+  uint64_t fillers = 0;
+  uint64_t others = 0;
+  uint32_t at = begin;
+  for (bool is_last = false; !is_last; at += WORD) {
+    uint64_t word = load(bytes, at, end);
+    is_last = end - at <= WORD;
+    if (mark(word, '\n', '\r') != 0) {
+      uint32_t size = 0;
+      while (!ends_line(bytes[at + size])) {
+        ++size;
+      }
+      word = first_bytes(word, size);
+      end = at + size;
+      is_last = true;
+    }
+    digits.add(mark(word, '0', '9'));
+    fillers |= mark(word, ';', '<');
+    others |= mark(word, ';', ';') | (word & TOP_BITS);
+  }
+  return {end, digits.sum(), (fillers | others) != 0, others == 0};
+}
+
+// The bytes that begin a character beyond ASCII.
+int count_beyond_ascii(const unsigned char *bytes, uint32_t begin, uint32_t end) {
+  mark_counter counter;
+  for (uint32_t at = begin; at < end; at += WORD) {
+    const uint64_t word = load(bytes, at, end);
+    counter.add(word & word << 1 & TOP_BITS);
+  }
+  return counter.sum();
+}
+
+// Of a line in ASCII, whose digits are known.
+line_counts count_ascii(const unsigned char *bytes, uint32_t begin, uint32_t end, int digits) {
+  mark_counter small;
+  mark_counter capitals;
+  mark_counter fillers;
+  for (uint32_t at = begin; at < end; at += WORD) {
+    const uint64_t word = load(bytes, at, end);
+    small.add(mark(word, 'a', 'z'));
+    capitals.add(mark(word, 'A', 'Z'));
+    fillers.add(mark(word, FILLER, FILLER));
+  }
+  return {small.sum(), capitals.sum(), digits, fillers.sum()};
+}
+
+line_counts count_any(const unsigned char *bytes, uint32_t begin, uint32_t end) {
+  line_counts counts = {};
+  for (uint32_t at = begin; at < end; ++at) {
+    const unsigned char c = bytes[at];
+    counts.small += ascii::is_lower(c);
+    counts.capitals += ascii::is_upper(c);
+    counts.digits += ascii::is_digit(c);
+    counts.fillers += may_end_filler(c);
+  }
+  return counts;
 }
 
 } // namespace
 
-bool noisy_line_reader::next(noisy_line &line) {
+bool line_finder::next(line_span &span) {
   const unsigned char *bytes = reinterpret_cast<const unsigned char *>(passage_.text);
   while (at_ < passage_.end) {
     const uint32_t begin = at_;
-    uint32_t end = begin;
-    uint64_t counts = 0;
-    for (; end < passage_.end && !ends_line(bytes[end]); ++end) {
-      counts += COUNTS.adds[bytes[end]];
+    const first_look look = look_at_line(bytes, begin, passage_.end);
+    at_ = look.end + 1;
+    constexpr int fewest_digits = 6;
+    const uint32_t size = look.end - begin;
+    if (size < SHORTEST_IN_BYTES || size > LONGEST_IN_BYTES ||
+        (look.digits < fewest_digits && !look.has_others) ||
+        (!look.is_ascii && count_beyond_ascii(bytes, begin, look.end) > MOST_BEYOND_ASCII)) {
+      continue;
     }
-    at_ = end + 1;
-    const bool may_fit = end - begin >= SHORTEST_LINE / 2 && end - begin <= LONGEST_IN_BYTES;
-    if (may_fit && may_be_zone(counts) && read(begin, end, line)) {
+    const line_counts counts =
+        look.is_ascii ? count_ascii(bytes, begin, look.end, look.digits) : count_any(bytes, begin, look.end);
+    if (!counts.may_be_zone()) {
+      continue;
+    }
+    constexpr int fewest_digits_of_dates = 7;
+    span = {begin, look.end, counts.fillers > 0, counts.digits >= fewest_digits_of_dates};
+    const bool is_readable = look.is_ascii && size <= LONGEST_LINE &&
+                             counts.letters_and_digits() + counts.fillers >= SHORTEST_LINE;
+    noisy_line line;
+    if (is_readable || read_line(passage_.text, span, line)) {
       return true;
     }
   }
   return false;
 }
 
-bool noisy_line_reader::read(uint32_t begin, uint32_t end, noisy_line &line) const {
+bool read_line(const char *text, const line_span &span, noisy_line &line) {
   line = noisy_line{};
-  line.begin = begin;
-  line.end = end;
+  line.begin = span.begin;
+  line.end = span.end;
   bool gap = false;
   bool noise = false;
   bool capitals = false;
-  for (uint32_t i = begin; i < end;) {
-    const char *text = passage_.text + i;
-    const character found = read_character(text, end - i);
+  for (uint32_t i = span.begin; i < span.end;) {
+    const char *bytes = text + i;
+    const character found = read_character(bytes, span.end - i);
     int count = 0;
     char as = found.as;
     switch (found.kind) {
     case character_kind::kept:
       count = 1;
-      as = found.length == 1 && ascii::is_lower(*text) ? *text : found.as;
+      as = found.length == 1 && ascii::is_lower(*bytes) ? *bytes : found.as;
       break;
     case character_kind::two_kept:
       count = 2;
@@ -125,7 +239,7 @@ bool noisy_line_reader::read(uint32_t begin, uint32_t end, noisy_line &line) con
     case character_kind::order_mark:
       break;
     case character_kind::dropped:
-      as = read_symbol(text, found.length);
+      as = read_symbol(bytes, found.length);
       count = as != '\0' ? 1 : 0;
       if (count == 0) {
         noise = true;

@@ -27,17 +27,26 @@ struct noisy_line {
   bool has_gap(int i) const { return (gaps >> i & 1) != 0; }
 };
 
-// Walks the lines of a passage that may be lines of a zone.
-class noisy_line_reader {
+// The bytes of a line that may be one of a zone, and which of its lines it may be.
+struct line_span {
+  uint32_t begin;
+  uint32_t end;
+  bool has_fillers; // as names have
+  bool has_dates;   // so many digits as two dates, of which one may be unknown, and their check digits
+};
+
+// Reads the line that these bytes are; false where it cannot be one of a zone.
+bool read_line(const char *text, const line_span &span, noisy_line &line);
+
+// Walks the lines of a passage that may be lines of a zone, each of which read_line reads.
+class line_finder {
 public:
-  explicit noisy_line_reader(passage p) : passage_(p), at_(p.begin) {}
+  explicit line_finder(passage p) : passage_(p), at_(p.begin) {}
 
   // False when there is no other.
-  bool next(noisy_line &line);
+  bool next(line_span &span);
 
 private:
-  bool read(uint32_t begin, uint32_t end, noisy_line &line) const;
-
   passage passage_;
   uint32_t at_;
 };

@@ -625,28 +625,72 @@ private:
 
 } // namespace
 
+namespace {
+
+// The last lines that may be lines of a zone, each read when it is needed.
+class recent_lines {
+public:
+  explicit recent_lines(passage p) : text_(p.text), finder_(p) {}
+
+  // False when there is no other.
+  bool next() {
+    const int place = count_ % VARNEL_ZONE_LINES;
+    is_read_[place] = false;
+    return finder_.next(spans_[place]) && ++count_ > 0;
+  }
+
+  // Whether the last so many lines may be a zone: names have fillers, dates have digits.
+  bool may_be_zone(int lines) const {
+    if (lines == 2) {
+      return count_ >= 2 && spans_[place_of(2, 0)].has_fillers && spans_[place_of(2, 1)].has_dates;
+    }
+    return count_ >= 3 && spans_[place_of(3, 1)].has_dates && spans_[place_of(3, 2)].has_fillers;
+  }
+
+  // Reads the lines of a layout. False where one is too long for it.
+  bool read(const layout &form, const noisy_line *(&lines)[VARNEL_ZONE_LINES]) {
+    for (int i = 0; i < form.lines; ++i) {
+      const int place = place_of(form.lines, i);
+      is_read_[place] = is_read_[place] || read_line(text_, spans_[place], lines_[place]);
+      lines[i] = &lines_[place];
+      if (lines[i]->size > form.width + LONGER) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+private:
+  // Of one of the last so many lines.
+  int place_of(int lines, int line) const { return (count_ - lines + line) % VARNEL_ZONE_LINES; }
+
+  const char *text_;
+  line_finder finder_;
+  int count_ = 0;
+  line_span spans_[VARNEL_ZONE_LINES];
+  bool is_read_[VARNEL_ZONE_LINES] = {};
+  noisy_line lines_[VARNEL_ZONE_LINES];
+};
+
+} // namespace
+
 bool find_reading(passage p, passage page, extent within, int level, found_zone &found) {
   found.zone = reading{};
-  noisy_line read[VARNEL_ZONE_LINES];
-  noisy_line_reader reader(p);
-  for (int count = 1; reader.next(read[(count - 1) % VARNEL_ZONE_LINES]); ++count) {
-    for (int id = VARNEL_LAYOUT_TD1; id <= VARNEL_LAYOUT_MRV_B; ++id) {
+  recent_lines recent(p);
+  while (recent.next()) {
+    const bool may_be_two = recent.may_be_zone(2);
+    const bool may_be_three = recent.may_be_zone(3);
+    for (int id = VARNEL_LAYOUT_TD1; (may_be_two || may_be_three) && id <= VARNEL_LAYOUT_MRV_B; ++id) {
       const layout &form = LAYOUTS[id];
-      const noisy_line &last = read[(count - 1) % VARNEL_ZONE_LINES];
-      const noisy_line *lines[VARNEL_ZONE_LINES];
-      bool fit = count >= form.lines;
-      for (int i = 0; i < VARNEL_ZONE_LINES; ++i) {
-        lines[i] = &read[(VARNEL_ZONE_LINES + count - form.lines + i) % VARNEL_ZONE_LINES];
-        fit = fit && (i >= form.lines || lines[i]->size <= form.width + LONGER);
-      }
-      if (!fit) {
+      const noisy_line *lines[VARNEL_ZONE_LINES] = {};
+      if (!(form.lines == 2 ? may_be_two : may_be_three) || !recent.read(form, lines)) {
         continue;
       }
       const bool is_found = found.zone.layout != VARNEL_LAYOUT_NONE;
       if (is_found && within == extent::first_zone && lines[0]->begin >= found.end()) {
         return true;
       }
-      const surroundings around = {level, page, lines[0]->begin, last.end};
+      const surroundings around = {level, page, lines[0]->begin, lines[form.lines - 1]->end};
       window_reader(form, lines, around, found).read();
     }
   }
