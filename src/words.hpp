@@ -35,6 +35,9 @@ inline void store(uint64_t word, char *text) {
   text[4] = byte(4), text[5] = byte(5), text[6] = byte(6), text[7] = byte(7);
 }
 
+// Sets these bits in each character.
+constexpr uint64_t with_bits(uint64_t word, unsigned char bits) { return word | every(bits); }
+
 // Marks the characters from `low` to `high`, both ASCII. A character that is not ASCII may be marked, and
 // may spoil the marks after it.
 constexpr uint64_t in_range(uint64_t word, char low, char high) {
@@ -45,8 +48,9 @@ constexpr uint64_t in_range(uint64_t word, char low, char high) {
 // The marks without those of characters that are not ASCII.
 constexpr uint64_t of_ascii(uint64_t marks, uint64_t word) { return marks & ~word; }
 
-// Whether all characters are marked.
+// Whether all characters are marked, or any.
 constexpr bool all(uint64_t marks) { return (~marks & MARKS) == 0; }
+constexpr bool any(uint64_t marks) { return (marks & MARKS) != 0; }
 
 // Marks the first NUL, and perhaps characters after it; 0 when there is no NUL.
 constexpr uint64_t nul(uint64_t word) { return (word - every(1)) & ~word & MARKS; }
@@ -68,6 +72,11 @@ constexpr int first(uint64_t marks) { return first_by_count(marks); }
 // other bytes is of no meaning.
 constexpr uint64_t places_on_top(uint64_t marks) { return (marks & MARKS) * UINT64_C(0x0002040810204081); }
 
+// How many characters are marked.
+constexpr unsigned count(uint64_t marks) {
+  return static_cast<unsigned>((marks >> 7 & every(1)) * every(1) >> 56);
+}
+
 // ---- wide words ------------------------------------------------------------------------------------
 
 // Where the machine has none, as WebAssembly without SIMD, the compiler would take each of the sixteen apart.
@@ -76,6 +85,27 @@ constexpr uint64_t places_on_top(uint64_t marks) { return (marks & MARKS) * UINT
 using wide = unsigned char __attribute__((vector_size(16)));
 
 inline void load(const char *text, wide &word) { memcpy(&word, text, sizeof word); }
+
+inline bool any(wide marks) {
+  uint64_t halves[2];
+  memcpy(halves, &marks, sizeof halves);
+  return any(halves[0] | halves[1]);
+}
+
+inline unsigned count(wide marks) {
+  uint64_t halves[2];
+  memcpy(halves, &marks, sizeof halves);
+  return static_cast<unsigned>(((halves[0] & every(1)) + (halves[1] & every(1))) * every(1) >> 56);
+}
+
+// The eight characters from `i` on, 0 or 8, as a plain word.
+inline uint64_t plain(wide word, int i) {
+  uint64_t half;
+  memcpy(&half, reinterpret_cast<const char *>(&word) + i, sizeof half);
+  return __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__ ? __builtin_bswap64(half) : half;
+}
+
+inline wide with_bits(wide word, unsigned char bits) { return word | bits; }
 
 // Compared as signed numbers, which every processor with vectors can.
 inline wide in_range(wide word, char low, char high) {
@@ -108,6 +138,7 @@ inline bool all_of_part(wide marks, int part) {
 using wide = uint64_t;
 
 constexpr bool all_of_part(wide marks, int) { return all(marks); }
+constexpr uint64_t plain(wide word, int) { return word; }
 
 #endif
 

@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include "../utf8.hpp"
+#include "../words.hpp"
 
 namespace documents {
 
@@ -163,37 +164,38 @@ character read_character(const char *text, uint32_t size) {
 
 namespace {
 
-constexpr unsigned adds(char c) { return BYTES.adds[static_cast<unsigned char>(c)]; }
+constexpr unsigned char byte(char c) { return static_cast<unsigned char>(c); }
+
+constexpr bool is_line_end_of_ascii(char c) { return c >= '\n' && c <= '\r'; }
 
 // What a byte adds to the kept characters of its line, by the byte before it: a row for each byte that begins
 // characters of two or three bytes which are kept or end a line, and a row for all other bytes. LOOK_CLOSER
 // says that such a character begins with the byte before, or that a byte of ASCII wants to be looked at.
 struct pair_table {
   static constexpr unsigned char LEADS[] = {0xC2, 0xCE, 0xD0, 0xD1, 0xE2, 0xE3, 0xEF};
+  static constexpr int ROW = 256;
   static constexpr int ROWS = 1 + static_cast<int>(sizeof LEADS);
 
-  uint8_t row_after[256] = {};
-  uint8_t adds[ROWS][256] = {};
+  uint16_t row_after[256] = {}; // where the row begins
+  uint8_t adds[ROWS * ROW] = {};
 
   constexpr pair_table() {
-    for (auto &row : adds) {
+    for (int row = 0; row < ROWS; ++row) {
       for (int c = 0; c < 128; ++c) {
-        row[c] = BYTES.adds[c];
+        adds[row * ROW + c] = BYTES.adds[c];
       }
     }
     for (int i = 1; i < ROWS; ++i) {
-      row_after[LEADS[i - 1]] = static_cast<uint8_t>(i);
+      row_after[LEADS[i - 1]] = static_cast<uint16_t>(i * ROW);
     }
     look_closer(0xC2, {0x85, 0xAB, 0xBB, 0xBB}); // NEL and the double signs
     look_closer(0xE2, {0x80, 0x89, 0x8C, 0x9F}); // line ends and signs for the filler
     look_closer(0xE3, {0x80, 0x80, 0x80, 0x80});
     look_closer(0xEF, {0xBC, 0xBD, 0xBD, 0xBD}); // full-width forms
     for (const look_alike &l : LOOK_ALIKES) {
-      adds[row_after[0xC0 | l.code_point >> 6]][0x80 | (l.code_point & 0x3F)] = byte_table::ADDS_ONE;
+      adds[row_after[0xC0 | l.code_point >> 6] + (0x80 | (l.code_point & 0x3F))] = byte_table::ADDS_ONE;
     }
   }
-
-  constexpr const uint8_t *adds_after(unsigned char before) const { return adds[row_after[before]]; }
 
 private:
   struct four_bytes {
@@ -202,42 +204,87 @@ private:
 
   constexpr void look_closer(int lead, four_bytes second) {
     for (const unsigned char c : second.of) {
-      adds[row_after[lead]][c] = byte_table::LOOK_CLOSER;
+      adds[row_after[lead] + c] = byte_table::LOOK_CLOSER;
     }
   }
 };
 
 constexpr pair_table PAIRS;
 
-// Passes over bytes up to one that begins something to be read as a character, or to the end. Eight or
-// four at a time where none of them asks for a closer look; eight where they and the byte before are all of
-// ASCII.
+// Marks characters of ASCII that are kept.
+words::wide mark_kept(words::wide word) {
+  return words::in_range(words::with_bits(word, 'a' ^ 'A'), 'a', 'z') | words::in_range(word, '0', '9') |
+         words::in_range(word, FILLER, FILLER);
+}
+
+// Marks what is not ASCII, line ends (and what else comes before CR) and what may begin the filler's entity.
+words::wide mark_special(words::wide word) {
+  return words::in_range(word, '\0', '\r') | words::in_range(word, '&', '&') | word;
+}
+
+// Where the line ends or something is to be read as a character: not ASCII, or the entity of the filler.
+bool is_stop(const char *at, const char *end) {
+  return byte(*at) >= 128 || is_line_end_of_ascii(*at) ||
+         begins_with_filler_entity(at, static_cast<uint32_t>(end - at));
+}
+
+// Passes over a text of ASCII up to a stop, as far as whole words reach. Returns whether it came to one.
+bool pass_ascii(const char *&at, const char *end, uint32_t &kept) {
+  for (; end - at >= words::WIDE_SIZE; at += words::WIDE_SIZE) {
+    const words::wide word = words::load<words::wide>(at);
+    const words::wide marks = mark_kept(word);
+    const words::wide special = mark_special(word);
+    if (words::any(special)) {
+      uint32_t before = 0;
+      for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
+        const uint64_t half = words::plain(marks, i);
+        for (uint64_t stops = words::plain(special, i) & words::MARKS; stops != 0; stops &= stops - 1) {
+          const char *stop = at + i + words::first(stops);
+          if (is_stop(stop, end)) {
+            kept += before + words::count(half & (stops - 1) & ~stops);
+            at = stop;
+            return true;
+          }
+        }
+        before += words::count(half);
+      }
+    }
+    kept += words::count(marks);
+  }
+  return false;
+}
+
+// Passes over bytes, eight at a time where none of them asks for a closer look, up to one that begins
+// something to be read as a character, or to the end.
 const char *pass_bytes(const char *at, const char *end, uint32_t &kept) {
+  const auto adds = [&at](unsigned row, int i) { return 0u + PAIRS.adds[row + byte(at[i])]; };
+  const auto row_after = [&at](int i) { return 0u + PAIRS.row_after[byte(at[i])]; };
+  unsigned row = 0;
   for (; end - at >= 8; at += 8) {
-    const unsigned sum = adds(at[0]) + adds(at[1]) + adds(at[2]) + adds(at[3]) + adds(at[4]) + adds(at[5]) +
-                         adds(at[6]) + adds(at[7]);
+    const unsigned sum = adds(row, 0) + adds(row_after(0), 1) + adds(row_after(1), 2) +
+                         adds(row_after(2), 3) + adds(row_after(3), 4) + adds(row_after(4), 5) +
+                         adds(row_after(5), 6) + adds(row_after(6), 7);
     if (sum >= byte_table::LOOK_CLOSER) {
       break;
     }
     kept += sum;
+    row = row_after(7);
   }
-  const auto byte = [](char c) { return static_cast<unsigned char>(c); };
-  const uint8_t *row = PAIRS.adds[0];
-  for (; end - at >= 4; at += 4) {
-    const unsigned sum = 0u + row[byte(at[0])] + PAIRS.adds_after(byte(at[0]))[byte(at[1])] +
-                         PAIRS.adds_after(byte(at[1]))[byte(at[2])] +
-                         PAIRS.adds_after(byte(at[2]))[byte(at[3])];
-    if (sum >= byte_table::LOOK_CLOSER) {
-      break;
+  for (; at < end; ++at) {
+    const unsigned added = adds(row, 0);
+    if (added >= byte_table::LOOK_CLOSER) {
+      return byte(*at) >= 128 ? at - 1 : at; // from a second byte back to the first
     }
-    kept += sum;
-    row = PAIRS.adds_after(byte(at[3]));
+    kept += added;
+    row = row_after(0);
   }
-  for (; at < end && row[byte(*at)] < byte_table::LOOK_CLOSER; ++at) {
-    kept += row[byte(*at)];
-    row = PAIRS.adds_after(byte(*at));
-  }
-  return at < end && byte(*at) >= 128 ? at - 1 : at; // from a second byte back to the first
+  return at;
+}
+
+// Passes over bytes up to one that begins something to be read as a character, or to the end.
+const char *pass(const char *at, const char *end, uint32_t &kept) {
+  const bool stopped = pass_ascii(at, end, kept);
+  return stopped && byte(*at) < 128 ? at : pass_bytes(at, end, kept);
 }
 
 } // namespace
@@ -253,8 +300,9 @@ bool line_reader::next_of_any(text_line &line) {
   bool single_bytes = true;
   line.begin = at_;
   line.end = at_ = passage_.end;
-  while ((at = pass_bytes(at, end, kept)) < end) {
-    const character c = read_character(at, static_cast<uint32_t>(end - at));
+  while ((at = pass(at, end, kept)) < end) {
+    const character c = is_line_end_of_ascii(*at) ? character{kind::line_end, '\0', 1}
+                                                  : read_character(at, static_cast<uint32_t>(end - at));
     if (c.kind == kind::line_end) {
       line.end = static_cast<uint32_t>(at - passage_.text);
       at_ = line.end + c.length;
