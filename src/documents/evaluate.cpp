@@ -3,6 +3,8 @@
 #include <string.h>
 
 #include "../ascii.hpp"
+#include "../places.hpp"
+#include "../words.hpp"
 #include "calendar.hpp"
 #include "check_digit.hpp"
 #include "states.hpp"
@@ -15,68 +17,116 @@ constexpr int NO_PLACE = -1;
 
 constexpr bool is_filler(char c) { return c == FILLER; }
 
-bool is_all_fillers(const char *text, int length) {
-  for (int i = 0; i < length; ++i) {
-    if (!is_filler(text[i])) {
-      return false;
-    }
-  }
-  return true;
-}
-
 bool has_filler(const char *text, int length) {
   return memchr(text, FILLER, static_cast<size_t>(length)) != nullptr;
 }
 
-bool are_digits(const char *text, int length) {
-  for (int i = 0; i < length; ++i) {
-    if (!ascii::is_digit(text[i])) {
-      return false;
-    }
-  }
-  return true;
-}
-
-bool has_digit(const char *text, int length) {
-  for (int i = 0; i < length; ++i) {
-    if (ascii::is_digit(text[i])) {
-      return true;
-    }
-  }
-  return false;
-}
-
 int two_digits(const char *text) { return (text[0] - '0') * 10 + (text[1] - '0'); }
 
-// Where the first "<<" begins; `length` when there is none.
-int find_separator(const char *text, int length) {
-  for (int i = 0; i + 1 < length; ++i) {
-    if (is_filler(text[i]) && is_filler(text[i + 1])) {
-      return i;
+// What stands where in a line: its letters and fillers, all else being digits, and what each character counts
+// in a check digit.
+struct line_characters {
+  places::set letters = 0;
+  places::set fillers = 0;
+  char values[ROW_WIDTH]; // of the line's columns, and what has no meaning after them
+
+  void read(const char *line, int width) {
+    for (int i = 0; i < width; i += words::SIZE) {
+      const uint64_t word = words::load<uint64_t>(line + i);
+      const uint64_t letter_marks = words::in_range(word, 'A', 'Z') & words::MARKS;
+      const uint64_t filler_marks = words::in_range(word, FILLER, FILLER) & words::MARKS;
+      letters |= places::set{words::places_on_top(letter_marks) >> 56} << i;
+      fillers |= places::set{words::places_on_top(filler_marks) >> 56} << i;
+      const uint64_t values_word = word - words::every('0') - (letter_marks >> 7) * ('A' - '0' - 10) -
+                                   (filler_marks >> 7) * (FILLER - '0');
+      words::store(values_word, values + i);
     }
   }
-  return length;
-}
+};
 
-int without_fillers_at_end(const char *text, int length) {
-  while (length > 0 && is_filler(text[length - 1])) {
-    --length;
+// Columns of a line.
+struct field_text {
+  const char *text; // words may be read beyond its end
+  int length;
+  places::set letters;
+  places::set fillers;
+
+  field_text(const char *line, const line_characters &found, stretch place)
+      : text(line + place.column), length(place.length),
+        letters(found.letters >> place.column & places::before(length)),
+        fillers(found.fillers >> place.column & places::before(length)) {}
+
+  places::set characters() const { return ~fillers & places::before(length); }
+  bool is_empty() const { return characters() == 0; }
+  bool has_digit() const { return (characters() & ~letters) != 0; }
+  bool are_digits(int count) const { return ((letters | fillers) & places::before(count)) == 0; }
+
+  // Up to its last character that is no filler.
+  int length_without_fillers() const { return is_empty() ? 0 : places::last(characters()) + 1; }
+
+  // Where the first "<<" begins; the length when there is none.
+  int find_separator() const {
+    const places::set pairs = fillers & fillers >> 1;
+    return pairs != 0 ? places::first(pairs) : length;
   }
-  return length;
-}
 
-// Copies a text that does not end in a filler: without fillers at its start, every other run of them as one
-// space. Returns the length.
-int copy_words(char *out, const char *text, int length) {
-  int written = 0;
-  for (int i = 0; i < length; ++i) {
-    if (!is_filler(text[i])) {
-      out[written++] = text[i];
-    } else if (written > 0 && !is_filler(text[i - 1])) {
-      out[written++] = ' ';
+  // Copies the columns as they stand. Whole words are written, NUL after the text.
+  void copy(char *out) const { copy_columns(out, 0, length, 0); }
+
+  // Copies the columns without the fillers at both ends, each run of others as one space. Returns the length.
+  int copy_words(char *out) const {
+    if (is_empty()) {
+      return 0;
+    }
+    const int begin = places::first(characters());
+    const int end = places::last(characters()) + 1;
+    const places::set inner = fillers >> begin & places::before(end - begin);
+    const bool has_runs = (inner & inner >> 1) != 0;
+    if (has_runs) {
+      return copy_runs(out, begin, end);
+    }
+    copy_columns(out, begin, end, FILLER ^ ' ');
+    return end - begin;
+  }
+
+private:
+  // Changes each filler by these bits.
+  void copy_columns(char *out, int begin, int end, unsigned char of_fillers) const {
+    int i = begin;
+    for (; end - i >= words::SIZE; i += words::SIZE, out += words::SIZE) {
+      words::store(changed(words::load<uint64_t>(text + i), of_fillers), out);
+    }
+    if (i < end) {
+      const uint64_t left = (uint64_t{1} << 8 * (end - i)) - 1;
+      words::store(changed(words::load<uint64_t>(text + i), of_fillers) & left, out);
     }
   }
-  return written;
+
+  static uint64_t changed(uint64_t word, unsigned char of_fillers) {
+    const uint64_t marks = words::in_range(word, FILLER, FILLER) & words::MARKS;
+    return word ^ (marks >> 7) * of_fillers;
+  }
+
+  int copy_runs(char *out, int begin, int end) const {
+    int written = 0;
+    for (int i = begin; i < end; ++i) {
+      if (!is_filler(text[i])) {
+        out[written++] = text[i];
+      } else if (!is_filler(text[i - 1])) {
+        out[written++] = ' ';
+      }
+    }
+    return written;
+  }
+};
+
+// Copies a line of at least a word.
+void copy_line(char *out, const char *line, int width) {
+  const int last = width - words::SIZE; // the last word may overlap the one before
+  for (int i = 0; i < last; i += words::SIZE) {
+    words::store(words::load<uint64_t>(line + i), out + i);
+  }
+  words::store(words::load<uint64_t>(line + last), out + last);
 }
 
 // A date as ISO 8601 has it: the year's first two digits, then those of the zone, XX for what is unknown.
@@ -95,25 +145,11 @@ void write_date(char *out, int century, const char *digits, int known) {
 
 date date_of(const varnel_inspected_field &field) { return {field.year, field.month, field.day}; }
 
-// Some states print a single name after the "<<"; then the primary identifier may be empty.
-bool may_be_empty(const varnel_inspection &inspection, int field) {
-  switch (field) {
-  case VARNEL_ISSUING_STATE:
-  case VARNEL_NATIONALITY:
-  case VARNEL_DOCUMENT_NUMBER:
-    return false;
-  case VARNEL_PRIMARY_IDENTIFIER:
-    return find_field(inspection, VARNEL_SECONDARY_IDENTIFIER)->status != VARNEL_STATUS_EMPTY;
-  default:
-    return true;
-  }
-}
-
-// The finding that a status is; VARNEL_FINDING_NONE for one that is none, or that a check digit adds.
-int finding_of(const varnel_inspection &inspection, const varnel_inspected_field &field) {
-  switch (field.status) {
+// The finding that a status is; VARNEL_FINDING_NONE for one that a check digit adds.
+int finding_of(int status) {
+  switch (status) {
   case VARNEL_STATUS_EMPTY:
-    return may_be_empty(inspection, field.field) ? VARNEL_FINDING_NONE : VARNEL_FINDING_EMPTY;
+    return VARNEL_FINDING_EMPTY;
   case VARNEL_STATUS_BAD_CHARACTERS:
     return VARNEL_FINDING_BAD_CHARACTERS;
   case VARNEL_STATUS_NOT_A_DATE:
@@ -125,18 +161,28 @@ int finding_of(const varnel_inspection &inspection, const varnel_inspected_field
   }
 }
 
+// Fields as a set: 1 << field.
+constexpr uint32_t set_of(int field) { return uint32_t{1} << field; }
+static_assert(VARNEL_DOCUMENT_FIELD_END <= 32);
+
+constexpr uint32_t NEVER_EMPTY =
+    set_of(VARNEL_ISSUING_STATE) | set_of(VARNEL_NATIONALITY) | set_of(VARNEL_DOCUMENT_NUMBER);
+
 // One zone on its way into a record.
 class evaluation {
 public:
+  // cppcheck-suppress uninitMemberVar // of the lines only those of the layout are read, after they were
+  // found
   evaluation(const zone_reading &zone, const varnel_inspect_options &options, varnel_inspection &inspection)
       : zone_(zone), form_(*zone.form), reference_{options.year, options.month, options.day},
         out_(inspection) {}
 
   void run() {
-    copy_lines();
+    read_lines();
     compute_checks();
+    out_.field_count = form_.field_count;
     for (int i = 0; i < form_.field_count; ++i) {
-      read(form_.fields[i]);
+      read(form_.fields[i], out_.fields[i]);
     }
     add_findings();
     add_dropped();
@@ -148,34 +194,42 @@ public:
 private:
   const char *at(stretch place) const { return zone_.lines[place.line] + place.column; }
 
+  field_text text_of(stretch place) const {
+    return field_text(zone_.lines[place.line], lines_[place.line], place);
+  }
+
   // Null where the layout has no such check digit.
   varnel_check *check_of(int field) {
-    return checks_[field] != 0 ? &out_.checks[checks_[field] - 1] : nullptr;
+    return form_.check_entries[field] != 0 ? &out_.checks[form_.check_entries[field] - 1] : nullptr;
   }
 
   // Null where the layout lacks the field.
   const varnel_inspected_field *field_of(int field) const {
-    return fields_[field] != 0 ? &out_.fields[fields_[field] - 1] : nullptr;
+    return form_.field_entries[field] != 0 ? &out_.fields[form_.field_entries[field] - 1] : nullptr;
   }
 
-  void copy_lines() {
+  void read_lines() {
     out_.layout = form_.id;
     out_.line_count = out_.source_count = form_.lines;
     for (int line = 0; line < form_.lines; ++line) {
-      memcpy(out_.zone[line], zone_.lines[line], form_.width);
-      out_.zone[line][form_.width] = '\0';
+      lines_[line].read(zone_.lines[line], form_.width);
+      copy_line(out_.zone[line], zone_.lines[line], form_.width);
       out_.source[line] = source_of({static_cast<uint8_t>(line), 0, form_.width});
     }
   }
 
-  // A stretch without columns lies at its column's character, or after the line's last.
   varnel_source source_of(stretch place) const {
+    const int end = place.column + place.length;
+    if (zone_.is_plain[place.line]) {
+      const uint32_t begin = zone_.begin[place.line];
+      return {begin + place.column, begin + static_cast<uint32_t>(end)};
+    }
     const varnel_source *sources = zone_.sources[place.line];
     if (place.length > 0) {
-      return {sources[place.column].start, sources[place.column + place.length - 1].end};
+      return {sources[place.column].start, sources[end - 1].end};
     }
-    const uint32_t offset =
-        place.column < form_.width ? sources[place.column].start : sources[form_.width - 1].end;
+    // A stretch without columns lies at its column's character, or after the line's last.
+    const uint32_t offset = end < form_.width ? sources[end].start : sources[end - 1].end;
     return {offset, offset};
   }
 
@@ -184,8 +238,7 @@ private:
   void compute_checks() {
     out_.check_count = form_.check_count;
     for (int i = 0; i < form_.check_count; ++i) {
-      out_.checks[i] = compute(form_.checks[i]);
-      checks_[form_.checks[i].field] = static_cast<uint8_t>(i + 1);
+      compute(form_.checks[i], out_.checks[i]);
     }
     const varnel_check *composite = check_of(VARNEL_COMPOSITE);
     composite_holds_ = composite != nullptr && composite->holds;
@@ -194,37 +247,42 @@ private:
     accept_filler_digit();
   }
 
-  varnel_check compute(const check_place &place) const {
-    check_sum sum;
+  void compute(const check_place &place, varnel_check &check) const {
+    value_sum sum;
     for (int i = 0; i < place.covered_count; ++i) {
-      sum.add(at(place.covered[i]), place.covered[i].length);
+      const stretch covered = place.covered[i];
+      sum.add(lines_[covered.line].values + covered.column, covered.length);
     }
-    const char found = zone_.lines[place.line][place.column];
-    const char expected = sum.digit();
-    const bool filler_holds = place.field != VARNEL_COMPOSITE && is_filler(found) &&
-                              is_all_fillers(at(place.covered[0]), place.covered[0].length);
-    return {place.field,      place.line, place.column, found == expected || filler_holds,
-            VARNEL_RULE_NONE, found,      expected};
+    check.field = place.field;
+    check.line = place.line;
+    check.column = place.column;
+    check.found = zone_.lines[place.line][place.column];
+    check.expected = sum.digit();
+    check.holds =
+        check.found == check.expected ||
+        (place.field != VARNEL_COMPOSITE && is_filler(check.found) && text_of(place.covered[0]).is_empty());
   }
 
   // TD1 and TD2 (Doc 9303-5 and 9303-6, note j): a filler in the number's digit column says that the
   // number goes on in the optional data, up to its digit, which stands before the first filler there. Doc
   // 9303 leaves the filler out of the digit's sum; some issuers count it in its place.
   void take_long_number() {
-    const stretch number = form_.find(VARNEL_DOCUMENT_NUMBER)->place;
-    const char *continuation = at(optional_data_);
-    int taken = 0; // continuation and digit
-    while (taken < optional_data_.length && !is_filler(continuation[taken])) {
-      ++taken;
-    }
     varnel_check &check = *check_of(VARNEL_DOCUMENT_NUMBER);
-    if (taken < 2 || !is_filler(check.found) || has_filler(at(number), number.length) || !composite_holds_) {
+    if (!is_filler(check.found) || !composite_holds_) {
+      return;
+    }
+    const stretch number = form_.find(VARNEL_DOCUMENT_NUMBER)->place;
+    const field_text optional_data = text_of(optional_data_);
+    // continuation and digit
+    const int taken =
+        optional_data.fillers != 0 ? places::first(optional_data.fillers) : optional_data.length;
+    if (taken < 2 || text_of(number).fillers != 0) {
       return;
     }
     const int length = taken - 1;
-    const char found = continuation[length];
-    const char plain = digit_over(number, false, continuation, length);
-    const char with_filler = digit_over(number, true, continuation, length);
+    const char found = optional_data.text[length];
+    const char plain = digit_over(number, false, optional_data.text, length);
+    const char with_filler = digit_over(number, true, optional_data.text, length);
     if (found != plain && found != with_filler) {
       return;
     }
@@ -260,69 +318,81 @@ private:
 
   // Fields.
 
-  void read(const field_place &f) {
-    varnel_inspected_field &field = out_.fields[out_.field_count++];
-    fields_[f.field] = out_.field_count;
+  void read(const field_place &f, varnel_inspected_field &field) {
+    const stretch part = part_of(f);
+    const field_text text = text_of(part);
     field.field = f.field;
-    place(field, part_of(f));
+    field.line = part.line;
+    field.column = part.column;
+    field.source = source_of(part);
+    text.copy(field.text);
     switch (f.kind) {
     case field_kind::code:
       read_code(field);
       break;
     case field_kind::state:
-      read_state(field);
+      read_state(field, text);
       break;
     case field_kind::names:
-      read_name(field, f);
+      field.truncated = ascii::is_upper(at(f.place)[f.place.length - 1]);
+      read_name(field, text);
       break;
     case field_kind::number:
-      read_number(field);
+      read_number(field, text);
       break;
     case field_kind::birth_date:
-      read_birth_date(field);
+      read_birth_date(field, text);
       break;
     case field_kind::expiry_date:
-      read_expiry_date(field);
+      read_expiry_date(field, text);
       break;
     case field_kind::sex:
       read_sex(field);
       break;
     }
-    const varnel_check *check = check_of(field.field);
-    if (field.status == VARNEL_STATUS_OK && check != nullptr && !check->holds) {
+    const varnel_check *check = check_of(f.field);
+    const bool fails = check != nullptr && !check->holds;
+    note(field, fails);
+    if (fails && field.status == VARNEL_STATUS_OK) {
       field.status = VARNEL_STATUS_CHECK_FAILED;
     }
     field.proof = static_cast<uint8_t>(proof_of(field, f.kind, check));
   }
 
-  void place(varnel_inspected_field &field, stretch part) {
-    field.line = part.line;
-    field.column = part.column;
-    field.source = source_of(part);
-    memcpy(field.text, at(part), part.length);
-    text_length_ = part.length;
+  void note(const varnel_inspected_field &field, bool fails) {
+    if (field.status == VARNEL_STATUS_EMPTY) {
+      empty_ |= set_of(field.field);
+    } else if (field.status != VARNEL_STATUS_OK) {
+      wrong_ |= set_of(field.field);
+    }
+    if (fails) {
+      failing_ |= set_of(field.field);
+    }
   }
 
   // The columns that are this field's: of a field of names its part, of optional data what a long number
   // leaves.
   stretch part_of(const field_place &f) const {
-    const bool shortened = optional_data_.length != form_.optional_data.length &&
-                           f.place.line == form_.optional_data.line &&
-                           f.place.column == form_.optional_data.column;
-    if (shortened) {
-      return optional_data_;
-    }
-    if (f.field == VARNEL_PRIMARY_IDENTIFIER) {
-      const int end = find_separator(at(f.place), f.place.length);
+    switch (f.field) {
+    case VARNEL_OPTIONAL_DATA:
+    case VARNEL_OPTIONAL_DATA_1:
+      return continuation_.length > 0 ? optional_data_ : f.place;
+    case VARNEL_PRIMARY_IDENTIFIER: {
+      const int end = text_of(f.place).find_separator();
       return {f.place.line, f.place.column, static_cast<uint8_t>(end)};
     }
-    if (f.field == VARNEL_SECONDARY_IDENTIFIER && form_.one_field_of_names) {
-      const int separator = find_separator(at(f.place), f.place.length);
+    case VARNEL_SECONDARY_IDENTIFIER: {
+      if (!form_.one_field_of_names) {
+        return f.place;
+      }
+      const int separator = text_of(f.place).find_separator();
       const int start = separator < f.place.length ? separator + 2 : separator;
       return {f.place.line, static_cast<uint8_t>(f.place.column + start),
               static_cast<uint8_t>(f.place.length - start)};
     }
-    return f.place;
+    default:
+      return f.place;
+    }
   }
 
   static void set(varnel_inspected_field &field, int status, bool has_value) {
@@ -358,12 +428,9 @@ private:
     }
   }
 
-  void read_state(varnel_inspected_field &field) {
-    int letters = 0;
-    while (letters < text_length_ && ascii::is_upper(field.text[letters])) {
-      ++letters;
-    }
-    if (!is_all_fillers(field.text + letters, text_length_ - letters)) {
+  void read_state(varnel_inspected_field &field, const field_text &text) {
+    const int letters = text.length_without_fillers();
+    if (text.letters != places::before(letters)) {
       set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
       return;
     }
@@ -371,7 +438,8 @@ private:
       set(field, VARNEL_STATUS_EMPTY, false);
       return;
     }
-    memcpy(field.value, field.text, static_cast<size_t>(letters));
+    memcpy(field.value, field.text, 3);
+    memset(field.value + letters, '\0', static_cast<size_t>(3 - letters));
     is_listed_ = find_state(field.value, letters).is_listed();
     const bool is_permitted = is_listed_ || is_residence_permit_code(field.value, letters);
     set(field, is_permitted ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN, true);
@@ -380,20 +448,18 @@ private:
     }
   }
 
-  void read_name(varnel_inspected_field &field, const field_place &f) {
-    field.truncated = ascii::is_upper(at(f.place)[f.place.length - 1]);
-    const int length = without_fillers_at_end(field.text, text_length_);
-    if (length == 0) {
+  void read_name(varnel_inspected_field &field, const field_text &text) {
+    if (text.is_empty()) {
       set(field, VARNEL_STATUS_EMPTY, false);
       return;
     }
-    const bool digits = has_digit(field.text, length);
+    const bool digits = text.has_digit();
     const bool national = form_.id == VARNEL_LAYOUT_TD3 && memcmp(zone_.lines[0], "PNRUS", 5) == 0;
-    if ((digits && !national) || has_noise_in_tail(field, length)) {
+    if ((digits && !national) || has_noise_in_tail(field, text)) {
       set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
       return;
     }
-    copy_words(field.value, field.text, length);
+    text.copy_words(field.value);
     set(field, VARNEL_STATUS_OK, true);
     if (digits) {
       notice(field, VARNEL_NOTICE_NATIONAL_LETTERS);
@@ -402,25 +468,18 @@ private:
 
   // Whether something stands in the secondary identifier after a run of three or more fillers; the "<<"
   // before it is part of its first run.
-  bool has_noise_in_tail(const varnel_inspected_field &field, int length) const {
+  bool has_noise_in_tail(const varnel_inspected_field &field, const field_text &text) const {
     if (field.field != VARNEL_SECONDARY_IDENTIFIER) {
       return false;
     }
-    int fillers = form_.one_field_of_names ? 2 : 0;
-    for (int i = 0; i < length; ++i) {
-      if (is_filler(field.text[i])) {
-        ++fillers;
-      } else if (fillers >= 3) {
-        return true;
-      } else {
-        fillers = 0;
-      }
-    }
-    return false;
+    const places::set runs_of_three = text.fillers & text.fillers >> 1 & text.fillers >> 2;
+    const bool begins_with_run = form_.one_field_of_names && (text.fillers & 1) != 0;
+    const int last = text.length_without_fillers() - 1;
+    return begins_with_run || (runs_of_three & places::before(last)) != 0;
   }
 
-  void read_number(varnel_inspected_field &field) {
-    const int length = copy_words(field.value, field.text, without_fillers_at_end(field.text, text_length_));
+  void read_number(varnel_inspected_field &field, const field_text &text) {
+    const int length = text.copy_words(field.value);
     set(field, length == 0 ? VARNEL_STATUS_EMPTY : VARNEL_STATUS_OK, length != 0);
     if (field.field == VARNEL_DOCUMENT_NUMBER) {
       memcpy(field.value + length, at(continuation_), continuation_.length);
@@ -430,16 +489,13 @@ private:
     }
   }
 
-  void read_birth_date(varnel_inspected_field &field) {
-    if (is_all_fillers(field.text, 6)) {
+  void read_birth_date(varnel_inspected_field &field, const field_text &text) {
+    if (text.is_empty()) {
       set(field, VARNEL_STATUS_EMPTY, false);
       return;
     }
-    int known = 6;
-    while (known > 2 && is_all_fillers(field.text + known - 2, 2)) {
-      known -= 2;
-    }
-    if (!are_digits(field.text, known)) {
+    const int known = (text.length_without_fillers() + 1) / 2 * 2;
+    if (!text.are_digits(known)) {
       set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
       return;
     }
@@ -450,10 +506,10 @@ private:
     finish_date(field, {year, month, day}, known);
   }
 
-  void read_expiry_date(varnel_inspected_field &field) const {
-    if (is_all_fillers(field.text, 6)) {
+  void read_expiry_date(varnel_inspected_field &field, const field_text &text) const {
+    if (text.is_empty()) {
       set(field, VARNEL_STATUS_EMPTY, false);
-    } else if (!are_digits(field.text, 6)) {
+    } else if (!text.are_digits(6)) {
       set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
     } else {
       const int year = expiry_year(two_digits(field.text), reference_.year);
@@ -504,31 +560,25 @@ private:
 
   // Findings.
 
-  void finding(const varnel_inspected_field &field, int code) {
-    add_finding(out_, {static_cast<uint8_t>(code), field.field, static_cast<int8_t>(field.line),
-                       static_cast<int8_t>(field.column)});
-  }
-
+  // Fields in the order of the zone, the composite last.
   void add_findings() {
-    for (int i = 0; i < out_.field_count; ++i) {
+    const uint32_t by_status = wrong_ | (empty_ & NEVER_EMPTY) | empty_names();
+    const uint32_t dates_order = expires_before_birth() ? set_of(VARNEL_EXPIRY_DATE) : 0;
+    const uint32_t any = by_status | failing_ | dates_order | zone_.unproven | zone_.differing;
+    for (int i = 0; any != 0 && i < out_.field_count; ++i) {
       const varnel_inspected_field &field = out_.fields[i];
-      const int code = finding_of(out_, field);
-      if (code != VARNEL_FINDING_NONE) {
-        finding(field, code);
-      }
-      const varnel_check *check = check_of(field.field);
-      if (check != nullptr && !check->holds) {
-        finding(field, VARNEL_FINDING_CHECK_FAILED);
-      }
-      if (field.field == VARNEL_EXPIRY_DATE && expires_before_birth(field)) {
-        finding(field, VARNEL_FINDING_DATES_ORDER);
-      }
-      if ((zone_.unproven >> field.field & 1u) != 0) {
-        finding(field, VARNEL_FINDING_UNPROVEN);
-      }
-      if ((zone_.differing >> field.field & 1u) != 0) {
-        finding(field, VARNEL_FINDING_LOOKS_DIFFER);
-      }
+      const uint32_t its = set_of(field.field);
+      const auto add = [&](uint32_t fields, int code) {
+        if ((fields & its) != 0) {
+          add_finding(out_, {static_cast<uint8_t>(code), field.field, static_cast<int8_t>(field.line),
+                             static_cast<int8_t>(field.column)});
+        }
+      };
+      add(by_status, finding_of(field.status));
+      add(failing_, VARNEL_FINDING_CHECK_FAILED);
+      add(dates_order, VARNEL_FINDING_DATES_ORDER);
+      add(zone_.unproven, VARNEL_FINDING_UNPROVEN);
+      add(zone_.differing, VARNEL_FINDING_LOOKS_DIFFER);
     }
     const varnel_check *composite = check_of(VARNEL_COMPOSITE);
     if (composite != nullptr && !composite->holds) {
@@ -537,10 +587,17 @@ private:
     }
   }
 
-  bool expires_before_birth(const varnel_inspected_field &expiry) const {
+  // Some states print a single name after the "<<"; so the primary identifier alone may be empty.
+  uint32_t empty_names() const {
+    const bool both = (empty_ & set_of(VARNEL_SECONDARY_IDENTIFIER)) != 0;
+    return both ? empty_ & set_of(VARNEL_PRIMARY_IDENTIFIER) : 0;
+  }
+
+  bool expires_before_birth() const {
     const varnel_inspected_field &birth = *field_of(VARNEL_BIRTH_DATE);
-    return birth.status == VARNEL_STATUS_OK && birth.day != 0 && expiry.status == VARNEL_STATUS_OK &&
-           is_before(date_of(expiry), date_of(birth));
+    const varnel_inspected_field *expiry = field_of(VARNEL_EXPIRY_DATE);
+    return expiry != nullptr && birth.status == VARNEL_STATUS_OK && birth.day != 0 &&
+           expiry->status == VARNEL_STATUS_OK && is_before(date_of(*expiry), date_of(birth));
   }
 
   void add_dropped() {
@@ -592,14 +649,15 @@ private:
   const layout &form_;
   const date reference_;
   varnel_inspection &out_;
-  // By field: one more than its entry in the record, 0 where the layout lacks it.
-  uint8_t checks_[VARNEL_DOCUMENT_FIELD_END] = {};
-  uint8_t fields_[VARNEL_DOCUMENT_FIELD_END] = {};
+  line_characters lines_[VARNEL_ZONE_LINES];
+  // Sets of fields: empty, of another status that is a finding, and with a check digit that does not hold.
+  uint32_t empty_ = 0;
+  uint32_t wrong_ = 0;
+  uint32_t failing_ = 0;
   bool composite_holds_ = false;
   stretch optional_data_ = {}; // what a long number leaves of it
   stretch continuation_ = {};  // of a long number; else without columns
   bool filler_digit_ = false;  // a filler stands for the personal number's digit 0
-  int text_length_ = 0;        // of the field that is being read
   bool is_listed_ = false;     // the state that is being read
   int chip_access_length_ = 0;
 };

@@ -4,15 +4,21 @@
 
 #include <Varnel/documents/inspect.h>
 
+#include "../words.hpp"
 #include "entries.hpp"
 #include "layouts.hpp"
 
 namespace documents {
 
-// The characters of a zone and where they were read.
+// Room for a line from each column of which a whole word can be read.
+constexpr int ROW_WIDTH = VARNEL_ZONE_WIDTH + words::SIZE;
+
+// The characters of a zone, which are capitals, digits and fillers, and where they were read.
 struct zone_reading {
-  const layout *form; // of LAYOUTS
-  char lines[VARNEL_ZONE_LINES][VARNEL_ZONE_WIDTH];
+  const layout *form;                       // of LAYOUTS
+  char lines[VARNEL_ZONE_LINES][ROW_WIDTH]; // what stands after a line's last column is of no meaning
+  bool is_plain[VARNEL_ZONE_LINES];         // each character of the line is one byte
+  uint32_t begin[VARNEL_ZONE_LINES];        // of a plain line; of others the bytes of each character follow
   varnel_source sources[VARNEL_ZONE_LINES][VARNEL_ZONE_WIDTH];
   bool dropped[VARNEL_ZONE_LINES]; // characters other than white space were dropped within the line
   uint32_t unproven;               // 1 << field: a value that may have been misread (finding `unproven`)

@@ -61,6 +61,9 @@ struct layout {
   check_place checks[5];   // number, birth date, expiry date, personal number, composite, as it has them
   stretch optional_data;   // TD1, TD2: where a long document number goes on; else of length 0
   bool one_field_of_names; // primary and secondary identifier share a field, split at its first "<<"
+  // By field: one more than its entry in `fields` and in `checks`, 0 where the layout lacks it.
+  uint8_t field_entries[VARNEL_DOCUMENT_FIELD_END];
+  uint8_t check_entries[VARNEL_DOCUMENT_FIELD_END];
 
   constexpr bool has_first_letter(char c) const {
     return c != '\0' && (c == first_letters[0] || c == first_letters[1] || c == first_letters[2]);
@@ -68,22 +71,12 @@ struct layout {
 
   // Null where the layout lacks the field.
   constexpr const field_place *find(int field) const {
-    for (int i = 0; i < field_count; ++i) {
-      if (fields[i].field == field) {
-        return &fields[i];
-      }
-    }
-    return nullptr;
+    return field_entries[field] != 0 ? &fields[field_entries[field] - 1] : nullptr;
   }
 
   // Null where the field has no check digit.
   constexpr const check_place *find_check(int field) const {
-    for (int i = 0; i < check_count; ++i) {
-      if (checks[i].field == field) {
-        return &checks[i];
-      }
-    }
-    return nullptr;
+    return check_entries[field] != 0 ? &checks[check_entries[field] - 1] : nullptr;
   }
 
   constexpr bool has_composite() const { return find_check(VARNEL_COMPOSITE) != nullptr; }
@@ -106,9 +99,13 @@ constexpr check_place digit_after(uint8_t field, stretch place) {
 
 constexpr void add(layout &l, int field, field_kind kind, stretch place) {
   l.fields[l.field_count++] = {static_cast<uint8_t>(field), kind, place};
+  l.field_entries[field] = l.field_count;
 }
 
-constexpr void add(layout &l, check_place check) { l.checks[l.check_count++] = check; }
+constexpr void add(layout &l, check_place check) {
+  l.checks[l.check_count++] = check;
+  l.check_entries[check.field] = l.check_count;
+}
 
 constexpr stretch CODE = on_line(0, 0, 2);
 constexpr stretch STATE = on_line(0, zone::ISSUING_STATE);

@@ -1,23 +1,34 @@
 #include "search.hpp"
 
+#include "../words.hpp"
+
 namespace documents {
 
 namespace {
 
-// The same for a line of which every byte is a kept character.
-void read_plain_lines(const char *text, text_line line, int row, int width, zone_reading &zone) {
-  for (uint32_t at = line.begin; at < line.end; ++row) {
-    for (int column = 0; column < width; ++column, ++at) {
-      zone.lines[row][column] = BYTES.as[static_cast<unsigned char>(text[at])];
-      zone.sources[row][column] = {at, at + 1};
-    }
+// Eight characters of a zone, small letters as capitals.
+uint64_t as_capitals(uint64_t word) {
+  constexpr int to_bit_of_case = 2; // from the mark, a character's top bit
+  return word ^ (words::in_range(word, 'a', 'z') & words::MARKS) >> to_bit_of_case;
+}
+
+// Reads the bytes of a plain line, of which every byte is a kept character.
+void read_plain_line(const char *text, uint32_t begin, int row, int width, zone_reading &zone) {
+  zone.is_plain[row] = true;
+  zone.begin[row] = begin;
+  const int last = width - words::SIZE; // the last word may overlap the one before
+  for (int i = 0; i < last; i += words::SIZE) {
+    words::store(as_capitals(words::load<uint64_t>(text + begin + i)), zone.lines[row] + i);
   }
+  words::store(as_capitals(words::load<uint64_t>(text + begin + last)), zone.lines[row] + last);
 }
 
 // Reads a line's characters into as many lines of the zone as it holds, the first of them `row`.
 void read_lines(const char *text, text_line line, int row, int width, zone_reading &zone) {
   if (line.is_plain) {
-    read_plain_lines(text, line, row, width, zone);
+    for (uint32_t begin = line.begin; begin < line.end; begin += static_cast<uint32_t>(width)) {
+      read_plain_line(text, begin, row++, width, zone);
+    }
     return;
   }
   character_reader characters(text, line);
@@ -60,6 +71,11 @@ constexpr int distance(uint32_t kept, int width) {
 
 constexpr bool is_near(uint32_t kept, int width) {
   return kept - static_cast<uint32_t>(width - NEAR) <= 2 * NEAR; // below, it wraps round
+}
+
+// Whether it is near any width; most lines of prose are not.
+constexpr bool is_near_any(uint32_t kept) {
+  return kept >= td1::LINE_LENGTH - NEAR && kept <= td3::LINE_LENGTH + NEAR;
 }
 
 // The last lines read, and what they may be.
@@ -112,8 +128,8 @@ candidate candidate_of(const line_window &window) {
 void read_zone(const char *text, const line_window &window, candidate c, zone_reading &zone) {
   zone.unproven = 0;
   zone.differing = 0;
-  for (bool &dropped : zone.dropped) {
-    dropped = false;
+  for (int i = 0; i < VARNEL_ZONE_LINES; ++i) {
+    zone.is_plain[i] = zone.dropped[i] = false;
   }
   const text_line *lines = window.last(c.lines);
   for (int i = 0; i < c.lines; ++i) {
@@ -171,6 +187,9 @@ private:
   }
 
   void consider_near_misses() {
+    if (!is_near_any(window_.last(1)->kept) || !is_near_any(window_.last(2)->kept)) {
+      return; // no shape has fewer than two lines
+    }
     for (const shape s : SHAPES) {
       consider_near_miss(window_.last(s.lines), s);
     }
