@@ -12,229 +12,169 @@ using namespace documents;
 
 namespace {
 
-void write_source(json_writer &json, varnel_source source) {
-  json.raw("{\"start\":");
-  json.number(source.start);
-  json.raw(",\"end\":");
-  json.number(source.end);
-  json.raw("}");
+constexpr name_lengths FIELD_NAME_LENGTHS{FIELD_NAMES};
+constexpr name_lengths FINDING_NAME_LENGTHS{FINDING_NAMES};
+constexpr name_lengths STATUS_NAME_LENGTHS{STATUS_NAMES};
+constexpr name_lengths PROOF_NAME_LENGTHS{PROOF_NAMES};
+
+char *put_field_name(char *at, int field) {
+  return put_string(at, FIELD_NAMES[field], FIELD_NAME_LENGTHS.of[field]);
 }
 
-void write_zone(json_writer &json, const varnel_inspection &inspection) {
-  json.raw(",\"zone\":[");
+// A comma before every entry of an array or object but the first.
+char *put_comma(char *at, int entry) { return entry > 0 ? put(at, ',') : at; }
+
+char *put_place(char *at, int line, int column) {
+  at = put_number(put(at, "\"line\":"), static_cast<unsigned>(line));
+  return put_number(put(at, ",\"column\":"), static_cast<unsigned>(column));
+}
+
+char *put_source(char *at, varnel_source source) {
+  at = put_number(put(at, "{\"start\":"), source.start);
+  at = put_number(put(at, ",\"end\":"), source.end);
+  return put(at, '}');
+}
+
+char *put_heading(char *at, const varnel_inspection &inspection) {
+  at = put(at, "{\"version\":1,\"date\":\"");
+  at = put_four_digits(at, static_cast<unsigned>(inspection.year));
+  at = put_two_digits(put(at, '-'), inspection.month);
+  at = put_two_digits(put(at, '-'), inspection.day);
+  at = put_string(put(at, "\",\"repair\":"), REPAIR_NAMES[inspection.repair]);
+  at = put_string(put(at, ",\"verdict\":"), VERDICT_NAMES[inspection.verdict]);
+  at = put_string_or_null(put(at, ",\"kind\":"), varnel_kind_name(inspection.layout));
+  return put_string_or_null(put(at, ",\"layout\":"), varnel_layout_name(inspection.layout));
+}
+
+char *put_zone(char *at, const varnel_inspection &inspection) {
+  at = put(at, ",\"zone\":[");
   for (int i = 0; i < inspection.line_count; ++i) {
-    if (i > 0) {
-      json.raw(",");
-    }
-    json.array(inspection.zone[i]);
+    at = put_string(put_comma(at, i), inspection.zone[i]);
   }
-  json.raw("],\"source\":[");
+  at = put(at, "],\"source\":[");
   for (int i = 0; i < inspection.source_count; ++i) {
-    if (i > 0) {
-      json.raw(",");
-    }
-    write_source(json, inspection.source[i]);
+    at = put_source(put_comma(at, i), inspection.source[i]);
   }
-  json.raw("]");
+  return put(at, ']');
 }
 
-void write_state(json_writer &json, const char *value) {
+char *put_state(char *at, const char *value) {
   const state found = find_state(value, value != nullptr ? static_cast<int>(strlen(value)) : 0);
-  json.raw(",\"name\":");
-  json.escaped_string(found.name);
-  json.raw(",\"alpha2\":");
-  json.string(found.alpha2[0] != '\0' ? found.alpha2 : nullptr);
+  at = put(at, ",\"name\":");
+  at = found.name != nullptr ? put_escaped_string(at, found.name) : put(at, "null");
+  return put_string_or_null(put(at, ",\"alpha2\":"), found.alpha2[0] != '\0' ? found.alpha2 : nullptr);
+}
+
+char *put_date(char *at, const varnel_inspected_field &field) {
+  at = put_number_or_null(put(at, ",\"year\":"), field.year, !field.has_value);
+  at = put_number_or_null(put(at, ",\"month\":"), field.month, field.month == 0);
+  return put_number_or_null(put(at, ",\"day\":"), field.day, field.day == 0);
 }
 
 // What a field has beyond what every field has.
-void write_additions(json_writer &json, const varnel_inspection &inspection,
-                     const varnel_inspected_field &field) {
+char *put_additions(char *at, const varnel_inspection &inspection, const varnel_inspected_field &field) {
   const char *value = field.has_value ? field.value : nullptr;
   switch (LAYOUTS[inspection.layout].find(field.field)->kind) {
   case field_kind::state:
-    write_state(json, value);
-    break;
+    return put_state(at, value);
   case field_kind::names:
-    json.raw(",\"truncated\":");
-    json.boolean(field.truncated);
-    break;
+    return put_boolean(put(at, ",\"truncated\":"), field.truncated);
   case field_kind::birth_date:
   case field_kind::expiry_date:
-    json.raw(",\"year\":");
-    json.number_or_null(field.year, value == nullptr);
-    json.raw(",\"month\":");
-    json.number_or_null(field.month, field.month == 0);
-    json.raw(",\"day\":");
-    json.number_or_null(field.day, field.day == 0);
-    break;
+    return put_date(at, field);
   case field_kind::code:
-    json.raw(",\"meaning\":");
-    json.string(varnel_document_code_meaning(inspection.layout, value));
-    break;
+    return put_string_or_null(put(at, ",\"meaning\":"),
+                              varnel_document_code_meaning(inspection.layout, value));
   default:
-    break;
+    return at;
   }
 }
 
-void write_field(json_writer &json, const varnel_inspection &inspection,
-                 const varnel_inspected_field &field) {
-  json.array(FIELD_NAMES[field.field]);
-  json.raw(":{\"text\":");
-  json.array(field.text);
-  json.raw(",\"value\":");
-  if (field.has_value) {
-    json.array(field.value);
-  } else {
-    json.raw("null");
-  }
-  json.raw(",\"line\":");
-  json.number(field.line);
-  json.raw(",\"column\":");
-  json.number(field.column);
-  json.raw(",\"source\":");
-  write_source(json, field.source);
-  json.raw(",\"status\":");
-  json.array(STATUS_NAMES[field.status]);
-  json.raw(",\"proof\":");
-  json.array(PROOF_NAMES[field.proof]);
-  write_additions(json, inspection, field);
-  json.raw("}");
+char *put_field(char *at, const varnel_inspection &inspection, const varnel_inspected_field &field) {
+  at = put_field_name(at, field.field);
+  at = put_string(put(at, ":{\"text\":"), field.text);
+  at = put(at, ",\"value\":");
+  at = field.has_value ? put_string(at, field.value) : put(at, "null");
+  at = put_place(put(at, ','), field.line, field.column);
+  at = put_source(put(at, ",\"source\":"), field.source);
+  at = put_string(put(at, ",\"status\":"), STATUS_NAMES[field.status], STATUS_NAME_LENGTHS.of[field.status]);
+  at = put_string(put(at, ",\"proof\":"), PROOF_NAMES[field.proof], PROOF_NAME_LENGTHS.of[field.proof]);
+  return put(put_additions(at, inspection, field), '}');
 }
 
-void write_fields(json_writer &json, const varnel_inspection &inspection) {
-  json.raw(",\"fields\":{");
-  for (int i = 0; i < inspection.field_count; ++i) {
-    if (i > 0) {
-      json.raw(",");
-    }
-    write_field(json, inspection, inspection.fields[i]);
-  }
-  json.raw("}");
+char *put_check(char *at, const varnel_check &check) {
+  at = put_place(put(put_field_name(at, check.field), ":{"), check.line, check.column);
+  at = put(put(at, ",\"found\":\""), check.found);
+  at = put(put(at, "\",\"expected\":\""), check.expected);
+  at = put_boolean(put(at, "\",\"holds\":"), check.holds);
+  at = put_string_or_null(put(at, ",\"rule\":"), varnel_rule_name(check.rule));
+  return put(at, '}');
 }
 
-void write_checks(json_writer &json, const varnel_inspection &inspection) {
-  json.raw(",\"checks\":{");
-  for (int i = 0; i < inspection.check_count; ++i) {
-    const varnel_check &check = inspection.checks[i];
-    if (i > 0) {
-      json.raw(",");
-    }
-    json.array(FIELD_NAMES[check.field]);
-    json.raw(":{\"line\":");
-    json.number(check.line);
-    json.raw(",\"column\":");
-    json.number(check.column);
-    json.raw(",\"found\":\"");
-    json.character(check.found);
-    json.raw("\",\"expected\":\"");
-    json.character(check.expected);
-    json.raw("\",\"holds\":");
-    json.boolean(check.holds);
-    json.raw(",\"rule\":");
-    json.string(varnel_rule_name(check.rule));
-    json.raw("}");
-  }
-  json.raw("}");
+char *put_change(char *at, const varnel_change &change) {
+  at = put_place(put(at, '{'), change.line, change.column);
+  at = put_escaped_string(put(at, ",\"from\":"), change.from);
+  at = put_escaped_string(put(at, ",\"to\":"), change.to);
+  at = put_string(put(at, ",\"reason\":"), CHANGE_NAMES[change.reason]);
+  return put(at, '}');
 }
 
-void write_changes(json_writer &json, const varnel_inspection &inspection) {
-  json.raw(",\"changes\":[");
-  for (int i = 0; i < inspection.change_count; ++i) {
-    const varnel_change &change = inspection.changes[i];
-    if (i > 0) {
-      json.raw(",");
-    }
-    json.raw("{\"line\":");
-    json.number(change.line);
-    json.raw(",\"column\":");
-    json.number(change.column);
-    json.raw(",\"from\":");
-    json.escaped_string(change.from);
-    json.raw(",\"to\":");
-    json.escaped_string(change.to);
-    json.raw(",\"reason\":");
-    json.array(CHANGE_NAMES[change.reason]);
-    json.raw("}");
-  }
-  json.raw("]");
+char *put_finding(char *at, const varnel_finding &finding) {
+  at = put(at, "{\"code\":");
+  at = put_string(at, FINDING_NAMES[finding.code], FINDING_NAME_LENGTHS.of[finding.code]);
+  at = put_string_or_null(put(at, ",\"field\":"), varnel_field_name(finding.field));
+  at = put_number_or_null(put(at, ",\"line\":"), finding.line, finding.line < 0);
+  at = put_number_or_null(put(at, ",\"column\":"), finding.column, finding.column < 0);
+  return put(at, '}');
 }
 
-void write_findings(json_writer &json, const varnel_finding *findings, int count) {
-  json.raw("[");
-  for (int i = 0; i < count; ++i) {
-    const varnel_finding &finding = findings[i];
-    if (i > 0) {
-      json.raw(",");
-    }
-    json.raw("{\"code\":");
-    json.array(FINDING_NAMES[finding.code]);
-    json.raw(",\"field\":");
-    json.string(varnel_field_name(finding.field));
-    json.raw(",\"line\":");
-    json.number_or_null(finding.line, finding.line < 0);
-    json.raw(",\"column\":");
-    json.number_or_null(finding.column, finding.column < 0);
-    json.raw("}");
-  }
-  json.raw("]");
-}
-
-void write_nearest(json_writer &json, const varnel_inspection &inspection) {
-  json.raw(",\"nearest\":");
+char *put_nearest(char *at, const varnel_inspection &inspection) {
+  at = put(at, ",\"nearest\":");
   if (inspection.nearest_layout == VARNEL_LAYOUT_NONE) {
-    json.raw("null");
-    return;
+    return put(at, "null");
   }
   const layout &form = LAYOUTS[inspection.nearest_layout];
-  json.raw("{\"layout\":");
-  json.string(varnel_layout_name(form.id));
-  json.raw(",\"lines\":[");
+  at = put_string(put(at, "{\"layout\":"), LAYOUT_NAMES[form.id]);
+  at = put(at, ",\"lines\":[");
   for (int i = 0; i < form.lines; ++i) {
-    if (i > 0) {
-      json.raw(",");
-    }
-    json.raw("{\"expected\":");
-    json.number(form.width);
-    json.raw(",\"found\":");
-    json.number(inspection.nearest[i]);
-    json.raw("}");
+    at = put_number(put(put_comma(at, i), "{\"expected\":"), form.width);
+    at = put_number(put(at, ",\"found\":"), inspection.nearest[i]);
+    at = put(at, '}');
   }
-  json.raw("]}");
+  return put(at, "]}");
+}
+
+char *put_end(char *at, const varnel_inspection &inspection) {
+  at = put_nearest(put(at, ']'), inspection);
+  at = put(at, ",\"expired\":");
+  at = inspection.expired < 0 ? put(at, "null") : put_boolean(at, inspection.expired != 0);
+  at = put(at, ",\"chipAccess\":");
+  at = inspection.chip_access[0] != '\0' ? put_string(at, inspection.chip_access) : put(at, "null");
+  return put(at, '}');
+}
+
+// A piece for each entry of an array or object.
+template <class Entry, class Put>
+void write_entries(json_writer &json, const Entry *entries, int count, Put put_entry) {
+  for (int i = 0; i < count; ++i) {
+    json.take(put_entry(put_comma(json.begin(), i), entries[i]));
+  }
 }
 
 void write_inspection(json_writer &json, const varnel_inspection &inspection) {
-  json.raw("{\"version\":1,\"date\":\"");
-  json.padded(inspection.year, 4);
-  json.raw("-");
-  json.padded(inspection.month, 2);
-  json.raw("-");
-  json.padded(inspection.day, 2);
-  json.raw("\",\"repair\":");
-  json.array(REPAIR_NAMES[inspection.repair]);
-  json.raw(",\"verdict\":");
-  json.array(VERDICT_NAMES[inspection.verdict]);
-  json.raw(",\"kind\":");
-  json.string(varnel_kind_name(inspection.layout));
-  json.raw(",\"layout\":");
-  json.string(varnel_layout_name(inspection.layout));
-  write_zone(json, inspection);
-  write_fields(json, inspection);
-  write_checks(json, inspection);
-  write_changes(json, inspection);
-  json.raw(",\"findings\":");
-  write_findings(json, inspection.findings, inspection.finding_count);
-  json.raw(",\"notices\":");
-  write_findings(json, inspection.notices, inspection.notice_count);
-  write_nearest(json, inspection);
-  json.raw(",\"expired\":");
-  if (inspection.expired < 0) {
-    json.raw("null");
-  } else {
-    json.boolean(inspection.expired != 0);
-  }
-  json.raw(",\"chipAccess\":");
-  json.string(inspection.chip_access[0] != '\0' ? inspection.chip_access : nullptr);
-  json.raw("}");
+  json.take(put(put_zone(put_heading(json.begin(), inspection), inspection), ",\"fields\":{"));
+  write_entries(
+      json, inspection.fields, inspection.field_count,
+      [&](char *at, const varnel_inspected_field &field) { return put_field(at, inspection, field); });
+  json.take(put(json.begin(), "},\"checks\":{"));
+  write_entries(json, inspection.checks, inspection.check_count, put_check);
+  json.take(put(json.begin(), "},\"changes\":["));
+  write_entries(json, inspection.changes, inspection.change_count, put_change);
+  json.take(put(json.begin(), "],\"findings\":["));
+  write_entries(json, inspection.findings, inspection.finding_count, put_finding);
+  json.take(put(json.begin(), "],\"notices\":["));
+  write_entries(json, inspection.notices, inspection.notice_count, put_finding);
+  json.take(put_end(json.begin(), inspection));
 }
 
 } // namespace

@@ -1,4 +1,7 @@
 // JSON into a room that may be too small.
+//
+// It is written piece by piece. A piece is put together without a look at the room, by functions that write
+// at a place and return where they ended; the writer gives each a place with room enough.
 #ifndef VARNEL_SRC_DOCUMENTS_JSON_WRITER_HPP
 #define VARNEL_SRC_DOCUMENTS_JSON_WRITER_HPP
 
@@ -10,60 +13,90 @@ namespace documents {
 // Writes what fits and counts what the whole needs.
 class json_writer {
 public:
+  static constexpr size_t PIECE = 640; // bytes that a piece has at most
+
   // Room for `size` bytes, the terminating NUL included; where that is 0 nothing is written to `out`.
+  // cppcheck-suppress uninitMemberVar // the spare piece is read as far as it was written
   json_writer(char *out, size_t size) : out_(size > 0 ? out : nullptr), room_(size > 0 ? size - 1 : 0) {}
 
-  // A literal, without its NUL.
-  template <size_t Size> void raw(const char (&literal)[Size]) {
-    if (room_ - length_ >= Size - 1) {
-      memcpy(out_ + length_, literal, Size - 1);
-      length_ += Size - 1;
+  // Where the next piece is to be written.
+  char *begin() { return room_ - length_ >= PIECE ? out_ + length_ : spare_; }
+
+  // Takes over the piece up to `end`.
+  void take(const char *end) {
+    if (room_ - length_ >= PIECE) {
+      length_ = static_cast<size_t>(end - out_);
     } else {
-      raw(literal, Size - 1);
+      take_spare(static_cast<size_t>(end - spare_));
     }
   }
-
-  void raw(const char *text, size_t length);
-
-  void character(char c);
-
-  void number(unsigned value);
-
-  void number_or_null(int value, bool is_null);
-
-  // Exactly `width` digits, at most 4, with leading zeros.
-  void padded(int value, int width);
-
-  void boolean(bool value);
-
-  // A string of which no character needs a backslash; null for a null pointer.
-  void string(const char *text);
-
-  // The same for a text in an array: the whole array is copied where there is room, at once.
-  template <size_t Size> void array(const char (&text)[Size]) {
-    const size_t length = strlen(text);
-    if (room_ - length_ >= Size + 2) {
-      char *out = out_ + length_;
-      memcpy(out + 1, text, Size);
-      out[0] = out[length + 1] = '"';
-      length_ += length + 2;
-    } else {
-      string(text);
-    }
-  }
-
-  // Any string without control characters; null for a null pointer.
-  void escaped_string(const char *text);
 
   // Ends the text, and returns the length of the whole.
   int finish();
 
 private:
+  void take_spare(size_t length);
+
   char *out_;           // null where not even the NUL has room
   size_t room_;         // for text, the NUL left out
   size_t length_ = 0;   // of what was written, never more than the room
   size_t left_out_ = 0; // what found no room
+  char spare_[PIECE];   // a piece for which there may be no room
 };
+
+// A literal, without its NUL.
+template <size_t Size> char *put(char *at, const char (&literal)[Size]) {
+  memcpy(at, literal, Size - 1);
+  return at + Size - 1;
+}
+
+inline char *put(char *at, char c) {
+  *at = c;
+  return at + 1;
+}
+
+// A text of so many characters as a string; none may need a backslash. All of its array is copied.
+template <size_t Size> char *put_string(char *at, const char (&text)[Size], size_t length) {
+  memcpy(at + 1, text, Size);
+  at[0] = at[length + 1] = '"';
+  return at + length + 2;
+}
+
+template <size_t Size> char *put_string(char *at, const char (&text)[Size]) {
+  return put_string(at, text, strlen(text));
+}
+
+// A string of which no character needs a backslash; null for a null pointer.
+char *put_string_or_null(char *at, const char *text);
+
+// Any string without control characters.
+char *put_escaped_string(char *at, const char *text);
+
+// The two digits of a number below 100.
+inline char *put_two_digits(char *at, unsigned value) {
+  at[0] = static_cast<char>('0' + value / 10);
+  at[1] = static_cast<char>('0' + value % 10);
+  return at + 2;
+}
+
+inline char *put_four_digits(char *at, unsigned value) {
+  return put_two_digits(put_two_digits(at, value / 100), value % 100);
+}
+
+// A number of three digits or more.
+char *put_long_number(char *at, unsigned value);
+
+inline char *put_number(char *at, unsigned value) {
+  return value < 10    ? put(at, static_cast<char>('0' + value))
+         : value < 100 ? put_two_digits(at, value) // nearly every place in a zone
+                       : put_long_number(at, value);
+}
+
+inline char *put_number_or_null(char *at, int value, bool is_null) {
+  return is_null ? put(at, "null") : put_number(at, static_cast<unsigned>(value));
+}
+
+inline char *put_boolean(char *at, bool value) { return value ? put(at, "true") : put(at, "false"); }
 
 } // namespace documents
 

@@ -5,6 +5,8 @@
 
 #include <Varnel/documents/inspect.h>
 
+#include <stdint.h>
+
 namespace documents {
 
 #define VARNEL_NAME_ONLY(constant, name) name,
@@ -26,6 +28,21 @@ inline constexpr char PROOF_NAMES[][10] = {"none", "list", "composite", "digit",
 inline constexpr char REPAIR_NAMES[][8] = {"off", "columns", "digits"};
 inline constexpr char CHANGE_NAMES[][7] = {"", "class", "filler", "digit", "twin"};
 inline constexpr char RULE_NAMES[][7] = {"", "plain", "filler"};
+
+// How long each name of a table is.
+template <int Count> struct name_lengths {
+  uint8_t of[Count] = {};
+
+  template <int Size> constexpr explicit name_lengths(const char (&names)[Count][Size]) {
+    for (int i = 0; i < Count; ++i) {
+      while (names[i][of[i]] != '\0') {
+        ++of[i];
+      }
+    }
+  }
+};
+
+template <int Count, int Size> name_lengths(const char (&)[Count][Size]) -> name_lengths<Count>;
 
 // The entry of a table; null for a number that it does not have and for one that has no name.
 template <int Count, int Size> constexpr const char *name_of(const char (&names)[Count][Size], int number) {
