@@ -54,6 +54,53 @@ TEST(Words, TheFirstNulIsFound) {
   }
 }
 
+TEST(Words, MarksAreCounted) {
+  struct row {
+    uint64_t marks;
+    unsigned count;
+  };
+  const row rows[] = {
+      {0, 0},
+      {UINT64_C(0x7F7F7F7F7F7F7F7F), 0}, // bits between the marks
+      {UINT64_C(0x0000000000000080), 1},
+      {UINT64_C(0x8000000000000000), 1},
+      {UINT64_C(0x80FF7F0080010080), 4},
+      {UINT64_C(0xFFFFFFFFFFFFFFFF), 8},
+  };
+  for (const row &r : rows) {
+    EXPECT_EQ(words::count(r.marks), r.count) << std::hex << r.marks;
+    EXPECT_EQ(words::any(r.marks), r.count > 0) << std::hex << r.marks;
+  }
+}
+
+// One marked character, at each place of a wide word.
+TEST(Words, WideMarksAreThoseOfTheirPlainWords) {
+  for (int position = 0; position < words::WIDE_SIZE; ++position) {
+    std::string text(static_cast<size_t>(words::WIDE_SIZE), 'A');
+    text[static_cast<size_t>(position)] = '<';
+    const words::wide word = words::load<words::wide>(text.data());
+    const words::wide fillers = words::in_range(word, '<', '<');
+    const words::wide letters = words::in_range(word, 'A', 'Z');
+    EXPECT_TRUE(words::any(fillers)) << position;
+    EXPECT_EQ(words::count(fillers), 1u) << position;
+    EXPECT_EQ(words::count(letters), static_cast<unsigned>(words::WIDE_SIZE) - 1) << position;
+    EXPECT_EQ(words::count(fillers | letters), static_cast<unsigned>(words::WIDE_SIZE)) << position;
+    EXPECT_FALSE(words::any(words::in_range(word, '0', '9'))) << position;
+    EXPECT_EQ(words::count(words::in_range(word, '0', '9')), 0u) << position;
+    for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
+      EXPECT_EQ(words::plain(word, i), words::load<uint64_t>(text.data() + i)) << position;
+    }
+  }
+}
+
+TEST(Words, BitsAreSetInEveryCharacter) {
+  EXPECT_EQ(words::with_bits(words::load<uint64_t>("ABCDEFGH"), 0x20), words::load<uint64_t>("abcdefgh"));
+  const words::wide word = words::with_bits(words::load<words::wide>("ABCDEFGHIJKLMNOP"), 0x20);
+  for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
+    EXPECT_EQ(words::plain(word, i), words::load<uint64_t>(&"abcdefghijklmnop"[i]));
+  }
+}
+
 TEST(Words, AreStoredAsTheyAreLoaded) {
   for (const std::string_view text : {"ABCDEFGH", "\xFF\x80\x7F\x01 <09"}) {
     char stored[words::SIZE + 1] = {};
