@@ -1,5 +1,6 @@
 #include "document_writer.hpp"
 
+#include "plain_text.hpp"
 #include "quoting.hpp"
 #include "slots.hpp"
 
@@ -23,16 +24,21 @@ std::string_view filled_slot(const PARSE_RESULT &result, const named_slot &slot)
                                                          : view(varnel_value(&result, slot.number));
 }
 
+// The most that twelve plain values and what stands before each may take.
+constexpr std::size_t VALUES_ROOM = VARNEL_VALUE_COUNT * (plain_text<plain_json>::LONGEST + 32);
+static_assert(VALUES_ROOM < output::SIZE, "the output has room for one document");
+
 } // namespace
 
 document_writer::document_writer(output &out, const document_rows &rows, bool with_slots)
     : out_(out), rows_(rows), with_slots_(with_slots) {
   const PARSE_RESULT empty = {};
-  std::string lead = rows_.with_source() ? "\"" : "{\"";
+  std::string before = rows_.with_source() ? "\"" : "{\"";
   std::size_t position = 0;
   for (const VARNEL_PAIR &pair : exported(empty)) {
-    json_leads_[position++] = lead + pair.key + "\":\"";
-    lead = "\",\"";
+    lead &next = json_leads_[position++];
+    next.size = (before + pair.key + "\":\"").copy(next.text.data(), next.text.size());
+    before = "\",\"";
   }
 }
 
@@ -74,10 +80,7 @@ void document_writer::json(const document &from, const PARSE_RESULT &result, std
   }
   VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
   varnel_export(&result, pairs);
-  for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
-    out_.put(json_leads_[i]);
-    put_json_text(out_, view(pairs[i].value));
-  }
+  json_values(pairs);
   if (!with_slots_ && more.empty()) {
     out_.put("\"}\n");
     return;
@@ -88,6 +91,41 @@ void document_writer::json(const document &from, const PARSE_RESULT &result, std
   }
   out_.put(more);
   out_.put("}\n");
+}
+
+// All values at once where they are plain, otherwise one by one.
+void document_writer::json_values(const VARNEL_PAIR *pairs) {
+  plain_text<plain_json> all(out_.room(VALUES_ROOM));
+  for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
+    all.put(json_leads_[i].text, json_leads_[i].size);
+    all.put(view(pairs[i].value));
+  }
+  if (all.is_plain()) {
+    out_.commit(all.end());
+    return;
+  }
+  for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
+    out_.put(json_leads_[i].view());
+    put_json_text(out_, view(pairs[i].value));
+  }
+}
+
+// The same with a comma before each.
+void document_writer::csv_values(const VARNEL_PAIR *pairs) {
+  constexpr std::array<char, 1> comma = {','};
+  plain_text<plain_csv> all(out_.room(VALUES_ROOM));
+  for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
+    all.put(comma, comma.size());
+    all.put(view(pairs[i].value));
+  }
+  if (all.is_plain()) {
+    out_.commit(all.end());
+    return;
+  }
+  for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
+    out_.put(',');
+    put_csv_cell(out_, view(pairs[i].value));
+  }
 }
 
 void document_writer::json_slots(const PARSE_RESULT &result) {
@@ -111,10 +149,7 @@ void document_writer::csv(const document &from, const PARSE_RESULT &result) {
   VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
   varnel_export(&result, pairs);
   rows_.begin_row(from);
-  for (const VARNEL_PAIR &pair : pairs) {
-    out_.put(',');
-    put_csv_cell(out_, view(pair.value));
-  }
+  csv_values(pairs);
   if (with_slots_) {
     csv_slots(result);
   }

@@ -34,6 +34,8 @@ public:
 
 private:
   void json(const document &from, const PARSE_RESULT &result, std::string_view more);
+  void json_values(const VARNEL_PAIR *pairs);
+  void csv_values(const VARNEL_PAIR *pairs);
   void json_slots(const PARSE_RESULT &result);
   void csv(const document &from, const PARSE_RESULT &result);
   void csv_slots(const PARSE_RESULT &result);
@@ -42,7 +44,14 @@ private:
   output &out_;
   document_rows rows_;
   bool with_slots_;
-  std::array<std::string, VARNEL_VALUE_COUNT> json_leads_; // what stands before each value of an object
+  // What stands before each value of an object, in pieces of one size, which are copied without a call.
+  struct lead {
+    std::array<char, 32> text = {};
+    std::size_t size = 0;
+
+    std::string_view view() const { return std::string_view(text.data(), size); }
+  };
+  std::array<lead, VARNEL_VALUE_COUNT> json_leads_;
 };
 
 } // namespace varnel::cli

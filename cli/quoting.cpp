@@ -1,6 +1,7 @@
 #include "quoting.hpp"
 
 #include "../src/utf8.hpp"
+#include "plain_text.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -9,19 +10,13 @@ namespace varnel::cli {
 
 namespace {
 
-// Characters that stand for themselves within a JSON string, as nearly all do that a zone brings.
-constexpr bool is_plain_json(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
-
-// Texts of up to this size are written in one go when they are plain.
-constexpr std::size_t ONE_GO = 1024;
-
 void put_json_escaped(output &out, std::string_view text) {
   constexpr char HEX[] = "0123456789abcdef";
   while (!text.empty()) {
     const char c = text.front();
     const unsigned char byte = static_cast<unsigned char>(c);
     const std::size_t length = static_cast<std::size_t>(utf8::sequence_length(text.data(), text.size()));
-    if (is_plain_json(c) || length > 1) {
+    if (plain_json::contains(c) || length > 1) {
       out.put(text.substr(0, length));
     } else if (c == '"' || c == '\\') {
       out.put('\\');
@@ -67,6 +62,16 @@ constexpr bool steers_terminal(std::string_view character) {
   return (number >= 0x80 && number < 0xA0) || is_direction_mark(number);
 }
 
+// Writes a text where it is plain.
+template <class Plain> bool put_plain(output &out, std::string_view text) {
+  plain_text<Plain> copy(out.room(plain_text<Plain>::LONGEST));
+  copy.put(text);
+  if (copy.is_plain()) {
+    out.commit(copy.end());
+  }
+  return copy.is_plain();
+}
+
 bool is_letter_or_digit(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
@@ -74,20 +79,15 @@ bool is_letter_or_digit(char c) {
 } // namespace
 
 void put_json_text(output &out, std::string_view text) {
-  char *end = out.room(ONE_GO);
-  bool plain = text.size() <= ONE_GO;
-  for (std::size_t i = 0; plain && i < text.size(); ++i) {
-    plain = is_plain_json(text[i]);
-    *end++ = text[i];
-  }
-  if (plain) {
-    out.commit(end);
-  } else {
+  if (!put_plain<plain_json>(out, text)) {
     put_json_escaped(out, text);
   }
 }
 
 void put_csv_cell(output &out, std::string_view text) {
+  if (put_plain<plain_csv>(out, text)) {
+    return;
+  }
   if (std::none_of(text.begin(), text.end(), needs_quotes)) {
     out.put(text);
     return;

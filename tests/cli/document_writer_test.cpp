@@ -1,5 +1,6 @@
 // No machine-readable zone brings these bytes into a slot, but a slot may hold any.
 #include "document_writer.hpp"
+#include "plain_text.hpp"
 
 #include <gtest/gtest.h>
 
@@ -114,4 +115,50 @@ TEST(Output, DropsEverythingAfterAFailedWrite) {
   EXPECT_EQ(out.error(), EBADF);
   out.put(std::string(3 * output::SIZE, 'b'));
   EXPECT_FALSE(out.flush());
+}
+
+// Whatever the length of a value, and wherever a character stands in it that has to be escaped.
+TEST(PlainText, EveryCharacterIsJudgedAtEveryPlaceOfEveryLength) {
+  char written[64];
+  for (std::size_t length = 1; length <= 20; ++length) {
+    for (std::size_t place = 0; place < length; ++place) {
+      for (int c = 0; c < 256; ++c) {
+        std::string text(length, 'A');
+        text[place] = static_cast<char>(c);
+        const bool ascii = c >= 0x20 && c < 0x7F;
+        plain_text<plain_json> json(written);
+        json.put(text);
+        ASSERT_EQ(json.is_plain(), ascii && c != '"' && c != '\\')
+            << c << " at " << place << " of " << length;
+        ASSERT_EQ(std::string(written, json.end()), text);
+        plain_text<plain_csv> csv(written);
+        csv.put(text);
+        ASSERT_EQ(csv.is_plain(), ascii && c != '"' && c != ',') << c << " at " << place << " of " << length;
+      }
+    }
+  }
+}
+
+TEST(PlainText, OneThatIsNotMakesAllOfThemNot) {
+  char written[64];
+  plain_text<plain_json> text(written);
+  text.put("a\"b");
+  text.put("plain");
+  text.put("");
+  EXPECT_FALSE(text.is_plain());
+}
+
+TEST(PlainText, AsLongAsCanBe) {
+  std::string written(plain_text<plain_json>::LONGEST + 1, '\0');
+  const std::string longest(plain_text<plain_json>::LONGEST, 'x');
+  plain_text<plain_json> text(written.data());
+  text.put(longest);
+  EXPECT_TRUE(text.is_plain());
+  EXPECT_EQ(std::string(written.data(), text.end()), longest);
+  plain_text<plain_json> longer(written.data());
+  longer.put(longest + 'x');
+  EXPECT_FALSE(longer.is_plain());
+  EXPECT_EQ(longer.end(), written.data());
+  EXPECT_EQ(json_name(longest + 'x'), longest + 'x');
+  EXPECT_EQ(csv_name(longest + 'x'), longest + 'x');
 }
