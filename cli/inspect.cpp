@@ -14,6 +14,7 @@
 #include <Varnel/documents/looks.h>
 
 #include <algorithm>
+#include <atomic>
 #include <charconv>
 #include <cstdint>
 #include <ctime>
@@ -164,8 +165,11 @@ private:
 
 class inspect : public document_command {
 public:
-  inspect(const arguments &asked, output &out, const varnel_inspect_options &options)
-      : writer_(out, asked), options_(options) {}
+  /** @param doubtful the documents that are; several commands may count together, each in a thread of its own
+   */
+  inspect(const arguments &asked, output &out, const varnel_inspect_options &options,
+          std::atomic<std::uint64_t> &doubtful)
+      : writer_(out, asked), options_(options), doubtful_(doubtful) {}
 
   void begin() override { writer_.begin(); }
 
@@ -173,7 +177,9 @@ public:
     too_long_ = from.text.size() > VARNEL_TEXT_MAX;
     varnel_inspect(from.text.data(), too_long_ ? 0 : from.text.size(), &options_, &inspection_);
     writer_.write(from, inspection_);
-    doubtful_ += inspection_.verdict == VARNEL_VERDICT_DOUBTFUL ? 1 : 0;
+    if (inspection_.verdict == VARNEL_VERDICT_DOUBTFUL) {
+      ++doubtful_;
+    }
     return inspection_.verdict != VARNEL_VERDICT_REFUSED;
   }
 
@@ -190,14 +196,12 @@ public:
     return doubtful_ > 0 ? ", " + std::to_string(doubtful_) + " doubtful" : "";
   }
 
-  bool was_doubtful() const { return doubtful_ > 0; }
-
 private:
   inspection_writer writer_;
   varnel_inspect_options options_;
   varnel_inspection inspection_ = {};
   bool too_long_ = false;
-  std::uint64_t doubtful_ = 0;
+  std::atomic<std::uint64_t> &doubtful_;
 };
 
 // ---- several looks at one document -------------------------------------------------------------------
@@ -401,12 +405,21 @@ int run(const arguments &asked, output &out) {
     return code == EXIT_TROUBLE ? code : verdict;
   }
   if (split_of(asked) == split::zone) {
+    if (asked.has(JOBS_OPTION.name)) {
+      return complain_of_usage(
+          "--jobs goes with --each line or --each block: where a zone ends is known only when "
+          "the one before it was read");
+    }
     return zones(asked, out, options).run();
   }
-  inspect command(asked, out, options);
+  std::atomic<std::uint64_t> doubtful{0};
+  inspect command(asked, out, options, doubtful);
   // One byte more than can be inspected, so that a longer text is seen to be too long.
-  const int code = read_documents(asked, out, command, VARNEL_TEXT_MAX + 1, reading::exact);
-  return code == EXIT_ALL_READ && command.was_doubtful() ? EXIT_SOME_REFUSED : code;
+  const int code =
+      read_documents(asked, out, command, VARNEL_TEXT_MAX + 1, reading::exact, [&](output &other) {
+        return std::make_unique<inspect>(asked, other, options, doubtful);
+      });
+  return code == EXIT_ALL_READ && doubtful > 0 ? EXIT_SOME_REFUSED : code;
 }
 
 } // namespace
@@ -417,7 +430,7 @@ const command INSPECT_COMMAND = {
     "FILE",
     "Files to read, each a text with a document's zone somewhere in it; '-' or none:\nstandard input",
     false,
-    {DATE_OPTION, REPAIR_OPTION, LOOKS_OPTION, EACH_OPTION, FORMAT_OPTION, WITH_SOURCE_OPTION,
+    {DATE_OPTION, REPAIR_OPTION, LOOKS_OPTION, EACH_OPTION, FORMAT_OPTION, JOBS_OPTION, WITH_SOURCE_OPTION,
      VERBOSE_OPTION},
     "  varnel inspect page.txt                the zone on a page of text, with what fails\n"
     "  varnel inspect --each zone scans.txt   all zones of a text, JSON lines\n"

@@ -47,7 +47,7 @@ _varnel() {
     parse | inspect | barcode)
       if [[ "$word" == -* ]]; then
         local options="--each --format --help --jobs --slots --verbose --version --with-source"
-        [[ "$command" == inspect ]] && options="--date --each --format --help --looks --repair --verbose --version --with-source"
+        [[ "$command" == inspect ]] && options="--date --each --format --help --jobs --looks --repair --verbose --version --with-source"
         [[ "$command" == barcode ]] && options="--format --help --info --slots --version --with-source"
         COMPREPLY=($(compgen -W "$options" -- "$word"))
       else

@@ -13,7 +13,7 @@ complete -c varnel -n __fish_use_subcommand -a element -d 'Look AAMVA data eleme
 complete -c varnel -n __fish_use_subcommand -a soundex -d 'Print the Soundex codes of names'
 complete -c varnel -n '__fish_seen_subcommand_from parse inspect barcode element soundex' -l format -x -a 'json table csv' -d 'How to print'
 complete -c varnel -n '__fish_seen_subcommand_from parse inspect' -l each -x -a 'line block zone' -d 'Read many documents from each file'
-complete -c varnel -n '__fish_seen_subcommand_from parse' -l jobs -x -d 'With --each, read with so many threads'
+complete -c varnel -n '__fish_seen_subcommand_from parse inspect' -l jobs -x -d 'With --each, read with so many threads'
 complete -c varnel -n '__fish_seen_subcommand_from parse barcode' -l slots -d 'Show every filled slot of the record too'
 complete -c varnel -n '__fish_seen_subcommand_from parse inspect barcode' -l with-source -d 'Print the file and the line of each document'
 complete -c varnel -n '__fish_seen_subcommand_from parse inspect' -l verbose -d 'With --each, say why each document was refused'

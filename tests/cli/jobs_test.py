@@ -1,4 +1,4 @@
-"""varnel parse --each --jobs: the same answers, whatever the number of threads."""
+"""varnel parse and inspect, --each --jobs: the same answers, whatever the number of threads."""
 
 import pathlib
 import signal
@@ -30,11 +30,11 @@ def many_lines():
 class SameAnswers(unittest.TestCase):
     maxDiff = 2000
 
-    def expect_same(self, *arguments, text=b""):
-        expected = varnel("parse", *arguments, text=text)
+    def expect_same(self, *arguments, text=b"", command="parse"):
+        expected = varnel(command, *arguments, text=text)
         for jobs in JOBS:
             with self.subTest(arguments=arguments, jobs=jobs):
-                found = varnel("parse", *arguments, "--jobs", jobs, text=text)
+                found = varnel(command, *arguments, "--jobs", jobs, text=text)
                 self.assertEqual(found[0], expected[0])
                 self.assertTrue(found[1] == expected[1], "the output differs")
                 self.assertTrue(found[2] == expected[2], "the messages differ")
@@ -80,6 +80,33 @@ class SameAnswers(unittest.TestCase):
 
     def test_of_one_document_without_each(self):
         self.assertEqual(self.expect_same(text=PASSPORT), (0, PASSPORT_JSON, b""))
+
+
+    def test_of_inspections(self):
+        text = many_lines()
+        date = ("--date", "2026-11-21")
+        for options in ([], ["--format", "csv"], ["--format", "table"], ["--with-source"], ["--repair", "digits"],
+                        ["--verbose"]):
+            with self.subTest(options=options):
+                code, out, _ = self.expect_same("--each", "line", *date, *options, text=text, command="inspect")
+                self.assertEqual(code, 1)
+                self.assertGreater(out.count(b"\n"), 6000)
+        blocks = b"".join(PASSPORT + b"\n" + CARD + b"\n" for _ in range(900))
+        code, out, err = self.expect_same("--each", "block", *date, text=blocks, command="inspect")
+        self.assertEqual((code, out.count(b"\n"), err), (0, 1800, b""))
+
+    def test_of_doubtful_documents(self):
+        doubtful = PASSPORT_LINE.replace(b"L898902C3", b"L898902C4")
+        code, out, _ = self.expect_same("--each", "line", "--date", "2026-11-21", text=PASSPORT_LINE * 999 + doubtful,
+                                        command="inspect")
+        self.assertEqual((code, out.count(b'"doubtful"')), (1, 1))
+
+
+class Zones(unittest.TestCase):
+    def test_are_inspected_one_after_the_other(self):
+        code, out, err = varnel("inspect", "--each", "zone", "--jobs", "2", text=PASSPORT)
+        self.assertEqual((code, out), (2, b""))
+        self.assertIn(b"varnel: --jobs goes with --each line or --each block", err)
 
 
 class Numbers(unittest.TestCase):

@@ -31,7 +31,7 @@ class Help(unittest.TestCase):
         self.assertEqual(options_of(), {"help", "version"})
         self.assertEqual(options_of("parse"), {"help", "version", "each", "format", "jobs", "slots", "with-source", "verbose"})
         self.assertEqual(options_of("inspect"),
-                         {"help", "version", "date", "repair", "looks", "each", "format", "with-source", "verbose"})
+                         {"help", "version", "date", "repair", "looks", "each", "format", "jobs", "with-source", "verbose"})
         self.assertEqual(options_of("barcode"), {"help", "version", "format", "slots", "info", "with-source"})
         self.assertEqual(options_of("compose"), {"help", "version", "format"})
         self.assertEqual(options_of("specimen"), {"help", "version", "layout", "count", "seed", "format"})
