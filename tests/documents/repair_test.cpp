@@ -110,6 +110,36 @@ TEST(Repair, ClassOfCharacters) {
   }
 }
 
+// Unknown dates are read as any others, one that does not hold is a finding, and nothing else is lost to it.
+TEST(Repair, Dates) {
+  const std::string top = "P<UT0ERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<sssss\n";
+  const std::string top_changes = "0:4 0>O class, 0:39 s>< filler, 0:40 s>< filler, 0:41 s>< filler, "
+                                  "0:42 s>< filler, 0:43 s>< filler";
+  const struct {
+    const char *low;
+    const char *verdict;
+    const char *read;
+    const char *changes;
+    const char *findings;
+  } table[] = {
+      {"L898902C36UTO<<<<<<<F1204159<<<<<<<<<<<<<<<8\n", "repaired", "", "", ""},
+      {"L898902C36UTO<<<<<<OF1204159<<<<<<<<<<<<<<<8\n", "repaired",
+       "L898902C36UTO<<<<<<0F1204159<<<<<<<<<<<<<<<8\n", ", 1:19 O>0 class", ""},
+      {"L898902C36UTO74<<<<IF1204159<<<<<<<<<<<<<<<6\n", "repaired",
+       "L898902C36UTO74<<<<1F1204159<<<<<<<<<<<<<<<6\n", ", 1:19 I>1 class", ""},
+      {"L898902C36UTO74O8122F<<<<<<0<<<<<<<<<<<<<<<8\n", "repaired",
+       "L898902C36UTO7408122F<<<<<<0<<<<<<<<<<<<<<<8\n", ", 1:15 O>0 class", ""},
+      {"L898902C36UTO7408132F1204159<<<<<<<<<<<<<<<6\n", "doubtful", "", "",
+       "checkFailed birthDate, checkFailed composite"},
+      {"L898902C36UTO7413128F12O4159<<<<<<<<<<<<<<<8\n", "doubtful",
+       "L898902C36UTO7413128F1204159<<<<<<<<<<<<<<<8\n", ", 1:23 O>0 class", "notADate birthDate"},
+  };
+  for (const auto &row : table) {
+    const char *low = row.read[0] == '\0' ? row.low : row.read;
+    expect({1, top + row.low, row.verdict, TOP + low, top_changes + row.changes, row.findings});
+  }
+}
+
 TEST(Repair, Fillers) {
   const expectation table[] = {
       {1, "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<sssscc\n" + LOW, "repaired", TOP + LOW,

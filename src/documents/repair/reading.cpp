@@ -143,9 +143,13 @@ struct dates_unit {
   int begin;
   int end;
   int cost;
+  uint8_t failures;
   characters text;
 };
 
+bool is_proof(const date_unit &date) { return date.holds && !date.is_empty; }
+
+// One of the dates has to hold: two fillers, or two numbers that may be anything, are no dates.
 bool read_dates(const noisy_line &line, int begin, int birth_length, int expiry_length, dates_unit &dates) {
   date_unit birth;
   date_unit expiry;
@@ -155,12 +159,14 @@ bool read_dates(const noisy_line &line, int begin, int birth_length, int expiry_
     return false;
   }
   const char sex = read_sex(line.text[sex_at], dates.cost);
-  if (sex == '\0' || !read_date(line, sex_at + 1, expiry_length, expiry)) {
+  if (sex == '\0' || !read_date(line, sex_at + 1, expiry_length, expiry) ||
+      (!is_proof(birth) && !is_proof(expiry))) {
     return false;
   }
   dates.begin = begin;
   dates.end = sex_at + 1 + expiry_length;
   dates.cost += birth.cost + expiry.cost;
+  dates.failures = static_cast<uint8_t>(!birth.holds + !expiry.holds);
   dates.text.put(birth.text);
   dates.text.put(sex, sex_at);
   dates.text.put(expiry.text);
@@ -293,10 +299,10 @@ private:
     read_names(*lines_[line], names_at, form_.width - r.lines[line].size, noisy_ || headed, around_, names);
     r.lines[line].put(names.text);
     r.cost += names.cost + names.length_cost;
-    r.length_cost += names.length_cost;
+    r.excused += names.length_cost;
     r.doubts |= names.doubts;
     constexpr int guess = 250; // so many changes would make a zone of much that is none
-    r.doubts |= r.cost - r.length_cost >= guess ? 1u << VARNEL_DOCUMENT_NUMBER : 0;
+    r.doubts |= r.cost - r.excused >= guess ? 1u << VARNEL_DOCUMENT_NUMBER : 0;
     offer(r);
   }
 
@@ -369,6 +375,7 @@ private:
           continue;
         }
         judge_number(number, around_);
+        add_failures(dates, r);
         r.cost += dates.cost + number.cost + (begin > 0 ? cost::HEAD_DROPPED : 0);
         r.lines[1].put(number.text);
         r.lines[1].put(nationality);
@@ -407,6 +414,11 @@ private:
     return false;
   }
 
+  static void add_failures(const dates_unit &dates, reading &r) {
+    r.failures = dates.failures;
+    r.excused += dates.failures * cost::FAILS;
+  }
+
   // What a number's digit says, now that what follows it is known.
   void conclude(const number_unit &number, reading &r) const {
     const long_number whole = find_long_number(r);
@@ -420,7 +432,7 @@ private:
     const int off = length > wanted ? length - wanted : wanted - length;
     const int added = off > 0 ? cost::UNEVEN + cost::LENGTH_OF_DATA * off : 0;
     r.cost += added;
-    r.length_cost += added;
+    r.excused += added;
   }
 
   // The data after the dates with the digits that end the line.
@@ -598,6 +610,7 @@ private:
         if (count == 0) {
           continue;
         }
+        add_failures(dates, r);
         r.cost += number.cost + dates.cost;
         add_length(top.size - data_at, data.length, r);
         r.lines[0].put(number.text);

@@ -11,9 +11,9 @@ namespace documents::repair {
 // A zone as it was read, its errors put right as far as that can be known.
 struct reading {
   uint8_t layout;   // VARNEL_LAYOUT_NONE: there is none
-  uint8_t failures; // numbers, personal numbers and composites whose digit does not hold; dates' always do
+  uint8_t failures; // dates, numbers, personal numbers and composites that do not hold
   int cost;
-  int length_cost; // of it: for fillers lost or doubled at the ends of lines
+  int excused;     // of it: for fillers lost or doubled at the ends of lines, and dates that fail
   uint32_t doubts; // 1 << field: the value may have been misread
   characters lines[VARNEL_ZONE_LINES];
 };

@@ -82,11 +82,25 @@ bool take_second_meaning(const char *read, char *text) {
   return place >= 0;
 }
 
+bool is_empty(const char *text) {
+  for (int i = 0; i < DATE; ++i) {
+    if (text[i] != FILLER) {
+      return false;
+    }
+  }
+  return true;
+}
+
 bool make_digits(date_unit &date) {
   char *text = date.text.text;
   const int known = count_known(text);
   if (known == 0) {
-    return false;
+    date.holds = date.is_empty = is_empty(text) && (text[DATE] == FILLER || digit_for(text[DATE]) == '0');
+    if (text[DATE] != FILLER) {
+      text[DATE] = '0';
+    }
+    date.cost += cost::FILLER;
+    return date.holds;
   }
   char read[DATE + 1];
   for (int i = 0; i <= DATE; ++i) {
@@ -99,16 +113,18 @@ bool make_digits(date_unit &date) {
       return false;
     }
   }
-  return (holds(text) || take_second_meaning(read, text)) && may_exist(text, known);
+  date.holds = (holds(text) || take_second_meaning(read, text)) && may_exist(text, known);
+  date.cost += date.holds ? 0 : cost::FAILS;
+  return true;
 }
 
 // Whether it is worth while to look closer: a month begins with 0 or 1, a day with 0 to 3.
 bool may_be_date(const char *read, int length) {
-  if (digit_for(read[0]) == '\0') {
-    return false;
-  }
   if (length > DATE + 1) {
-    return true;
+    return digit_for(read[0]) != '\0';
+  }
+  if (digit_for(read[0]) == '\0') {
+    return is_empty(read);
   }
   const char month = digit_for(read[2]);
   const char day = digit_for(read[4]);
@@ -146,7 +162,7 @@ bool read_date(const noisy_line &line, int at, int length, date_unit &date) {
       date.text.put(line.text[i], i);
     }
   }
-  return make_digits(date);
+  return make_digits(date) && (date.holds || dropped < 0);
 }
 
 // States.

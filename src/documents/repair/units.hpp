@@ -52,8 +52,9 @@ constexpr int HEAD_DROPPED = 40;
 constexpr int LOOKALIKE = 50;
 constexpr int FILLER = 80; // one more or less within a unit
 constexpr int INNER_FILLER = 120;
-constexpr int WRONG = 150; // a character that cannot stand there
-constexpr int TWIN = 200;  // a character dropped
+constexpr int WRONG = 150;  // a character that cannot stand there
+constexpr int TWIN = 200;   // a character dropped
+constexpr int FAILS = 1000; // a date: only where there is no other reading
 } // namespace cost
 
 // How far the reading may go, and what is printed beside the zone.
@@ -69,12 +70,14 @@ struct surroundings {
 
 // Six digits or fillers and their check digit.
 struct date_unit {
+  bool holds;
+  bool is_empty; // of fillers, and holds
   int cost;
   characters text;
 };
 
-// Reads a date that exists and whose digit holds, from seven characters, or from eight with a twin among
-// them. Letters become digits; a digit never becomes another.
+// Reads a date from seven characters, or from eight with a twin among them where its digit holds then.
+// Letters become digits; a digit never becomes another. Holds where it exists and its digit holds.
 bool read_date(const noisy_line &line, int at, int length, date_unit &date);
 
 // Appends the three letters of a listed code, from three characters, or from two or four with a filler or a
