@@ -106,6 +106,28 @@ TEST(ControlSum, GivesEachCharacterItsValueAtEachWeight) {
   }
 }
 
+// No caller should ask, and whatever the answer, nothing beside the three weights may be read for it.
+TEST(ControlSum, TakesANegativePositionForThatTwoToTheThirtySecondAbove) {
+  struct row {
+    int start;
+    int sum; // of "AB": 10 and 11, weighted
+    int end;
+  };
+  const row rows[] = {
+      {-1, 10 * 7 + 11 * 3, 1},                // 4294967295, a multiple of 3
+      {-2, 10 * 1 + 11 * 7, 0},                // 4294967294
+      {-3, 10 * 3 + 11 * 1, -1},               // 4294967293
+      {-4, 10 * 7 + 11 * 3, -2},               // 4294967292
+      {INT_MIN, 10 * 1 + 11 * 7, INT_MIN + 2}, // 2147483648
+      {INT_MAX, 10 * 3 + 11 * 1, INT_MIN + 1}, // 2147483647: the position wraps
+  };
+  for (const row &r : rows) {
+    int pos = r.start;
+    EXPECT_EQ(MRZ_common_calc_control_sum("AB", 2, &pos), r.sum) << r.start;
+    EXPECT_EQ(pos, r.end) << r.start;
+  }
+}
+
 TEST(ControlSum, RunsOnOverStretches) {
   int pos = 0;
   EXPECT_EQ(MRZ_common_calc_control_sum("AB", 2, &pos), 103);

@@ -78,7 +78,8 @@ VARNEL_API int MRZ_common_pattern_valid_mrz_cc(int c);
  * @param str          the stretch; null fails.
  * @param len          its length in characters; 0 or less adds nothing.
  * @param[in,out] pos  the position in the cycle of weights, 0 or more: on return moved on by `len`, on
- *                     failure untouched. Null starts at 0.
+ *                     failure untouched. Null starts at 0. A negative one has no place in the cycle: it counts
+ *                     as the number 2^32 above it, so that nothing but the three weights is read.
  * @return the sum, not yet taken modulo 10; -1 for null or a character outside the MRZ character set.
  */
 VARNEL_API int MRZ_common_calc_control_sum(const char *str, int len, int *pos);
