@@ -49,13 +49,6 @@ bool is_known(const std::string &id) {
                      [&id](const element_table &table) { return !slots_of(id, table).empty(); });
 }
 
-char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-std::string capitals(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), capital);
-  return text;
-}
-
 void put_object(output &out, const std::string &id) {
   out.put("{\"element\":\"");
   put_json_text(out, id);
@@ -90,7 +83,7 @@ void add_rows(listing &rows, const std::string &id) {
 int run(const arguments &asked, output &out) {
   return answer_words(asked, out, {"element", "table", "slot", "constant"},
                       [&out](const std::string &word, format how, listing &rows) {
-                        const std::string id = capitals(word);
+                        const std::string id = uppercase(word);
                         if (!is_known(id)) {
                           complain("unknown element " + in_quotes(word));
                           return false;

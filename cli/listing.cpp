@@ -10,18 +10,19 @@
 
 namespace varnel::cli {
 
-namespace {
-
-char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-} // namespace
+std::string uppercase(std::string text) {
+  for (char &c : text) {
+    c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  }
+  return text;
+}
 
 listing::listing(output &out, format how, row heading) : out_(out), format_(how), widths_(heading.size()) {
   if (format_ == format::csv) {
     put_csv(heading);
   } else if (format_ == format::table) {
     for (std::string &cell : heading) {
-      std::transform(cell.begin(), cell.end(), cell.begin(), capital);
+      cell = uppercase(std::move(cell));
     }
     keep(std::move(heading));
   }

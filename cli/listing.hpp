@@ -12,12 +12,15 @@
 
 namespace varnel::cli {
 
+/** With the letters a to z made uppercase, whatever the locale. */
+std::string uppercase(std::string text);
+
 class listing {
 public:
   using row = std::vector<std::string>;
 
   /**
-   * @param heading the names of the columns, as CSV shows them; a table shows them in capitals
+   * @param heading the names of the columns, as CSV shows them; a table shows them in uppercase
    */
   listing(output &out, format how, row heading);
 

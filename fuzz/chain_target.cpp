@@ -22,7 +22,7 @@ fuzz::behaviour short_visa_accepted("a visa of 36 characters a line is accepted"
 fuzz::behaviour empty_text("a text of no characters is refused as an argument");
 fuzz::behaviour wrong_length("a zone of no layout's length is refused");
 fuzz::behaviour slots_left_behind("a refused zone leaves slots behind");
-fuzz::behaviour small_letters("a zone in small letters is accepted");
+fuzz::behaviour small_letters("a zone in lowercase letters is accepted");
 fuzz::behaviour units_differ("a text has more bytes than UTF-16 units");
 fuzz::behaviour cut_text("a text is longer than what is examined");
 fuzz::behaviour full_buffer("a document's values do not fit the buffer");

@@ -13,12 +13,14 @@
 
 #include <Varnel/Varnel.hpp>
 
+#include "zone_support.hpp"
+
 namespace {
+
+using namespace zone_support;
 
 using pairs = std::vector<std::pair<std::string, std::string>>;
 
-const std::string PASSPORT = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n"
-                             "L898902C36UTO7408122F1204159ZE184226B<<<<<10\n";
 const std::string CARD = "I<UTOD231458907<<<<<<<<<<<<<<<\n"
                          "8001011M2804151UTO<<<<<<<<<<<6\n"
                          "SVENSSON<<TOVE<<<<<<<<<<<<<<<<\n";
@@ -185,20 +187,13 @@ TEST(CppDocument, HasANameForEachValue) {
 
 TEST(CppDocument, SaysItsLayout) {
   const struct {
-    const char *zone;
+    const std::string &zone;
     varnel::layout layout;
     const char *name;
   } rows[] = {
-      {"I<UTOD231458907<<<<<<<<<<<<<<<7408122F1204159UTO<<<<<<<<<<<6ERIKSSON<<ANNA<MARIA<<<<<<<<<<",
-       varnel::layout::td1, "TD1"},
-      {"I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<D231458907UTO7408122F1204159<<<<<<<6", varnel::layout::td2,
-       "TD2"},
-      {"P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<L898902C36UTO7408122F1204159ZE184226B<<<<<10",
-       varnel::layout::td3, "TD3"},
-      {"V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<L8988901C4XXX4009078F96121096ZE184226B<<<<<<",
-       varnel::layout::mrv_a, "MRV-A"},
-      {"V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<L8988901C4XXX4009078F9612109<<<<<<<<", varnel::layout::mrv_b,
-       "MRV-B"},
+      {TD1_CARD, varnel::layout::td1, "TD1"},       {TD2_CARD, varnel::layout::td2, "TD2"},
+      {PASSPORT, varnel::layout::td3, "TD3"},       {LONG_VISA, varnel::layout::mrv_a, "MRV-A"},
+      {SHORT_VISA, varnel::layout::mrv_b, "MRV-B"},
   };
   for (const auto &row : rows) {
     const auto document = varnel::parse_mrz(row.zone);

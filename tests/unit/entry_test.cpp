@@ -22,18 +22,6 @@ namespace {
 using namespace std::string_view_literals;
 using namespace zone_support;
 
-const std::string PASSPORT = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<"
-                             "L898902C36UTO7408122F1204159ZE184226B<<<<<10";
-const std::string TD2_CARD = "I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<"
-                             "D231458907UTO7408122F1204159<<<<<<<6";
-const std::string TD1_CARD = "I<UTOD231458907<<<<<<<<<<<<<<<"
-                             "7408122F1204159UTO<<<<<<<<<<<6"
-                             "ERIKSSON<<ANNA<MARIA<<<<<<<<<<";
-const std::string LONG_VISA = "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<"
-                              "L8988901C4XXX4009078F96121096ZE184226B<<<<<<";
-const std::string SHORT_VISA = "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<"
-                               "L8988901C4XXX4009078F9612109<<<<<<<<";
-
 // One parse through the entry, the text in memory of exactly its size.
 struct reading {
   support::Lent buffer{VARNEL_BUFFER_SIZE};

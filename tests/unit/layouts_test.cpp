@@ -104,9 +104,7 @@ const std::vector<capacity> VISA_CAPACITIES = {
 const layout LAYOUTS[] = {
     {"Td1",
      MRZ_td1_parse,
-     "I<UTOD231458907<<<<<<<<<<<<<<<"
-     "7408122F1204159UTO<<<<<<<<<<<6"
-     "ERIKSSON<<ANNA<MARIA<<<<<<<<<<",
+     TD1_CARD,
      {2, 60, 30, 5, 45, 30, 37, 38},
      "IAC",
      "V",
@@ -161,8 +159,7 @@ const layout LAYOUTS[] = {
       {62, "UTO~D23145890~19740812~F~20120415~UTO~ERIKSSON~ANNA~MARIA~TD~"}}},
     {"Td2",
      MRZ_td2_parse,
-     "I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<"
-     "D231458907UTO7408122F1204159<<<<<<<6",
+     TD2_CARD,
      {2, 5, 31, 36, 46, 49, 56, 57},
      "IAC",
      "V",
@@ -214,8 +211,7 @@ const layout LAYOUTS[] = {
       {62, "UTO~ERIKSSON~ANNA~MARIA~D23145890~UTO~19740812~F~20120415~TD~"}}},
     {"Passport",
      MRZ_passport_parse,
-     "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<"
-     "L898902C36UTO7408122F1204159ZE184226B<<<<<10",
+     PASSPORT,
      {2, 5, 39, 44, 54, 57, 64, 65},
      "P",
      "",
@@ -270,8 +266,7 @@ const layout LAYOUTS[] = {
       {78, "UTO~ERIKSSON~ANNA~MARIA~19740812~20120415~F~UTO~L898902C3~ZE184226B~PASSPORT~"}}},
     {"MrvA",
      MRZ_visa_parse,
-     "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<"
-     "L8988901C4XXX4009078F96121096ZE184226B<<<<<<",
+     LONG_VISA,
      {2, 5, 39, 44, 54, 57, 64, 65},
      "V",
      "",
@@ -290,8 +285,7 @@ const layout LAYOUTS[] = {
      VISA_CAPACITIES},
     {"MrvB",
      MRZ_visa_parse,
-     "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<"
-     "L8988901C4XXX4009078F9612109<<<<<<<<",
+     SHORT_VISA,
      {2, 5, 31, 36, 46, 49, 56, 57},
      "V",
      "",

@@ -17,6 +17,19 @@ namespace zone_support {
 
 using parser = int (*)(const char *input, int i_len, PARSE_RESULT *result, const CONTEXT *context);
 
+// The specimens of ICAO Doc 9303.
+inline const std::string PASSPORT = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<"
+                                    "L898902C36UTO7408122F1204159ZE184226B<<<<<10";
+inline const std::string TD2_CARD = "I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<"
+                                    "D231458907UTO7408122F1204159<<<<<<<6";
+inline const std::string TD1_CARD = "I<UTOD231458907<<<<<<<<<<<<<<<"
+                                    "7408122F1204159UTO<<<<<<<<<<<6"
+                                    "ERIKSSON<<ANNA<MARIA<<<<<<<<<<";
+inline const std::string LONG_VISA = "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<"
+                                     "L8988901C4XXX4009078F96121096ZE184226B<<<<<<";
+inline const std::string SHORT_VISA = "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<"
+                                      "L8988901C4XXX4009078F9612109<<<<<<<<";
+
 // The reference date of the entry.
 inline const CONTEXT REFERENCE = {{2018, 2, 15, 0, 0, 0}};
 

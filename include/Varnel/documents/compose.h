@@ -28,9 +28,9 @@ VARNEL_BEGIN_DECLS
  *
  * - `document_code`, `issuing_state`, `document_number`, `nationality`, `sex`, `expiry_date` and
  *   `primary_identifier` are mandatory.
- * - Codes, states, sex and numbers are taken as written: capitals, and digits in numbers; small letters and
+ * - Codes, states, sex and numbers are taken as written: uppercase, and digits in numbers; lowercase letters and
  *   fillers are refused. A run of white space, dashes or commas in a number is one filler, and nothing at
- * either end.
+ *   either end.
  * - A field that the layout lacks is refused unless it is empty.
  */
 typedef struct varnel_compose_fields {
