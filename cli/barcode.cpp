@@ -1,5 +1,6 @@
 // varnel barcode: barcodes of driver's licences in, the same twelve values out.
 #include "commands.hpp"
+#include "complaints.hpp"
 #include "document_writer.hpp"
 #include "documents.hpp"
 
@@ -11,8 +12,10 @@ namespace varnel::cli {
 
 namespace {
 
-constexpr option INFO_OPTION = {"info", "",
-                                "Add the version, the issuer, elements without a slot and findings (JSON)"};
+constexpr option INFO_OPTION = {
+    "info", "",
+    "Add the version, the issuer, elements without a slot and findings; as JSON,\n"
+    "also on a terminal"};
 
 // A finding in words; the last one of a refused text is its reason.
 std::string reason_in_words(int code) {
@@ -71,9 +74,17 @@ private:
 };
 
 int run(const arguments &asked, output &out) {
-  barcode command(asked, out);
+  arguments how = asked;
+  if (asked.has(INFO_OPTION.name)) {
+    if (asked.has(FORMAT_OPTION.name) && format_of(asked) != format::json) {
+      return complain_of_usage("--info is written as JSON only: it does not go with --format " +
+                               std::string(asked.value(FORMAT_OPTION.name)));
+    }
+    how.set(FORMAT_OPTION.name, "json"); // also on a terminal
+  }
+  barcode command(how, out);
   // One byte more than can be read, so that a longer text is seen to be too long.
-  return read_documents(asked, out, command, VARNEL_BARCODE_TEXT_MAX + 1, reading::exact);
+  return read_documents(how, out, command, VARNEL_BARCODE_TEXT_MAX + 1, reading::exact);
 }
 
 } // namespace

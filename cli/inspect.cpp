@@ -8,6 +8,7 @@
 #include "inspection_view.hpp"
 #include "inspection_words.hpp"
 #include "platform.hpp"
+#include "progress.hpp"
 #include "quoting.hpp"
 
 #include <Varnel/documents/inspect.h>
@@ -104,6 +105,9 @@ public:
     }
   }
 
+  // Whether whoever reads the answers sees in them why a text was refused.
+  bool shows_reasons() const { return rows_.how() == format::table && is_terminal(STANDARD_OUTPUT); }
+
 private:
   static constexpr std::size_t JSON_ROOM = 16384;
 
@@ -189,7 +193,9 @@ public:
   }
 
   std::string reason(const document & /*from*/) override {
-    return too_long_ ? "longer than 64 KiB, refused" : refusal_words(inspection_);
+    return too_long_                 ? "longer than 64 KiB, refused"
+           : writer_.shows_reasons() ? ""
+                                     : refusal_words(inspection_);
   }
 
   std::string summary() const override {
@@ -259,7 +265,12 @@ public:
       out_.flush();
       read_all_of(operand);
     }
-    return trouble_ ? EXIT_TROUBLE : all_good_ ? EXIT_ALL_READ : EXIT_SOME_REFUSED;
+    out_.flush();
+    if (out_.error() == 0) {
+      progress(0).summarise(counts_, summary());
+    }
+    const bool all_good = counts_.refused == 0 && doubtful_ == 0;
+    return trouble_ ? EXIT_TROUBLE : all_good ? EXIT_ALL_READ : EXIT_SOME_REFUSED;
   }
 
 private:
@@ -271,7 +282,7 @@ private:
     window_.clear();
     base_ = 0;
     line_ = 1;
-    const std::uint64_t before = documents_;
+    const std::uint64_t before = counts_.documents;
     bool more = true;
     while (more && out_.error() == 0 && !stopped()) {
       more = fill(from);
@@ -289,7 +300,7 @@ private:
       }
       look(operand, from.name(), more);
     }
-    if (documents_ == before && !stopped()) {
+    if (counts_.documents == before && !stopped()) {
       refuse(operand, from.name());
     }
   }
@@ -336,12 +347,12 @@ private:
     const auto start = window_.begin() + static_cast<std::ptrdiff_t>(zone.source[0].start);
     const std::uint64_t line = line_ + static_cast<std::uint64_t>(std::count(window_.begin(), start, '\n'));
     move(zone);
-    ++documents_;
-    const std::string title = titled_ ? "document " + std::to_string(documents_) + " (" + name + ", line " +
-                                            std::to_string(line) + ")"
+    ++counts_.documents;
+    const std::string title = titled_ ? "document " + std::to_string(counts_.documents) + " (" + name +
+                                            ", line " + std::to_string(line) + ")"
                                       : "";
-    writer_.write({"", documents_, operand, line, title}, zone);
-    all_good_ = all_good_ && zone.verdict != VARNEL_VERDICT_DOUBTFUL;
+    writer_.write({"", counts_.documents, operand, line, title}, zone);
+    doubtful_ += zone.verdict == VARNEL_VERDICT_DOUBTFUL ? 1 : 0;
   }
 
   // Offsets are counted from the start of the input.
@@ -368,11 +379,18 @@ private:
   // An input without a zone.
   void refuse(const std::string &operand, const std::string &name) {
     varnel_inspect("", 0, &options_, found_.data());
-    ++documents_;
-    writer_.write({"", documents_, operand, 1, titled_ ? name : ""}, found_[0]);
-    all_good_ = false;
+    ++counts_.documents;
+    writer_.write({"", counts_.documents, operand, 1, titled_ ? name : ""}, found_[0]);
+    ++counts_.refused;
     out_.flush();
-    complain(name + ": " + refusal_words(found_[0]));
+    if (!writer_.shows_reasons()) {
+      complain(name + ": " + refusal_words(found_[0]));
+    }
+  }
+
+  std::string summary() const {
+    return (doubtful_ > 0 ? ", " + std::to_string(doubtful_) + " doubtful" : "") +
+           (stopped() ? "; interrupted" : "");
   }
 
   std::vector<std::string> operands_;
@@ -384,9 +402,9 @@ private:
   std::string window_;
   std::uint64_t base_ = 0; // where the window begins in the input
   std::uint64_t line_ = 1; // and on which line
-  std::uint64_t documents_ = 0;
+  tally counts_;
+  std::uint64_t doubtful_ = 0;
   bool trouble_ = false;
-  bool all_good_ = true;
 };
 
 int run(const arguments &asked, output &out) {

@@ -86,8 +86,7 @@ private:
     const varnel_inspected_field *field = find_field(in_, finding.field);
     if (field != nullptr) {
       const int length = std::max(static_cast<int>(std::string_view(field->text).size()), 1);
-      marks_.push_back(
-          {field->line, field->column, length, label + ' ' + std::string(finding_words(finding.code))});
+      marks_.push_back({field->line, field->column, length, label + ' ' + finding_words(finding)});
     }
   }
 
@@ -206,12 +205,12 @@ private:
     }
     for (int i = 0; i < in_.finding_count; ++i) {
       if (in_.findings[i].field == field.field && in_.findings[i].code != VARNEL_FINDING_CHECK_FAILED) {
-        add(finding_words(in_.findings[i].code));
+        add(finding_words(in_.findings[i]));
       }
     }
     for (int i = 0; i < in_.notice_count; ++i) {
       if (in_.notices[i].field == field.field) {
-        add(finding_words(in_.notices[i].code));
+        add(finding_words(in_.notices[i]));
       }
     }
     return remarks;

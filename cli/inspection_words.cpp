@@ -63,6 +63,17 @@ template <std::size_t N> std::string_view look_up(const words (&list)[N], int co
   return {};
 }
 
+// The words with their verb in the plural: given names are many.
+std::string said_of_many(std::string_view said) {
+  constexpr std::string_view VERBS[][2] = {{"has ", "have "}, {"is ", "are "}, {"differs ", "differ "}};
+  for (const auto &[of_one, of_many] : VERBS) {
+    if (said.substr(0, of_one.size()) == of_one) {
+      return std::string(of_many).append(said.substr(of_one.size()));
+    }
+  }
+  return std::string(said);
+}
+
 std::string line_length(int line, int found, int expected) {
   return "line " + std::to_string(line) + " has " + std::to_string(found) + " characters instead of " +
          std::to_string(expected);
@@ -79,16 +90,18 @@ std::string layout_label(int layout) {
   return std::string(varnel_kind_name(layout)) + " (" + varnel_layout_name(layout) + ")";
 }
 
-std::string_view finding_words(int code) { return look_up(FINDING_WORDS, code); }
+std::string finding_words(const varnel_finding &finding) {
+  const std::string_view said = look_up(FINDING_WORDS, finding.code);
+  return finding.field == VARNEL_SECONDARY_IDENTIFIER ? said_of_many(said) : std::string(said);
+}
 
 std::string finding_sentence(const varnel_finding &finding) {
   const std::string_view subject = field_label(finding.field);
-  const std::string_view said = finding_words(finding.code);
   if (!subject.empty()) {
-    return std::string(subject) + ' ' + std::string(said);
+    return std::string(subject) + ' ' + finding_words(finding);
   }
   const std::string line = finding.line >= 0 ? "line " + std::to_string(finding.line + 1) + ": " : "";
-  return line + std::string(said);
+  return line + finding_words(finding);
 }
 
 std::string_view change_words(int reason) { return look_up(CHANGE_WORDS, reason); }
@@ -110,7 +123,7 @@ std::string verdict_sentence(const varnel_inspection &inspection) {
 
 std::string refusal_words(const varnel_inspection &inspection) {
   if (inspection.nearest_layout == VARNEL_LAYOUT_NONE) {
-    return std::string(finding_words(VARNEL_FINDING_NO_ZONE));
+    return std::string(look_up(FINDING_WORDS, VARNEL_FINDING_NO_ZONE));
   }
   std::string said = "nearest to a " + layout_label(inspection.nearest_layout);
   std::string mark = ", but ";

@@ -15,8 +15,11 @@ std::string_view field_label(int field);
 /** "passport (TD3)" and so on. */
 std::string layout_label(int layout);
 
-/** What is wrong with a field, or worth knowing of it, to be read after its name: "is missing". */
-std::string_view finding_words(int code);
+/**
+ * What is wrong with a field, or worth knowing of it, to be read after its name: "is missing"; of the given
+ * names "are missing".
+ */
+std::string finding_words(const varnel_finding &finding);
 
 /** A finding or notice as a sentence about its field or line. */
 std::string finding_sentence(const varnel_finding &finding);

@@ -5,7 +5,7 @@ import pathlib
 import tempfile
 import unittest
 
-from support import CSV_HEADER, KEYS, PASSPORT, varnel
+from support import CSV_HEADER, KEYS, PASSPORT, varnel, varnel_on_terminal
 
 # A licence of Virginia whose bearer does not exist.
 LICENCE = (b"@\n\x1e\rANSI 636000100002DL00410110ZV01510008"
@@ -46,6 +46,15 @@ class Barcode(unittest.TestCase):
         answer = json.loads(out)
         self.assertEqual(answer.pop("info"), INFO)
         self.assertEqual(list(answer.values()), VALUES)
+
+    def test_info_is_json_also_on_a_terminal(self):
+        _, out, _ = varnel_on_terminal("barcode", "--info", text=LICENCE, streams=["stdout"])
+        self.assertEqual(json.loads(out)["info"], INFO)
+        for how in ("table", "csv"):
+            code, out, err = varnel("barcode", "--info", "--format", how, text=LICENCE)
+            self.assertEqual((code, out), (2, b""))
+            self.assertTrue(err.startswith(b"varnel: --info is written as JSON only: it does not go with --format "
+                                           + how.encode()), err)
 
     def test_a_byte_order_mark_is_found_and_counted(self):
         _, out, _ = varnel("barcode", "--info", text=b"\xef\xbb\xbf" + LICENCE)

@@ -194,6 +194,27 @@ class Words(unittest.TestCase):
             err = varnel_on_terminal("inspect", *DATE, "--each", "block", text=text, streams=["stderr"])[2]
             self.assertTrue(err.endswith(b"varnel: " + summary), err)
 
+    def test_all_zones_of_a_text_have_a_summary_too(self):
+        for text, summary in ((PAGE + WRONG_DIGIT + b"\nand words\n", b"2 documents, 0 refused, 1 doubtful\n"),
+                              (b"nothing\n", b"1 document, 1 refused\n")):
+            err = varnel_on_terminal("inspect", *DATE, "--each", "zone", text=text, streams=["stderr"])[2]
+            self.assertTrue(err.endswith(b"varnel: " + summary), err)
+            self.assertNotIn(b"varnel: 1 document", varnel("inspect", *DATE, "--each", "zone", text=text)[2])
+
+    def test_a_refusal_is_explained_once(self):
+        reason = b"no machine-readable zone in the text"
+        for each in ((), ("--each", "block"), ("--each", "zone")):
+            _, out, err = varnel_on_terminal("inspect", *DATE, *each, text=b"nothing\n", streams=["stdout", "stderr"])
+            self.assertEqual((out.count(reason), err.count(reason)), (1, 0), each)
+            _, out, err = varnel_on_terminal("inspect", *DATE, *each, text=b"nothing\n", streams=["stderr"])
+            self.assertEqual((out.count(reason), err.count(reason)), (0, 1), each)
+
+    def test_given_names_are_many(self):
+        text = PASSPORT.replace(b"ANNA", b"ANN4")
+        out = varnel("inspect", *DATE, "--format", "table", text=text)[1].decode()
+        self.assertIn(" given names have characters that cannot stand there\n", out)
+        self.assertIn("\n  given names      ANN4<MARIA<<<<<<<<<<<<<<<<<<<  have characters that cannot stand there\n", out)
+
 
 class Repair(unittest.TestCase):
     READ = PASSPORT.replace(b"7408122F", b"74O8122F")

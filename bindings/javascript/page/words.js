@@ -62,6 +62,11 @@ export const LAYOUTS = {
   "FRA-ID": "French ID card issued until 2021",
 };
 
+// The words with their verb in the plural: given names are many.
+function saidOfMany(said) {
+  return said.replace(/^(has|is|differs)\b/, (verb) => ({ has: "have", is: "are", differs: "differ" })[verb]);
+}
+
 export function sentence({ code, field, line }) {
   if (code === "dropped") {
     return `Line ${line + 1}: ${FINDINGS.dropped}`;
@@ -69,5 +74,6 @@ export function sentence({ code, field, line }) {
   if (field === "composite") {
     return `${FIELDS[field]} does not agree`;
   }
-  return field === null ? FINDINGS[code] : `${FIELDS[field]} ${FINDINGS[code] ?? code}`;
+  const said = FINDINGS[code] ?? code;
+  return field === null ? said : `${FIELDS[field]} ${field === "secondaryIdentifier" ? saidOfMany(said) : said}`;
 }
