@@ -1,4 +1,5 @@
 // The barcodes of licences whose bearers do not exist.
+#include "../cases.hpp"
 #include "barcode_support.hpp"
 
 #include <Varnel/documents.hpp>
@@ -1181,7 +1182,7 @@ static std::string random_word(std::mt19937 &random, int longest) {
 
 TEST(Barcode, ReadsBackWhatWasComposed) {
   std::mt19937 random(9303);
-  for (int round = 0; round < 20000; ++round) {
+  for (int round = 0; round < support::cases(20000); ++round) {
     const Table &table = TABLES[below(random, static_cast<int>(std::size(TABLES)))];
     Card composed{table.version, table.issuer, {{below(random, 2) == 0 ? "DL" : "ID", {}}}};
     std::vector<std::pair<int, std::string>> expected;
@@ -1230,7 +1231,7 @@ TEST(Barcode, AnswersForAnyBytes) {
       card(1, "636005", {{"DAQ", "Q1"}, {"DAA", "LARCH,OLIVE"}, {"DBB", "19610417"}})};
   const std::string pieces[] = {"@",  "ANSI ", "AAMVA",  "DL",   "ZV",   "DAQ",  "DAA",      "\n",
                                 "\r", "\x1E",  "636000", "\xFF", "\xC3", "NONE", "00310249", ","};
-  for (int round = 0; round < 40000; ++round) {
+  for (int round = 0; round < support::cases(40000); ++round) {
     std::string text = seeds[below(random, 4)];
     for (int edits = below(random, 6); edits >= 0; --edits) {
       const std::size_t at = random() % (text.size() + 1);

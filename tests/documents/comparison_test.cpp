@@ -1,5 +1,6 @@
 // The library against the plain inspection: the same JSON, character by character, of zones clean and
 // damaged, of pages, and of every specimen with every character changed to every other one.
+#include "../cases.hpp"
 #include "plain_inspection.hpp"
 #include "support.hpp"
 
@@ -243,15 +244,16 @@ std::string damaged(dice &d, std::string zone) {
 }
 
 TEST(Comparison, SpecimensWithEveryCharacterChangedToEveryOther) {
+  support::every_nth turn;
   for (const support::specimen &s : support::SPECIMENS) {
     const std::string zone = s.zone;
-    const plain::json whole = plain::json::parse(inspect_to_json(zone));
-    ASSERT_EQ(whole["verdict"], "valid") << zone;
-    ASSERT_EQ(whole["layout"], s.layout);
+    const varnel_inspection whole = support::inspect(zone);
+    ASSERT_EQ(whole.verdict, VARNEL_VERDICT_VALID) << zone;
+    ASSERT_STREQ(varnel_layout_name(whole.layout), s.layout);
     for (size_t i = 0; i < zone.size(); ++i) {
       for (const char c : ALPHABET) {
         std::string changed = zone;
-        if (changed[i] == '\n' || changed[i] == c) {
+        if (changed[i] == '\n' || changed[i] == c || !turn.is_next()) {
           continue;
         }
         changed[i] = c;
@@ -261,34 +263,46 @@ TEST(Comparison, SpecimensWithEveryCharacterChangedToEveryOther) {
   }
 }
 
+bool is_name(int field) { return field == VARNEL_PRIMARY_IDENTIFIER || field == VARNEL_SECONDARY_IDENTIFIER; }
+
+// Null where the field is not there or has no value.
+const char *value_of(const varnel_inspection &inspection, int field) {
+  for (int i = 0; i < inspection.field_count; ++i) {
+    if (inspection.fields[i].field == field && inspection.fields[i].has_value != 0) {
+      return inspection.fields[i].value;
+    }
+  }
+  return nullptr;
+}
+
 // One wrong character costs its own field and the digits over it, and no other value. A changed first
 // letter may turn a passport into a visa, and a filler may part names elsewhere.
 TEST(Comparison, NoOtherFieldIsLostToAChangedCharacter) {
+  support::every_nth turn;
   for (const support::specimen &s : support::SPECIMENS) {
     const std::string zone = s.zone;
-    const plain::json whole = plain::json::parse(inspect_to_json(zone));
+    const varnel_inspection whole = support::inspect(zone);
     for (size_t i = 1; i < zone.size(); ++i) {
       for (const char c : ALPHABET) {
         std::string changed = zone;
-        if (changed[i] == '\n' || changed[i] == c) {
+        if (changed[i] == '\n' || changed[i] == c || !turn.is_next()) {
           continue;
         }
         changed[i] = c;
-        const plain::json read = plain::json::parse(inspect_to_json(changed));
-        ASSERT_EQ(read["layout"], s.layout) << changed;
-        const auto is_name = [](const std::string &field) {
-          return field == "primaryIdentifier" || field == "secondaryIdentifier";
-        };
-        std::string hit; // the field that the changed character is in
-        for (const auto &[name, field] : whole["fields"].items()) {
-          if (field["source"]["start"] <= i && i < field["source"]["end"]) {
-            hit = name;
+        const varnel_inspection read = support::inspect(changed);
+        ASSERT_STREQ(varnel_layout_name(read.layout), s.layout) << changed;
+        int hit = VARNEL_FIELD_NONE; // the field that the changed character is in
+        for (int f = 0; f < whole.field_count; ++f) {
+          if (whole.fields[f].source.start <= i && i < whole.fields[f].source.end) {
+            hit = whole.fields[f].field;
           }
         }
-        for (const auto &[name, field] : whole["fields"].items()) {
-          const bool in_names = hit.empty() || is_name(hit);
-          if (name != hit && !(is_name(name) && in_names)) {
-            EXPECT_EQ(read["fields"][name]["value"], field["value"]) << name << '\n' << changed;
+        for (int f = 0; f < whole.field_count; ++f) {
+          const int field = whole.fields[f].field;
+          const bool in_names = hit == VARNEL_FIELD_NONE || is_name(hit);
+          if (field != hit && !(is_name(field) && in_names)) {
+            EXPECT_STREQ(value_of(read, field), value_of(whole, field)) << varnel_field_name(field) << '\n'
+                                                                        << changed;
           }
         }
       }
@@ -298,25 +312,30 @@ TEST(Comparison, NoOtherFieldIsLostToAChangedCharacter) {
 
 TEST(Comparison, RandomZones) {
   std::map<std::string, int> seen;
-  for (unsigned seed = 0; seed < 8000; ++seed) {
+  for (unsigned seed = 0; seed < support::cases(8000u); ++seed) {
     dice d(seed);
     const std::string zone = random_zone(d);
     expect_the_same(zone);
-    const plain::json read = plain::json::parse(inspect_to_json(zone));
-    ++seen[read["verdict"]];
-    ++seen["chip access " + std::string(read["chipAccess"].is_null() ? "no" : "yes")];
-    for (const auto &field : read["fields"]) {
-      ++seen["status " + field["status"].get<std::string>()];
-      ++seen["proof " + field["proof"].get<std::string>()];
+    const varnel_inspection read = support::inspect(zone);
+    ++seen[varnel_verdict_name(read.verdict)];
+    ++seen[read.chip_access[0] == '\0' ? "chip access no" : "chip access yes"];
+    for (int i = 0; i < read.field_count; ++i) {
+      ++seen[std::string("status ") + varnel_status_name(read.fields[i].status)];
+      ++seen[std::string("proof ") + varnel_proof_name(read.fields[i].proof)];
     }
-    for (const auto &[name, check] : read["checks"].items()) {
-      ++seen["rule " + check["rule"].dump()];
+    for (int i = 0; i < read.check_count; ++i) {
+      const char *rule = varnel_rule_name(read.checks[i].rule);
+      ++seen[std::string("rule ") + (rule != nullptr ? rule : "none")];
     }
-    for (const char *list : {"findings", "notices"}) {
-      for (const auto &finding : read[list]) {
-        ++seen[finding["code"]];
-      }
+    for (int i = 0; i < read.finding_count; ++i) {
+      ++seen[varnel_finding_name(read.findings[i].code)];
     }
+    for (int i = 0; i < read.notice_count; ++i) {
+      ++seen[varnel_finding_name(read.notices[i].code)];
+    }
+  }
+  if (support::one_case_in() > 1) {
+    return; // what all of them reach, which are the same on every machine, a few need not
   }
   // Zones that reach nothing would prove nothing.
   for (const char *reached : {"valid",           "doubtful",       "chip access no",
@@ -324,7 +343,7 @@ TEST(Comparison, RandomZones) {
                               "status notADate", "status unknown", "status checkFailed",
                               "status ok",       "proof digits",   "proof digit",
                               "proof composite", "proof list",     "proof none",
-                              "rule null",       "rule \"plain\"", "rule \"filler\"",
+                              "rule none",       "rule plain",     "rule filler",
                               "empty",           "badCharacters",  "notADate",
                               "unknown",         "checkFailed",    "datesOrder",
                               "digitInCode",     "codeNotAllowed", "codeNotListed",
@@ -334,21 +353,21 @@ TEST(Comparison, RandomZones) {
 }
 
 TEST(Comparison, DamagedZones) {
-  for (unsigned seed = 0; seed < 4000; ++seed) {
+  for (unsigned seed = 0; seed < support::cases(4000u); ++seed) {
     dice d(seed);
     expect_the_same(damaged(d, random_zone(d)));
   }
 }
 
 TEST(Comparison, DisguisedZones) {
-  for (unsigned seed = 0; seed < 4000; ++seed) {
+  for (unsigned seed = 0; seed < support::cases(4000u); ++seed) {
     dice d(seed);
     expect_the_same(disguised(d, damaged(d, random_zone(d))));
   }
 }
 
 TEST(Comparison, ZonesInOneRun) {
-  for (unsigned seed = 0; seed < 4000; ++seed) {
+  for (unsigned seed = 0; seed < support::cases(4000u); ++seed) {
     dice d(seed);
     std::string zone = random_zone(d);
     zone.erase(std::remove(zone.begin(), zone.end(), '\n'), zone.end());
@@ -357,7 +376,7 @@ TEST(Comparison, ZonesInOneRun) {
 }
 
 TEST(Comparison, AnyReferenceDate) {
-  for (unsigned seed = 0; seed < 4000; ++seed) {
+  for (unsigned seed = 0; seed < support::cases(4000u); ++seed) {
     dice d(seed);
     const int year = static_cast<int>(d.one_in(4) ? 1 + d.below(9999) : 1990 + d.below(70));
     const int month = static_cast<int>(1 + d.below(12));
@@ -387,7 +406,7 @@ std::string page(dice &d) {
 }
 
 TEST(Comparison, Pages) {
-  for (unsigned seed = 0; seed < 2000; ++seed) {
+  for (unsigned seed = 0; seed < support::cases(2000u); ++seed) {
     dice d(seed);
     expect_the_same(page(d));
   }
@@ -395,7 +414,7 @@ TEST(Comparison, Pages) {
 
 TEST(Comparison, AllZonesOfAPage) {
   std::vector<varnel_inspection> records(64);
-  for (unsigned seed = 0; seed < 2000; ++seed) {
+  for (unsigned seed = 0; seed < support::cases(2000u); ++seed) {
     dice d(seed);
     const std::string text = d.one_in(2) ? page(d) : page(d) + page(d);
     const int found = varnel_inspect_all(text.data(), text.size(), &TODAY, records.data(), 64);
@@ -410,7 +429,7 @@ TEST(Comparison, AllZonesOfAPage) {
 // Lines that pair with each other in more than one way: many zones overlap.
 TEST(Comparison, AllZonesOfLinesThatPairInManyWays) {
   std::vector<varnel_inspection> records(64);
-  for (unsigned seed = 0; seed < 1200; ++seed) {
+  for (unsigned seed = 0; seed < support::cases(1200u); ++seed) {
     dice d(seed);
     std::string text;
     const size_t s = d.below(5);

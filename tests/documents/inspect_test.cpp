@@ -1,6 +1,8 @@
 // Inspections, written out: the whole JSON of readable texts, and each rule of each field as a row.
 #include "support.hpp"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>

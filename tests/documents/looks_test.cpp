@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr varnel_inspect_options COLUMNS = {2026, 11, 21, VARNEL_REPAIR_COLUMNS};
 constexpr varnel_inspect_options DIGITS = {2026, 11, 21, VARNEL_REPAIR_DIGITS};
 
 const std::string TOP = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n";

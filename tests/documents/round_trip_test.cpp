@@ -1,6 +1,7 @@
 // What is composed is valid when inspected, and the values of that inspection compose to the same zone,
 // character for character: random documents of all layouts. VARNEL_ROUND_TRIPS says how many, VARNEL_SEED
 // which ones.
+#include "../cases.hpp"
 #include "composing.hpp"
 
 #include <Varnel/documents.h>
@@ -215,7 +216,7 @@ unsigned long long setting(const char *name, unsigned long long otherwise) {
 
 TEST(RoundTrip, RandomDocuments) {
   const unsigned long long seed = setting("VARNEL_SEED", std::random_device()());
-  const unsigned long long count = setting("VARNEL_ROUND_TRIPS", 100000);
+  const unsigned long long count = setting("VARNEL_ROUND_TRIPS", support::cases(100000u));
   std::printf("VARNEL_SEED=%llu VARNEL_ROUND_TRIPS=%llu\n", seed, count);
   random_documents random(seed);
   for (unsigned long long i = 0; i < count; ++i) {

@@ -5,10 +5,7 @@
 
 #include <Varnel/documents/inspect.h>
 
-#include <nlohmann/json.hpp>
-
 #include <array>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <string>
@@ -28,16 +25,7 @@ struct scan {
   std::string long_number; // empty where the number has at most nine characters
 };
 
-inline std::vector<scan> load(const std::string &file) {
-  std::ifstream in(file);
-  std::vector<scan> all;
-  for (std::string line; std::getline(in, line);) {
-    const nlohmann::json row = nlohmann::json::parse(line);
-    all.push_back({row["id"], row["level"], row["reader"], row["text"],
-                   row["truth"].get<std::map<std::string, std::string>>(), row.value("longNumber", "")});
-  }
-  return all;
-}
+std::vector<scan> load(const std::string &file);
 
 inline constexpr varnel_inspect_options OPTIONS[] = {{2026, 11, 21, VARNEL_REPAIR_OFF},
                                                      {2026, 11, 21, VARNEL_REPAIR_COLUMNS},

@@ -4,6 +4,8 @@
 #include "plain_inspection.hpp"
 #include "support.hpp"
 
+#include <nlohmann/json.hpp>
+
 namespace {
 
 using namespace documents;

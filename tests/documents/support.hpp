@@ -1,11 +1,11 @@
-// What the tests of the documents library share.
+// What the tests of the documents library share. What takes compilers long is compiled once, in support.cpp.
 #ifndef VARNEL_TESTS_DOCUMENTS_SUPPORT_HPP
 #define VARNEL_TESTS_DOCUMENTS_SUPPORT_HPP
 
 #include <Varnel/documents/inspect.h>
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <string>
 #include <string_view>
@@ -15,27 +15,10 @@ namespace support {
 
 inline constexpr varnel_inspect_options TODAY = {2026, 11, 21, VARNEL_REPAIR_OFF};
 
-inline std::string to_json(const varnel_inspection &inspection) {
-  const int length = varnel_inspection_json(&inspection, nullptr, 0);
-  std::string text(static_cast<size_t>(length) + 1, '\0');
-  EXPECT_EQ(varnel_inspection_json(&inspection, text.data(), text.size()), length);
-  text.pop_back();
-  return text;
-}
-
-inline varnel_inspection inspect(std::string_view text, varnel_inspect_options options = TODAY) {
-  varnel_inspection inspection;
-  EXPECT_EQ(varnel_inspect(text.data(), text.size(), &options, &inspection), ERR_OK);
-  return inspection;
-}
-
-inline std::string inspect_to_json(std::string_view text, varnel_inspect_options options = TODAY) {
-  return to_json(inspect(text, options));
-}
-
-inline nlohmann::ordered_json inspected(std::string_view text, varnel_inspect_options options = TODAY) {
-  return nlohmann::ordered_json::parse(inspect_to_json(text, options));
-}
+varnel_inspection inspect(std::string_view text, varnel_inspect_options options = TODAY);
+std::string to_json(const varnel_inspection &inspection);
+std::string inspect_to_json(std::string_view text, varnel_inspect_options options = TODAY);
+nlohmann::ordered_json inspected(std::string_view text, varnel_inspect_options options = TODAY);
 
 // The published specimens of ICAO Doc 9303-4 to 9303-7.
 struct specimen {

@@ -1,0 +1,29 @@
+#include "support.hpp"
+
+#include <nlohmann/json.hpp>
+
+namespace support {
+
+varnel_inspection inspect(std::string_view text, varnel_inspect_options options) {
+  varnel_inspection inspection;
+  EXPECT_EQ(varnel_inspect(text.data(), text.size(), &options, &inspection), ERR_OK);
+  return inspection;
+}
+
+std::string to_json(const varnel_inspection &inspection) {
+  const int length = varnel_inspection_json(&inspection, nullptr, 0);
+  std::string text(static_cast<size_t>(length) + 1, '\0');
+  EXPECT_EQ(varnel_inspection_json(&inspection, text.data(), text.size()), length);
+  text.pop_back();
+  return text;
+}
+
+std::string inspect_to_json(std::string_view text, varnel_inspect_options options) {
+  return to_json(inspect(text, options));
+}
+
+nlohmann::ordered_json inspected(std::string_view text, varnel_inspect_options options) {
+  return nlohmann::ordered_json::parse(inspect_to_json(text, options));
+}
+
+} // namespace support
