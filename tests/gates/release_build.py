@@ -1,4 +1,5 @@
-"""Builds the release that the other gates look at, shared and static, and installs it to a scratch prefix."""
+"""Builds the release that the other gates look at, shared and static, and installs it to a scratch prefix. A build that
+has the static libraries of a release, or the command, need not be made again."""
 
 import os
 import pathlib
@@ -18,6 +19,10 @@ def build(folder, *options):
     run(["cmake", "--build", folder, "-j2"], env=environment())
 
 
+def install(folder, prefix, component):
+    run(["cmake", "--install", folder, "--prefix", prefix, "--component", component])
+
+
 def environment():
     """The caller's environment without flags of its own."""
     return {name: value for name, value in os.environ.items()
@@ -25,15 +30,25 @@ def environment():
 
 
 def main():
-    args = arguments(__doc__, (("--command-build",), {"type": pathlib.Path, "help": "where the command was built"}))
+    args = arguments(__doc__,
+                     (("--static-build",), {"type": pathlib.Path, "help": "where static libraries were built"}),
+                     (("--command-build",), {"type": pathlib.Path, "help": "where the command was built"}))
     work = args.work
     build(work / "shared", "-DBUILD_SHARED_LIBS=ON")
-    build(work / "static", "-DBUILD_SHARED_LIBS=OFF")
+    static = work / "static"
+    if static.is_symlink():
+        static.unlink()
+    if args.static_build:
+        shutil.rmtree(static, ignore_errors=True)
+        static.symlink_to(args.static_build)
+    else:
+        build(static, "-DBUILD_SHARED_LIBS=OFF")
     shutil.rmtree(work / "prefix", ignore_errors=True)
-    for folder in ("static", "shared"):
-        run(["cmake", "--install", work / folder, "--prefix", work / "prefix"])
+    for folder in (static, work / "shared"):
+        for component in ("library", "documents", "development"):
+            install(folder, work / "prefix", component)
     if args.command_build:
-        run(["cmake", "--install", args.command_build, "--prefix", work / "prefix", "--component", "command"])
+        install(args.command_build, work / "prefix", "command")
 
 
 if __name__ == "__main__":
