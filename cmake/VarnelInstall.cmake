@@ -26,6 +26,10 @@ function(varnel_install_pc name component)
   cmake_path(APPEND pc_includedir "${CMAKE_INSTALL_INCLUDEDIR}")
   set(pc_libdir "\${prefix}")
   cmake_path(APPEND pc_libdir "${CMAKE_INSTALL_LIBDIR}")
+  set(pc_definitions "")
+  if(WIN32 AND NOT BUILD_SHARED_LIBS)
+    set(pc_definitions " -DVARNEL_STATIC") # else the headers import from a DLL
+  endif()
   configure_file("${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in" "${PROJECT_BINARY_DIR}/${name}.pc" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/${name}.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT ${component})
