@@ -183,14 +183,20 @@ void add_utilities() {
 
 #ifdef VARNEL_BENCH_DOCUMENTS
 constexpr varnel_inspect_options TODAY = {2026, 11, 21, VARNEL_REPAIR_OFF};
+constexpr varnel_inspect_options REPAIRED_TODAY = {2026, 11, 21, VARNEL_REPAIR_DIGITS};
 
-// A zone inspected, and what was found written as JSON.
-void add_inspection(const sample &each) {
-  add("inspect/" + each.name, each.text, [](workspace &, const std::string &text) {
+void add_inspecting(const std::string &name, const std::string &text, const varnel_inspect_options &options) {
+  add(name, text, [&options](workspace &, const std::string &copy) {
     varnel_inspection inspection;
-    benchmark::DoNotOptimize(varnel_inspect(text.data(), text.size(), &TODAY, &inspection));
+    benchmark::DoNotOptimize(varnel_inspect(copy.data(), copy.size(), &options, &inspection));
     benchmark::DoNotOptimize(inspection);
   });
+}
+
+// A zone inspected, without and with repair, and what was found written as JSON.
+void add_inspection(const sample &each) {
+  add_inspecting("inspect/" + each.name, each.text, TODAY);
+  add_inspecting("inspect with repair/" + each.name, each.text, REPAIRED_TODAY);
   varnel_inspection inspection;
   varnel_inspect(each.text.data(), each.text.size(), &TODAY, &inspection);
   add("inspection as JSON/" + each.name, each.text, [inspection](workspace &, const std::string &) {
@@ -200,22 +206,24 @@ void add_inspection(const sample &each) {
   });
 }
 
-// 64 KiB of text without a zone.
-std::string page_of(const std::string &line) {
+// 64 KiB of text, the last lines of it a zone.
+std::string page_of(const std::string &line, const std::string &zone) {
   std::string page;
-  while (page.size() + line.size() <= VARNEL_TEXT_MAX) {
+  while (page.size() + line.size() + zone.size() <= VARNEL_TEXT_MAX) {
     page += line;
   }
+  page += zone;
   page.resize(VARNEL_TEXT_MAX, ' ');
   return page;
 }
 
 void add_page(const std::string &name, const std::string &line) {
-  add("page of 64 KiB/" + name, page_of(line), [](workspace &, const std::string &text) {
-    varnel_inspection inspection;
-    benchmark::DoNotOptimize(varnel_inspect(text.data(), text.size(), &TODAY, &inspection));
-    benchmark::DoNotOptimize(inspection);
-  });
+  // Fillers of the names and letters among digits were misread.
+  const std::string zone = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<ssccees\n"
+                           "L898902C36UT074O8122F12O4159ZE184226B<<<<<10\n";
+  add_inspecting("page of 64 KiB, inspect/" + name, page_of(line, ""), TODAY);
+  add_inspecting("page of 64 KiB, inspect with repair/" + name, page_of(line, ""), REPAIRED_TODAY);
+  add_inspecting("page of 64 KiB, a zone repaired/" + name, page_of(line, zone), REPAIRED_TODAY);
 }
 
 void add_inspections(const std::vector<sample> &layouts) {
@@ -223,6 +231,7 @@ void add_inspections(const std::vector<sample> &layouts) {
     add_inspection(each);
   }
   add_page("English", "The holder of this document, born in 1974, may pass freely (see note 3) & so on.\n");
+  add_page("capitals", "REPUBLIC OF UTOPIA PASSPORT NO 12345678 DATE OF ISSUE 20101231\n");
   add_page("Greek", "Ο κάτοχος του παρόντος εγγράφου, που γεννήθηκε το 1974, μπορεί να περάσει ελεύθερα.\n");
 }
 

@@ -47,6 +47,7 @@ constexpr bool may_end_filler(unsigned char c) {
 constexpr uint32_t SHORTEST_IN_BYTES = SHORTEST_LINE / 2; // two fillers may share theirs
 constexpr uint32_t LONGEST_IN_BYTES = 1024;               // with all the noise and white space in it
 constexpr int MOST_BEYOND_ASCII = LONGEST_LINE;           // a text of another script has more
+constexpr int FEWEST_DIGITS = 6;                          // of a date, in a line without fillers
 
 // What a line is made of.
 struct line_counts {
@@ -54,14 +55,15 @@ struct line_counts {
   int capitals;
   int digits;
   int fillers; // or what may be one
+  int beyond_ascii;
 
   int letters_and_digits() const { return small + capitals + digits; }
 
   // Neither prose nor too long, and with fillers or the digits of a date.
   bool may_be_zone() const {
-    constexpr int fewest_digits = 6;
     const bool is_prose = capitals > 0 && small > 2 * (capitals + digits + fillers);
-    return !is_prose && (digits >= fewest_digits || fillers > 0) && letters_and_digits() <= LONGEST_LINE;
+    return !is_prose && beyond_ascii <= MOST_BEYOND_ASCII && (digits >= FEWEST_DIGITS || fillers > 0) &&
+           letters_and_digits() <= LONGEST_LINE;
   }
 };
 
@@ -97,6 +99,14 @@ constexpr uint64_t mark(uint64_t word, unsigned first, unsigned last) {
   return (low + eight(0x80 - first)) & ~(low + eight(0x7F - last)) & ~word & TOP_BITS;
 }
 
+// Marks the bytes that begin a sign for a filler, as « and full-width <, in UTF-8.
+constexpr uint64_t mark_filler_signs(uint64_t word) {
+  const uint64_t low = word & ~TOP_BITS;
+  return (mark(low, 0xC2 & 0x7F, 0xC2 & 0x7F) | mark(low, 0xE2 & 0x7F, 0xE3 & 0x7F) |
+          mark(low, 0xEF & 0x7F, 0xEF & 0x7F)) &
+         word;
+}
+
 // Counts marks, of up to 255 words, byte by byte.
 class mark_counter {
 public:
@@ -115,9 +125,9 @@ private:
 // How far a line goes, and the little that rules most lines out.
 struct first_look {
   uint32_t end;
-  int digits;      // at most; of a line that is not too long
-  bool has_others; // fillers, or what only a closer look can say
-  bool is_ascii;   // and has no name of a character, as "&lt;"
+  int digits;       // at most; of a line that is not too long
+  bool has_fillers; // or what only a closer look can say
+  bool is_ascii;    // and has no name of a character, as "&lt;"
 };
 
 first_look look_at_line(const unsigned char *bytes, uint32_t begin, uint32_t end) {
@@ -140,8 +150,11 @@ first_look look_at_line(const unsigned char *bytes, uint32_t begin, uint32_t end
     digits.add(mark(word, '0', '9'));
     fillers |= mark(word, ';', '<');
     others |= mark(word, ';', ';') | (word & TOP_BITS);
+    if ((word & TOP_BITS) != 0) {
+      fillers |= mark_filler_signs(word);
+    }
   }
-  return {end, digits.sum(), (fillers | others) != 0, others == 0};
+  return {end, digits.sum(), fillers != 0, others == 0};
 }
 
 // The bytes that begin a character beyond ASCII.
@@ -154,8 +167,8 @@ int count_beyond_ascii(const unsigned char *bytes, uint32_t begin, uint32_t end)
   return counter.sum();
 }
 
-// Of a line in ASCII, whose digits are known.
-line_counts count_ascii(const unsigned char *bytes, uint32_t begin, uint32_t end, int digits) {
+// Fillers are as many as there may be: readers' signs for two of them are of several bytes.
+line_counts count_at_most(const unsigned char *bytes, uint32_t begin, uint32_t end, const first_look &look) {
   mark_counter small;
   mark_counter capitals;
   mark_counter fillers;
@@ -163,9 +176,10 @@ line_counts count_ascii(const unsigned char *bytes, uint32_t begin, uint32_t end
     const uint64_t word = load(bytes, at, end);
     small.add(mark(word, 'a', 'z'));
     capitals.add(mark(word, 'A', 'Z'));
-    fillers.add(mark(word, FILLER, FILLER));
+    fillers.add(mark(word, ';', '<'));
   }
-  return {small.sum(), capitals.sum(), digits, fillers.sum()};
+  const int beyond_ascii = look.is_ascii ? 0 : count_beyond_ascii(bytes, begin, end);
+  return {small.sum(), capitals.sum(), look.digits, fillers.sum() + 2 * beyond_ascii, beyond_ascii};
 }
 
 line_counts count_any(const unsigned char *bytes, uint32_t begin, uint32_t end) {
@@ -188,24 +202,24 @@ bool line_finder::next(line_span &span) {
     const uint32_t begin = at_;
     const first_look look = look_at_line(bytes, begin, passage_.end);
     at_ = look.end + 1;
-    constexpr int fewest_digits = 6;
     const uint32_t size = look.end - begin;
     if (size < SHORTEST_IN_BYTES || size > LONGEST_IN_BYTES ||
-        (look.digits < fewest_digits && !look.has_others) ||
-        (!look.is_ascii && count_beyond_ascii(bytes, begin, look.end) > MOST_BEYOND_ASCII)) {
+        (look.digits < FEWEST_DIGITS && !look.has_fillers)) {
       continue;
     }
-    const line_counts counts =
-        look.is_ascii ? count_ascii(bytes, begin, look.end, look.digits) : count_any(bytes, begin, look.end);
+    line_counts counts = count_at_most(bytes, begin, look.end, look);
     if (!counts.may_be_zone()) {
       continue;
     }
+    if (!look.is_ascii) {
+      counts = count_any(bytes, begin, look.end);
+    }
     constexpr int fewest_digits_of_dates = 7;
     span = {begin, look.end, counts.fillers > 0, counts.digits >= fewest_digits_of_dates};
-    const bool is_readable = look.is_ascii && size <= LONGEST_LINE &&
-                             counts.letters_and_digits() + counts.fillers >= SHORTEST_LINE;
+    const int kept = counts.letters_and_digits() + counts.fillers;
     noisy_line line;
-    if (is_readable || read_line(passage_.text, span, line)) {
+    if (look.is_ascii ? kept >= SHORTEST_LINE && kept <= LONGEST_LINE
+                      : counts.may_be_zone() && read_line(passage_.text, span, line)) {
       return true;
     }
   }

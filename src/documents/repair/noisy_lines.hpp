@@ -38,7 +38,7 @@ struct line_span {
 // Reads the line that these bytes are; false where it cannot be one of a zone.
 bool read_line(const char *text, const line_span &span, noisy_line &line);
 
-// Walks the lines of a passage that may be lines of a zone, each of which read_line reads.
+// Walks the lines of a passage that may be lines of a zone.
 class line_finder {
 public:
   explicit line_finder(passage p) : passage_(p), at_(p.begin) {}

@@ -660,13 +660,13 @@ public:
     return count_ >= 3 && spans_[place_of(3, 1)].has_dates && spans_[place_of(3, 2)].has_fillers;
   }
 
-  // Reads the lines of a layout. False where one is too long for it.
+  // Reads the lines of a layout. False where one cannot be read, or is too long for it.
   bool read(const layout &form, const noisy_line *(&lines)[VARNEL_ZONE_LINES]) {
     for (int i = 0; i < form.lines; ++i) {
       const int place = place_of(form.lines, i);
       is_read_[place] = is_read_[place] || read_line(text_, spans_[place], lines_[place]);
       lines[i] = &lines_[place];
-      if (lines[i]->size > form.width + LONGER) {
+      if (!is_read_[place] || lines[i]->size > form.width + LONGER) {
         return false;
       }
     }
