@@ -194,10 +194,14 @@ public:
       if (letter == '\0') {
         continue;
       }
-      if (form_.lines == 2) {
-        read_two_lines(head, letter, letter_cost);
-      } else {
-        read_three_lines(head, letter, letter_cost);
+      for (const head_lengths lengths : HEAD_LENGTHS) {
+        reading r = begin_reading(letter_cost);
+        const int end = read_head(head, letter, lengths, r);
+        if (end > 0 && form_.lines == 2) {
+          read_two_lines(r, end, head > 0);
+        } else if (end > 0) {
+          read_three_lines(r, head, end);
+        }
       }
     }
   }
@@ -333,7 +337,7 @@ private:
     return i == 0 || (i > 0 && i <= 3 && line.has_gap(i));
   }
 
-  void read_two_lines(int head, char letter, int letter_cost) const {
+  void read_two_lines(const reading &begun, int names_at, bool headed) const {
     const noisy_line &low = *lines_[1];
     constexpr int first = NUMBER - 1 + STATE - 1;
     constexpr int last = 3 + NUMBER + 2 + STATE + 1;
@@ -341,15 +345,8 @@ private:
       for (const uint8_t birth_length : DATE_LENGTHS) {
         for (const uint8_t expiry_length : DATE_LENGTHS) {
           dates_unit dates;
-          if (!read_dates(low, begin, birth_length, expiry_length, dates)) {
-            continue;
-          }
-          for (const head_lengths lengths : HEAD_LENGTHS) {
-            reading r = begin_reading(letter_cost);
-            const int names_at = read_head(head, letter, lengths, r);
-            if (names_at > 0) {
-              read_before_dates(r, dates, names_at, head > 0);
-            }
+          if (read_dates(low, begin, birth_length, expiry_length, dates)) {
+            read_before_dates(begun, dates, names_at, headed);
           }
         }
       }
@@ -560,22 +557,15 @@ private:
     return true;
   }
 
-  void read_three_lines(int head, char letter, int letter_cost) const {
+  void read_three_lines(const reading &begun, int head, int number_at) const {
     const noisy_line &middle = *lines_[1];
     for (int middle_head = 0; middle_head <= middle.head; middle_head += middle.head > 0 ? middle.head : 1) {
       for (const uint8_t birth_length : DATE_LENGTHS) {
         for (const uint8_t expiry_length : DATE_LENGTHS) {
           dates_unit dates;
-          if (!read_dates(middle, middle_head, birth_length, expiry_length, dates)) {
-            continue;
-          }
-          dates.cost += middle_head > 0 ? cost::HEAD_DROPPED : 0;
-          for (const head_lengths lengths : HEAD_LENGTHS) {
-            reading r = begin_reading(letter_cost);
-            const int number_at = read_head(head, letter, lengths, r);
-            if (number_at > 0) {
-              read_card(r, dates, head, number_at, head > 0 || middle_head > 0);
-            }
+          if (read_dates(middle, middle_head, birth_length, expiry_length, dates)) {
+            dates.cost += middle_head > 0 ? cost::HEAD_DROPPED : 0;
+            read_card(begun, dates, head, number_at, head > 0 || middle_head > 0);
           }
         }
       }
