@@ -24,10 +24,12 @@ template <class... Ranges> struct character_set {
 
   // Whether every character of the view is in the set.
   template <class Word = words::wide> static bool covers(STRING view) {
+    return view.len < static_cast<int>(sizeof(Word)) ? covers_short(view) : covers_long<Word>(view);
+  }
+
+  // The same, of a view of at least a word.
+  template <class Word = words::wide> static bool covers_long(STRING view) {
     constexpr int size = sizeof(Word);
-    if (view.len < size) {
-      return covers_short(view);
-    }
     const int last = view.len - size; // the last word may overlap the one before
     Word inside = marks(words::load<Word>(view.str + last));
     for (int i = 0; i < last; i += size) {

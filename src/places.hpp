@@ -13,6 +13,12 @@ constexpr int MAX = 63; // so that every shift by a place or a length is defined
 // The places before `end`.
 constexpr set before(int end) { return (set{1} << end) - 1; }
 
+// The first place of a set as a set; of none, none.
+constexpr set lowest(set places) { return places & (~places + 1); }
+
+// A place, given as a set, and all after it.
+constexpr set from(set place) { return ~place + 1; }
+
 // The number of places in a set.
 constexpr int count(set places) {
   places -= places >> 1 & UINT64_C(0x5555555555555555);
@@ -22,7 +28,7 @@ constexpr int count(set places) {
 }
 
 // The first and the last place in a set, which must not be empty.
-constexpr int first_by_count(set places) { return count((places & (~places + 1)) - 1); }
+constexpr int first_by_count(set places) { return count(lowest(places) - 1); }
 
 constexpr int last_by_count(set places) {
   for (int width = 1; width < 64; width *= 2) {

@@ -15,6 +15,6 @@ int mrz::read_zone(int layout, const char *zone, PARSE_RESULT *result, const CON
 
 int mrz::check_and_read(int layout, const char *zone, int length, PARSE_RESULT *result,
                         const CONTEXT *context) {
-  return mrz_characters::covers(STRING{zone, length}) ? read_zone(layout, zone, result, context)
-                                                      : ERR_INVALID_FORMAT;
+  return mrz_characters::covers_long(STRING{zone, length}) ? read_zone(layout, zone, result, context)
+                                                           : ERR_INVALID_FORMAT;
 }

@@ -49,11 +49,16 @@ char *terminated(char *end, const char *limit) {
   return end;
 }
 
-// Writes the characters of a field from `from` to `to`.
+// Writes the characters of a field from `from` to `to`, which begin and end with a letter.
 char *append_part(STRING &slot, char *end, char *limit, filled_text field, int from, int to) {
   const int length = to - from;
   return mrz::append_text(slot, end, limit, field.str + from, length,
                           ~field.letters >> from & places::before(length));
+}
+
+// The same of a word, which has no fillers.
+char *append_word(STRING &slot, char *end, char *limit, filled_text field, int from, int to) {
+  return mrz::append_text(slot, end, limit, field.str + from, to - from, 0);
 }
 
 // Reads the year of a date in the 1900s. Of the characters of a zone, digits are those below 0x3A.
@@ -122,7 +127,7 @@ mrz::progress mrz::append_names(slots to, char *end, STRING name) {
   }
   const name_places at = split_name(field);
   end = append_part(to[FIELD_FAMILY_NAME], end, to.limit, field, at.last, at.last_end);
-  end = append_part(to[FIELD_FIRST_NAME], end, to.limit, field, at.first, at.first_end);
+  end = append_word(to[FIELD_FIRST_NAME], end, to.limit, field, at.first, at.first_end);
   return {append_part(to[FIELD_MIDDLE_NAME], end, to.limit, field, at.middle, at.end), true};
 }
 
