@@ -33,9 +33,6 @@ bool is_impossible_start(char first, char second) {
 // Letters that end no name, but are left where a filler after one was read as K.
 bool is_impossible_end(char before, char last) { return last == 'K' && is_one_of(before, "BDFGHJMPQTVXZ"); }
 
-// Letters so narrow that readers take one for another, and see white space beside them.
-bool is_narrow(char c) { return is_one_of(c, "IJLT"); }
-
 constexpr uint32_t PRIMARY = 1u << VARNEL_PRIMARY_IDENTIFIER;
 constexpr uint32_t SECONDARY = 1u << VARNEL_SECONDARY_IDENTIFIER;
 
@@ -86,13 +83,12 @@ public:
   }
 
   // The parts that may have been misread.
-  uint32_t doubts(bool noisy, const surroundings &around) const {
+  uint32_t doubts(bool noisy) const {
     uint32_t doubted = 0;
     const auto doubt = [&](bool condition, uint32_t part) { doubted |= condition ? part : 0; };
     const word *last_of_primary = nullptr;
     const word *first_of_secondary = nullptr;
     doubt(noisy || has_strange_tail_ || surplus_ > 0, SECONDARY);
-    doubt(has_gap_at_narrow_letter() && !is_any_word_printed(around), SECONDARY);
     for (int i = 0; i < word_count_; ++i) {
       const word &w = words_[i];
       doubt(is_doubtful(w) || (noisy && has_twin(w)), w.part());
@@ -215,7 +211,7 @@ private:
 
   void look_at_tail() {
     const bool is_pure = is_pure_tail();
-    is_dirty_ = !is_pure || size_ != width_;
+    is_dirty_ = !is_pure || size_ != width_ || has_gap_in_word();
     surplus_ = tail_ > width_ ? tail_ - width_ : is_pure && size_ > width_ ? size_ - width_ : 0;
     for (int i = tail_; i < size_; ++i) {
       const char c = read_[i];
@@ -318,25 +314,12 @@ private:
     return has_run(w) || (is_dirty_ && (begins_impossibly(w) || has_twin(w) || is_lone));
   }
 
-  // White space within a word, beside a narrow letter: a sign of a picture in which those are misread.
-  bool has_gap_at_narrow_letter() const {
+  bool has_gap_in_word() const {
     for (int i = 0; i < word_count_; ++i) {
       for (int k = words_[i].begin + 1; k < words_[i].end; ++k) {
-        if (line_.has_gap(from_[k]) && (is_narrow(text_[k - 1]) || is_narrow(text_[k]))) {
+        if (line_.has_gap(from_[k])) {
           return true;
         }
-      }
-    }
-    return false;
-  }
-
-  // A word that was read twice alike is a sign of a good picture.
-  bool is_any_word_printed(const surroundings &around) const {
-    constexpr int shortest_word = 3;
-    for (int i = 0; i < word_count_; ++i) {
-      const word &w = words_[i];
-      if (w.length() >= shortest_word && around.print(text_ + w.begin, w.length())) {
-        return true;
       }
     }
     return false;
@@ -428,7 +411,7 @@ private:
   int word_count_ = 0;
   int tail_ = 0;          // where the fillers after the last word begin
   int surplus_ = 0;       // characters too many that nothing explains
-  bool is_dirty_ = false; // the tail is not fillers alone, or the line not of its length, or has gaps there
+  bool is_dirty_ = false; // the tail is not fillers alone, the length is wrong, or white space stands within
   bool has_strange_tail_ = false;   // something stands in it that no filler is read as
   bool reads_fillers_as_s_ = false; // in capitals
 };
@@ -440,7 +423,7 @@ void read_names(const noisy_line &line, int at, int width, bool noisy, const sur
   names = names_unit{};
   const name_field field(line, at, width);
   field.write(names);
-  names.doubts = field.doubts(noisy, around);
+  names.doubts = field.doubts(noisy);
   if (names.doubts != 0 && field.write_printed(around, names.text)) {
     names.doubts = 0;
   }
