@@ -210,10 +210,10 @@ std::size_t document_reader::line_end() {
 
 // The line is blank until something other than white space stands in it. Its bytes come piece by piece.
 void document_reader::look_for_text(std::string_view bytes) {
-  const auto end = exact_ ? std::end(WHITE_SPACE) : WHITE_SPACE + PLAIN_WHITE_SPACE;
+  const std::string_view *const end = exact_ ? std::end(WHITE_SPACE) : WHITE_SPACE + PLAIN_WHITE_SPACE;
   for (std::size_t i = 0; blank_ && i < bytes.size(); ++i) {
     begun_ += bytes[i];
-    const auto found = std::find_if(
+    const std::string_view *const found = std::find_if(
         WHITE_SPACE, end, [&](std::string_view character) { return begins_with(character, begun_); });
     blank_ = found != end;
     if (!blank_ || found->size() == begun_.size()) {
