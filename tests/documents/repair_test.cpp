@@ -140,6 +140,30 @@ TEST(Repair, Dates) {
   }
 }
 
+// Lines of the right length are read by their columns: class, misread fillers, but nothing for a number's
+// digit.
+TEST(Repair, FrenchCard) {
+  const std::string top = "IDFRABERTHIER<<<<<<<<<<<<<<<<<<<<<<<\n";
+  const std::string low = "9409923102854CORINNE<<<<<<<6512068F4\n";
+  const expectation table[] = {
+      {1, top + low, "valid", "", "", ""},
+      {1, "1DFRABERTH1ER<<<<<<<<<<<<<<<<<<<<<<<\n9409923102854CORINNE<<<<<<<65I2O68P4\n", "repaired",
+       top + low, "0:0 1>I class, 0:10 1>I class, 1:29 I>1 class, 1:31 O>0 class, 1:34 P>F class", ""},
+      // A misread filler leaves the name in doubt.
+      {1, top + "9409923102854CORINNE<<ss<<<6512068F4\n", "doubtful", top + low,
+       "1:22 s>< filler, 1:23 s>< filler", "unproven secondaryIdentifier"},
+      {2, top + "94O9923102854CORINNE<<<<<<<65I2068F4\n", "doubtful",
+       top + "94O9923102854CORINNE<<<<<<<6512068F4\n", "1:29 I>1 class",
+       "checkFailed documentNumber, checkFailed composite"},
+  };
+  for (const expectation &e : table) {
+    expect(e);
+  }
+  // A lost or doubled filler cannot be found: the lines end in columns that are known.
+  const varnel_inspection inspection = inspect(top + "9409923102854CORINNE<<<<<<6512068F4\n", with_repair(1));
+  EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_REFUSED);
+}
+
 TEST(Repair, Fillers) {
   const expectation table[] = {
       {1, "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<sssscc\n" + LOW, "repaired", TOP + LOW,

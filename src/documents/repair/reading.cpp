@@ -43,6 +43,7 @@ bool check_holds(const reading &r, const check_place &check) {
   return r.lines[check.line].text[check.column] == sum.digit();
 }
 
+bool is_like_i(char c) { return c == '1' || c == 'J' || c == 'L' || c == 'T'; }
 bool is_visa(const layout &form) { return form.first_letters[0] == 'V'; }
 bool is_card(const layout &form) { return form.first_letters[0] == 'A'; }
 
@@ -130,6 +131,9 @@ void compare(reading &best, const reading &other) {
                                 VARNEL_NATIONALITY,   VARNEL_BIRTH_DATE,         VARNEL_SEX,
                                 VARNEL_EXPIRY_DATE};
   for (const uint8_t field : fields) {
+    if (form.find(field) == nullptr) {
+      continue; // FRA-ID lacks two of them
+    }
     const stretch place = form.find(field)->place;
     const int end = field == VARNEL_PRIMARY_IDENTIFIER ? VARNEL_ZONE_WIDTH : place.column + place.length;
     if (!agree(best.lines[place.line], other.lines[place.line], place.column, end)) {
@@ -187,6 +191,10 @@ public:
   }
 
   void read() const {
+    if (form_.id == VARNEL_LAYOUT_FRA_ID) {
+      read_french_card();
+      return;
+    }
     const noisy_line &top = *lines_[0];
     for (int head = 0; head <= top.head; head += top.head > 0 ? top.head : 1) {
       int letter_cost = head > 0 ? cost::HEAD_DROPPED : 0;
@@ -219,18 +227,10 @@ private:
     if (!is_card(form_)) {
       return '\0';
     }
-    switch (letter) {
-    case '1':
-    case 'J':
-    case 'L':
-    case 'T':
+    if (is_like_i(letter)) {
       return 'I';
-    case 'E':
-    case 'G':
-      return 'C';
-    default:
-      return '\0';
     }
+    return letter == 'E' || letter == 'G' ? 'C' : '\0';
   }
 
   // The document code and the issuing state; returns where the next unit begins, 0 when they cannot be read.
@@ -337,6 +337,80 @@ private:
     return i == 0 || (i > 0 && i <= 3 && line.has_gap(i));
   }
 
+  // Both lines of the French card end in columns that are known: there fillers are lost or doubled unseen,
+  // and only lines of the right length are read.
+  void read_french_card() const {
+    const noisy_line &top = *lines_[0];
+    const noisy_line &low = *lines_[1];
+    if (top.size != form_.width || low.size != form_.width) {
+      return;
+    }
+    reading r = begin_reading(0);
+    const char first = static_cast<char>(ascii::to_upper(top.text[0]));
+    r.cost += first == 'I' ? 0 : cost::LOOKALIKE;
+    r.lines[0].put('I', 0);
+    r.lines[0].put(static_cast<char>(ascii::to_upper(top.text[1])), 1);
+    const bool is_headed = (first == 'I' || is_like_i(first)) &&
+                           read_state(top, 2, STATE, nullptr, around_.level, r.lines[0], r.cost) &&
+                           memcmp(r.lines[0].text, "IDFRA", 2 + STATE) == 0;
+    date_unit birth;
+    const char sex = read_sex(low.text[form_.find(VARNEL_SEX)->place.column], r.cost);
+    if (!is_headed || sex == '\0' ||
+        !read_date(low, form_.find(VARNEL_BIRTH_DATE)->place.column, DATE + 1, birth)) {
+      return;
+    }
+    r.cost += birth.cost;
+    for (int i = 2; i < form_.field_count; ++i) {
+      read_french_field(form_.fields[i], birth, sex, r);
+    }
+    r.lines[1].put(read_digit(low.text[form_.width - 1]), form_.width - 1);
+    const stretch number = form_.find(VARNEL_DOCUMENT_NUMBER)->place;
+    const bool number_holds = check_holds(r, *form_.find_check(VARNEL_DOCUMENT_NUMBER));
+    r.failures = static_cast<uint8_t>(!birth.holds + !number_holds +
+                                      !check_holds(r, *form_.find_check(VARNEL_COMPOSITE)));
+    r.excused = birth.holds ? 0 : cost::FAILS;
+    const bool is_doubted = number_holds && is_unproven(at(r, number), number.length, around_);
+    r.doubts |= is_doubted ? 1u << VARNEL_DOCUMENT_NUMBER : 0;
+    if (number_holds || is_proof(birth)) {
+      offer(r);
+    }
+  }
+
+  void read_french_field(const field_place &f, const date_unit &birth, char sex, reading &r) const {
+    const noisy_line &line = *lines_[f.place.line];
+    characters &out = r.lines[f.place.line];
+    const int end = f.place.column + f.place.length;
+    if (f.kind == field_kind::names) {
+      read_french_name(line, f, r);
+    } else if (f.kind == field_kind::birth_date) {
+      out.put(birth.text);
+    } else if (f.kind == field_kind::sex) {
+      out.put(sex, f.place.column);
+    } else {
+      for (int i = f.place.column; i < end; ++i) {
+        out.put(static_cast<char>(ascii::to_upper(line.text[i])), i);
+      }
+    }
+    if (f.field == VARNEL_DOCUMENT_NUMBER) {
+      out.put(read_digit(line.text[end]), end);
+    }
+  }
+
+  // A name with fillers after it, of which a misread one leaves the name in doubt.
+  void read_french_name(const noisy_line &line, const field_place &f, reading &r) const {
+    characters ways[MOST_WAYS] = {};
+    read_optional_data(line, f.place.column, f.place.column + f.place.length, f.place.length, ways);
+    bool is_dirty = noisy_;
+    for (int i = 0; i < f.place.length; ++i) {
+      const char read = line.text[f.place.column + i];
+      const char letter = ascii::is_digit(ways[0].text[i]) ? letter_for(ways[0].text[i]) : '\0';
+      r.cost += letter != '\0' ? cost::LOOKALIKE : 0;
+      is_dirty = is_dirty || ascii::is_lower(read) || (ways[0].text[i] == FILLER && read != FILLER);
+      r.lines[f.place.line].put(letter != '\0' ? letter : ways[0].text[i], f.place.column + i);
+    }
+    r.doubts |= is_dirty ? 1u << f.field : 0;
+  }
+
   void read_two_lines(const reading &begun, int names_at, bool headed) const {
     const noisy_line &low = *lines_[1];
     constexpr int first = NUMBER - 1 + STATE - 1;
@@ -389,8 +463,8 @@ private:
     r.cost += memcmp(nationality.text, r.lines[0].text + 2, STATE) == 0 ? cost::STATES_AGREE : 0;
   }
 
-  // Whether a unit before the data has a character that was read as one that is seldom taken for it: then the
-  // picture was so bad that a digit may hold by chance.
+  // Whether a unit before the data has a character that was read as one that is seldom taken for it: then
+  // the picture was so bad that a digit may hold by chance.
   bool has_rare_lookalike(const reading &r) const {
     const stretch number = form_.find(VARNEL_DOCUMENT_NUMBER)->place;
     const stretch data = data_after_dates(form_);
@@ -683,7 +757,7 @@ bool find_reading(passage p, passage page, extent within, int level, found_zone 
   while (recent.next()) {
     const bool may_be_two = recent.may_be_zone(2);
     const bool may_be_three = recent.may_be_zone(3);
-    for (int id = VARNEL_LAYOUT_TD1; (may_be_two || may_be_three) && id <= VARNEL_LAYOUT_MRV_B; ++id) {
+    for (int id = VARNEL_LAYOUT_TD1; (may_be_two || may_be_three) && id <= VARNEL_LAYOUT_FRA_ID; ++id) {
       const layout &form = LAYOUTS[id];
       const noisy_line *lines[VARNEL_ZONE_LINES] = {};
       if (!(form.lines == 2 ? may_be_two : may_be_three) || !recent.read(form, lines)) {
