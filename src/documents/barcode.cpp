@@ -362,26 +362,26 @@ bool is_text(const barcode_card &card, int start, int end, const char *text) {
 }
 
 // Separators between two elements: one LF.
-void check_separator(barcode_card &card, int start, int end) {
-  if (is_text(card, start, end, "\n")) {
+void check_separator(barcode_card &card, int from, int to) {
+  if (is_text(card, from, to, "\n")) {
     return;
   }
-  const int code = is_text(card, start, end, "\r\n") ? VARNEL_BARCODE_LINE_FEED_ADDED
-                   : is_text(card, start, end, "\r") ? VARNEL_BARCODE_CARRIAGE_RETURN
-                                                     : VARNEL_BARCODE_SEPARATORS;
-  add_finding(card.info, code, start);
+  const int code = is_text(card, from, to, "\r\n") ? VARNEL_BARCODE_LINE_FEED_ADDED
+                   : is_text(card, from, to, "\r") ? VARNEL_BARCODE_CARRIAGE_RETURN
+                                                   : VARNEL_BARCODE_SEPARATORS;
+  add_finding(card.info, code, from);
 }
 
 // Separators after the last element: one CR.
-void check_terminator(barcode_card &card, int start, int end, const char *type) {
-  if (is_text(card, start, end, "\r")) {
+void check_terminator(barcode_card &card, int from, int to, const char *type) {
+  if (is_text(card, from, to, "\r")) {
     return;
   }
-  const int code = start == end                        ? VARNEL_BARCODE_TERMINATOR
-                   : is_text(card, start, end, "\r\n") ? VARNEL_BARCODE_LINE_FEED_ADDED
-                   : is_text(card, start, end, "\n")   ? VARNEL_BARCODE_LINE_FEED
-                                                       : VARNEL_BARCODE_SEPARATORS;
-  add_finding(card.info, code, start, type);
+  const int code = from == to                        ? VARNEL_BARCODE_TERMINATOR
+                   : is_text(card, from, to, "\r\n") ? VARNEL_BARCODE_LINE_FEED_ADDED
+                   : is_text(card, from, to, "\n")   ? VARNEL_BARCODE_LINE_FEED
+                                                     : VARNEL_BARCODE_SEPARATORS;
+  add_finding(card.info, code, from, type);
 }
 
 // Whether the line is an element, which is then read.

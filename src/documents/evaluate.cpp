@@ -408,8 +408,7 @@ private:
   void read_code(varnel_inspected_field &field) {
     const char first = field.text[0];
     const char second = field.text[1];
-    if (!ascii::is_upper(first) ||
-        !(ascii::is_upper(second) || ascii::is_digit(second) || is_filler(second))) {
+    if (!ascii::is_upper(first)) {
       set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
       return;
     }
@@ -474,8 +473,7 @@ private:
     }
     const places::set runs_of_three = text.fillers & text.fillers >> 1 & text.fillers >> 2;
     const bool begins_with_run = form_.one_field_of_names && (text.fillers & 1) != 0;
-    const int last = text.length_without_fillers() - 1;
-    return begins_with_run || (runs_of_three & places::before(last)) != 0;
+    return begins_with_run || (runs_of_three & places::before(text.length_without_fillers())) != 0;
   }
 
   void read_number(varnel_inspected_field &field, const field_text &text) {
@@ -738,14 +736,14 @@ bool is_zone(const varnel_inspection &inspection) {
 }
 
 int score_of(const varnel_inspection &inspection) {
-  constexpr int shares = 60; // a multiple of the numbers of digits that layouts have
-  static_assert(shares % 3 == 0 && shares % 4 == 0 && shares % 5 == 0);
+  // Of 60, the share of each digit where there are so many.
+  constexpr int share_of_one[VARNEL_CHECKS + 1] = {0, 60, 30, 20, 15, 12};
   static_assert(VARNEL_CHECKS < 8 && VARNEL_INSPECTION_FINDINGS < 31);
   int holding = 0;
   for (int i = 0; i < inspection.check_count; ++i) {
     holding += inspection.checks[i].holds;
   }
-  const int share = holding * shares / inspection.check_count;
+  const int share = holding * share_of_one[inspection.check_count];
   return (share * 8 + holding) * 32 + (31 - inspection.finding_count);
 }
 

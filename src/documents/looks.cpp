@@ -52,7 +52,7 @@ int score_of_look(const varnel_inspection &inspection) {
   }
   const varnel_inspected_field *issuer = find_field(inspection, VARNEL_ISSUING_STATE);
   const varnel_inspected_field *nationality = find_field(inspection, VARNEL_NATIONALITY);
-  if (nationality != nullptr && memcmp(issuer->text, nationality->text, 3) == 0) {
+  if (issuer != nullptr && nationality != nullptr && memcmp(issuer->text, nationality->text, 3) == 0) {
     score += agreement;
   }
   return score - change * inspection.change_count - change * inspection.finding_count;

@@ -5,7 +5,7 @@ import concurrent.futures
 import pathlib
 import subprocess
 
-from building import INCLUDES, JOBS, LANGUAGE, ROOT, arguments, core_sources, fail, tool
+from building import INCLUDES, JOBS, LANGUAGE, LIBRARIES, ROOT, arguments, fail, sources_of, tool
 
 SUPPRESSIONS = pathlib.Path(__file__).with_name("cppcheck-suppressions.txt")
 
@@ -17,10 +17,10 @@ def findings(command):
 
 
 def clang_tidy():
-    core = [*LANGUAGE, *INCLUDES]
+    libraries = [*LANGUAGE, *INCLUDES]
     command_line = ["-std=c++17", *INCLUDES, f"-I{ROOT / 'cli'}"]
-    runs = [[path, "--", *core] for path in core_sources()]
-    runs += [[ROOT / "include" / "Varnel" / "Varnel.hpp", "--", "-x", "c++", *core]]
+    runs = [[path, "--", *libraries] for library in LIBRARIES for path in sources_of(library)]
+    runs += [[path, "--", "-x", "c++", *libraries] for path in sorted((ROOT / "include" / "Varnel").glob("*.hpp"))]
     # The command runs on one thread.
     runs += [["--checks=-concurrency-mt-unsafe", path, "--", *command_line] for path in sorted((ROOT / "cli").rglob("*.cpp"))]
     with concurrent.futures.ThreadPoolExecutor(JOBS) as pool:

@@ -724,10 +724,11 @@ public:
     return count_ >= 3 && spans_[place_of(3, 1)].has_dates && spans_[place_of(3, 2)].has_fillers;
   }
 
-  // Reads the lines of a layout. False where one cannot be read, or is too long for it.
+  // Reads the lines of a layout; of two, the last stands for a third too. False where one cannot be read, or
+  // is too long for it.
   bool read(const layout &form, const noisy_line *(&lines)[VARNEL_ZONE_LINES]) {
-    for (int i = 0; i < form.lines; ++i) {
-      const int place = place_of(form.lines, i);
+    for (int i = 0; i < VARNEL_ZONE_LINES; ++i) {
+      const int place = place_of(form.lines, i < form.lines ? i : form.lines - 1);
       is_read_[place] = is_read_[place] || read_line(text_, spans_[place], lines_[place]);
       lines[i] = &lines_[place];
       if (!is_read_[place] || lines[i]->size > form.width + LONGER) {
@@ -767,7 +768,7 @@ bool find_reading(passage p, passage page, extent within, int level, found_zone 
       if (is_found && within == extent::first_zone && lines[0]->begin >= found.end()) {
         return true;
       }
-      const surroundings around = {level, page, lines[0]->begin, lines[form.lines - 1]->end};
+      const surroundings around = {level, page, lines[0]->begin, lines[VARNEL_ZONE_LINES - 1]->end};
       window_reader(form, lines, around, found).read();
     }
   }
