@@ -666,4 +666,17 @@ TEST(FrenchCard, Names) {
   EXPECT_EQ(fields["secondaryIdentifier"]["truncated"], true);
 }
 
+// Without a right date and with no digit that holds, a filler among the names makes it a zone: in either
+// field.
+TEST(FrenchCard, AFillerInEitherFieldOfNamesTells) {
+  const auto verdict_of = [](const std::string &primary, const std::string &given) {
+    const std::string zone = "IDFRA" + primary + "952042\n" + "940992310285" + "X" + given + "QQQQQQXFX\n";
+    return inspected(zone)["verdict"];
+  };
+  const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXY";
+  EXPECT_EQ(verdict_of(letters, "ABCDEFGHIJKLMN"), "refused");
+  EXPECT_EQ(verdict_of(letters, "ABCDEFGHIJKLM<"), "doubtful");
+  EXPECT_EQ(verdict_of(letters.substr(0, 24) + "<", "ABCDEFGHIJKLMN"), "doubtful");
+}
+
 } // namespace
