@@ -16,7 +16,8 @@ JOBS = 2
 LANGUAGE = ["-std=c++17", "-fno-rtti"]
 INCLUDES = [f"-I{ROOT / 'include'}"]
 TEST_INCLUDES = INCLUDES + [f"-I{ROOT / 'tests' / folder}" for folder in ("unit", "reference")] + [f"-I{ROOT / 'src'}"]
-TEST_DEFINES = [f'-DVARNEL_VECTORS_DIR="{ROOT / "tests" / "vectors"}"']
+TEST_DEFINES = [f'-DVARNEL_VECTORS_DIR="{ROOT / "tests" / "vectors"}"',
+                f'-DVARNEL_DOCUMENT_TESTS_DIR="{ROOT / "tests" / "documents"}"']
 
 
 
@@ -28,6 +29,7 @@ class Library:
     sources: pathlib.Path
     headers: tuple
     manifests: pathlib.Path
+    tests: pathlib.Path
     needs: list  # the shared libraries that it is linked to
     knows: str  # a function of its own: what lists its functions has to hold it
     frame_bound: int  # bytes of stack of one function
@@ -56,14 +58,16 @@ class Library:
 PUBLIC = ROOT / "include" / "Varnel"
 DOCUMENT_HEADERS = (PUBLIC / "documents.h", *sorted((PUBLIC / "documents").glob("*.h")))
 CORE = Library(
-    name="varnel", sources=ROOT / "src", manifests=ROOT / "tests" / "abi", needs=["libc.so.6"],
+    name="varnel", sources=ROOT / "src", manifests=ROOT / "tests" / "abi", tests=ROOT / "tests" / "unit",
+    needs=["libc.so.6"],
     headers=tuple(path for path in sorted(PUBLIC.rglob("*.h")) if path not in DOCUMENT_HEADERS),
     knows="varnel_parse_mrz",
     frame_bound=1280,  # varnel_parse_mrz holds the normalised zone: 1024 bytes
     chain_bound=2048, file_bound=36 * 1024, code_bound=23 * 1024)
 DOCUMENTS = Library(
     name="varnel_documents", sources=ROOT / "src" / "documents", headers=DOCUMENT_HEADERS,
-    manifests=ROOT / "tests" / "abi" / "documents", needs=["libvarnel.so.1", "libc.so.6"], knows="varnel_inspect",
+    manifests=ROOT / "tests" / "abi" / "documents", tests=ROOT / "tests" / "documents",
+    needs=["libvarnel.so.1", "libc.so.6"], knows="varnel_inspect",
     frame_bound=6 * 1024,  # varnel_inspect_all holds the candidates of a page
     chain_bound=8 * 1024, file_bound=208 * 1024, code_bound=192 * 1024)
 LIBRARIES = (CORE, DOCUMENTS)
@@ -136,15 +140,26 @@ def core_sources():
     return sources_of(CORE)
 
 
-def unit_test_sources():
-    sources = sorted((ROOT / "tests" / "unit").glob("*_test.cpp"))
+def unit_test_sources(library=CORE):
+    sources = sorted(library.tests.glob("*_test.cpp"))
     if not sources:
-        fail("there are no unit tests in tests/unit")
+        fail(f"there are no unit tests in {library.tests.relative_to(ROOT)}")
     return sources
 
 
 def reference_sources():
     return sorted((ROOT / "tests" / "reference").glob("*.cpp"))
+
+
+def test_environment(library):
+    """How the unit tests run where they run slowly, or often: those of the documents try a tenth of very many cases."""
+    return dict(os.environ, **({"VARNEL_FEWER_CASES": "10"} if library is DOCUMENTS else {}))
+
+
+def test_support_sources(library):
+    """What a library's unit tests are linked with."""
+    helpers = ("plain_inspection.cpp", "scans.cpp", "support.cpp") if library is DOCUMENTS else ()
+    return [*reference_sources(), *(library.tests / name for name in helpers)]
 
 
 def _is_current(result, depfile, stamp, command):
