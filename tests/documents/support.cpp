@@ -1,6 +1,10 @@
 #include "support.hpp"
 
+#include "scans.hpp"
+
 #include <nlohmann/json.hpp>
+
+#include <fstream>
 
 namespace support {
 
@@ -27,3 +31,14 @@ nlohmann::ordered_json inspected(std::string_view text, varnel_inspect_options o
 }
 
 } // namespace support
+
+std::vector<scans::scan> scans::load(const std::string &file) {
+  std::ifstream in(file);
+  std::vector<scan> all;
+  for (std::string line; std::getline(in, line);) {
+    const nlohmann::ordered_json row = nlohmann::ordered_json::parse(line);
+    all.push_back({row["id"], row["level"], row["reader"], row["text"],
+                   row["truth"].get<std::map<std::string, std::string>>(), row.value("longNumber", "")});
+  }
+  return all;
+}

@@ -8,8 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include <nlohmann/json.hpp>
-
 #include <Varnel/Varnel.hpp>
 
 #include "reference.hpp"
@@ -37,12 +35,12 @@ struct reading {
   std::string image() const { return buffer.shown().substr(0, static_cast<std::size_t>(record.data_size)); }
 };
 
-// Keys and values as the vectors have them: one line of JSON.
+// Keys and values as the vectors have them: one line of JSON. No value holds what JSON would escape.
 template <class Pairs> std::string json_of(const Pairs &pairs) {
-  nlohmann::ordered_json values = nlohmann::ordered_json::object();
+  std::string line = "{";
   for (const auto &[key, value] : pairs)
-    values[std::string(key)] = std::string(value);
-  return values.dump() + "\n";
+    line.append(line == "{" ? "\"" : ",\"").append(key).append("\":\"").append(value).append("\"");
+  return line + "}\n";
 }
 
 std::string answer(const VARNEL_PAIR (&pairs)[VARNEL_VALUE_COUNT]) {
@@ -59,14 +57,14 @@ std::string answer(const PARSE_RESULT &record) {
 }
 
 std::string filled_slots(const PARSE_RESULT &record) {
-  nlohmann::ordered_json slots = nlohmann::ordered_json::object();
+  std::vector<std::pair<std::string, std::string>> slots;
 #define VARNEL_SLOT_TEXT(number, constant, meaning)                                                          \
   if (utils_is_valid_field(&record, constant) == ERR_OK) {                                                   \
-    slots[#constant] = support::text(record.fields[constant].value);                                         \
+    slots.emplace_back(#constant, support::text(record.fields[constant].value));                             \
   }
   VARNEL_FIELDS(VARNEL_SLOT_TEXT)
 #undef VARNEL_SLOT_TEXT
-  return slots.dump() + "\n";
+  return json_of(slots);
 }
 
 // ---- the vectors ----
