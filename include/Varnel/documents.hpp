@@ -176,6 +176,7 @@ private:
 };
 
 namespace detail {
+/** @return the two as the C functions take them. @param today the reference date. @param level how far to change. */
 inline varnel_inspect_options inspect_options(date today, repair level) {
   return {today.year, today.month, today.day, static_cast<int>(level)};
 }
