@@ -125,7 +125,7 @@ private:
 // How far a line goes, and the little that rules most lines out.
 struct first_look {
   uint32_t end;
-  int digits;       // at most; of a line that is not too long
+  int digits;       // of a line that is not too long
   bool has_fillers; // or what only a closer look can say
   bool is_ascii;    // and has no name of a character, as "&lt;"
 };
@@ -182,6 +182,7 @@ line_counts count_at_most(const unsigned char *bytes, uint32_t begin, uint32_t e
   return {small.sum(), capitals.sum(), look.digits, fillers.sum() + 2 * beyond_ascii, beyond_ascii};
 }
 
+// What is counted exactly, byte by byte.
 line_counts count_any(const unsigned char *bytes, uint32_t begin, uint32_t end) {
   line_counts counts = {};
   for (uint32_t at = begin; at < end; ++at) {
