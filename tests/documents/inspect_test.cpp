@@ -462,6 +462,46 @@ TEST(Rules, BirthDate) {
   expect_field(p.zone(), "birthDate", {"badCharacters", nullptr, {"badCharacters", "checkFailed"}});
 }
 
+TEST(Rules, EveryMonthHasItsLastDay) {
+  const char *last_days[] = {"970131", "970228", "960229", "970331", "970430", "970531", "970630",
+                             "970731", "970831", "970930", "971031", "971130", "971231"};
+  for (const std::string day : last_days) {
+    passport p;
+    p.birth = p.expiry = day;
+    const std::string value = "19" + day.substr(0, 2) + "-" + day.substr(2, 2) + "-" + day.substr(4);
+    expect_field(p.zone(), "birthDate", {"ok", value.c_str(), {}});
+    expect_field(p.zone(), "expiryDate", {"ok", value.c_str(), {}});
+    p.birth = p.expiry = std::to_string(std::stoi(day) + 1); // the day after it
+    expect_field(p.zone(), "birthDate", {"notADate", nullptr, {"notADate"}});
+    expect_field(p.zone(), "expiryDate", {"notADate", nullptr, {"notADate"}});
+  }
+}
+
+TEST(Rules, PartsOfADateThatAreUnknownAreNull) {
+  const auto parts_of = [](const std::string &birth) {
+    passport p;
+    p.birth = birth;
+    const json field = inspected(p.zone())["fields"]["birthDate"];
+    return json{field["year"], field["month"], field["day"]};
+  };
+  EXPECT_EQ(parts_of("740812"), (json{1974, 8, 12}));
+  EXPECT_EQ(parts_of("7408<<"), (json{1974, 8, nullptr}));
+  EXPECT_EQ(parts_of("74<<<<"), (json{1974, nullptr, nullptr}));
+  EXPECT_EQ(parts_of("<<<<<<"), (json{nullptr, nullptr, nullptr}));
+  EXPECT_EQ(parts_of("740230"), (json{nullptr, nullptr, nullptr}));
+  EXPECT_EQ(parts_of("74O812"), (json{nullptr, nullptr, nullptr}));
+}
+
+TEST(Rules, SmallLettersAreReadAsCapitals) {
+  for (const auto &specimen : support::SPECIMENS) {
+    std::string small = specimen.zone;
+    for (char &c : small) {
+      c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    EXPECT_EQ(inspected(small), inspected(specimen.zone)) << specimen.layout;
+  }
+}
+
 // The century is chosen first, by the numbers as they stand; only then is the calendar asked.
 TEST(Rules, BirthYearBeforeCalendar) {
   passport p;
