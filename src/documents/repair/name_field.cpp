@@ -407,7 +407,7 @@ private:
   char read_[LONGEST_LINE];
   char text_[LONGEST_LINE];    // the same, digits that look like letters replaced
   uint8_t from_[LONGEST_LINE]; // places in the line
-  word words_[MOST_WORDS];
+  word words_[MOST_WORDS] = {};
   int word_count_ = 0;
   int tail_ = 0;          // where the fillers after the last word begin
   int surplus_ = 0;       // characters too many that nothing explains

@@ -320,7 +320,7 @@ private:
       compare(r, best);
     }
     best = r;
-    for (int i = 0; i < form_.lines; ++i) {
+    for (int i = 0; i < VARNEL_ZONE_LINES; ++i) {
       found_.lines[i] = *lines_[i];
     }
   }
@@ -402,10 +402,10 @@ private:
     read_optional_data(line, f.place.column, f.place.column + f.place.length, f.place.length, ways);
     bool is_dirty = noisy_;
     for (int i = 0; i < f.place.length; ++i) {
-      const char read = line.text[f.place.column + i];
+      const char as_read = line.text[f.place.column + i];
       const char letter = ascii::is_digit(ways[0].text[i]) ? letter_for(ways[0].text[i]) : '\0';
       r.cost += letter != '\0' ? cost::LOOKALIKE : 0;
-      is_dirty = is_dirty || ascii::is_lower(read) || (ways[0].text[i] == FILLER && read != FILLER);
+      is_dirty = is_dirty || ascii::is_lower(as_read) || (ways[0].text[i] == FILLER && as_read != FILLER);
       r.lines[f.place.line].put(letter != '\0' ? letter : ways[0].text[i], f.place.column + i);
     }
     r.doubts |= is_dirty ? 1u << f.field : 0;
@@ -475,9 +475,9 @@ private:
         if (zone.from[i] == NOT_READ || zone.text[i] == FILLER) {
           continue;
         }
-        const char read = lines_[line]->text[zone.from[i]];
-        const bool changed = in_number ? ascii::is_lower(read) : read != zone.text[i];
-        if (changed && !are_often_taken_for_each_other(read, zone.text[i])) {
+        const char as_read = lines_[line]->text[zone.from[i]];
+        const bool changed = in_number ? ascii::is_lower(as_read) : as_read != zone.text[i];
+        if (changed && !are_often_taken_for_each_other(as_read, zone.text[i])) {
           return true;
         }
       }
@@ -552,17 +552,17 @@ private:
   // Where the composite was read as a letter that may be either of two digits: takes the one that holds.
   bool take_second_digit(reading &r) const {
     const noisy_line &low = *lines_[1];
-    const char read = low.text[low.size - 1];
-    if (is_visa(form_) || other_digit_for(read) == '\0') {
+    const char as_read = low.text[low.size - 1];
+    if (is_visa(form_) || other_digit_for(as_read) == '\0') {
       return false;
     }
     char &digit = r.lines[1].text[form_.width - 1];
     const char letter = digit;
-    digit = digit_for(read);
+    digit = digit_for(as_read);
     if (data_digits_hold(r)) {
       return true;
     }
-    digit = other_digit_for(read);
+    digit = other_digit_for(as_read);
     if (data_digits_hold(r)) {
       return true;
     }
@@ -745,9 +745,9 @@ private:
   const char *text_;
   line_finder finder_;
   int count_ = 0;
-  line_span spans_[VARNEL_ZONE_LINES];
+  line_span spans_[VARNEL_ZONE_LINES] = {};
   bool is_read_[VARNEL_ZONE_LINES] = {};
-  noisy_line lines_[VARNEL_ZONE_LINES];
+  noisy_line lines_[VARNEL_ZONE_LINES] = {};
 };
 
 } // namespace
