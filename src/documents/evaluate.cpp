@@ -437,8 +437,7 @@ private:
       set(field, VARNEL_STATUS_EMPTY, false);
       return;
     }
-    memcpy(field.value, field.text, 3);
-    memset(field.value + letters, '\0', static_cast<size_t>(3 - letters));
+    text.copy_words(field.value);
     is_listed_ = find_state(field.value, letters).is_listed();
     const bool is_permitted = is_listed_ || is_residence_permit_code(field.value, letters);
     set(field, is_permitted ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN, true);
@@ -479,8 +478,8 @@ private:
   void read_number(varnel_inspected_field &field, const field_text &text) {
     const int length = text.copy_words(field.value);
     set(field, length == 0 ? VARNEL_STATUS_EMPTY : VARNEL_STATUS_OK, length != 0);
-    if (field.field == VARNEL_DOCUMENT_NUMBER) {
-      memcpy(field.value + length, at(continuation_), continuation_.length);
+    if (field.field == VARNEL_DOCUMENT_NUMBER && continuation_.length > 0) {
+      text_of(continuation_).copy(field.value + length);
     }
     if (field.field == VARNEL_PERSONAL_NUMBER && filler_digit_) {
       notice(field, VARNEL_NOTICE_FILLER_DIGIT);
@@ -628,7 +627,9 @@ private:
       return;
     }
     append_chip_access(form_.find(VARNEL_DOCUMENT_NUMBER)->place);
-    append_chip_access(continuation_);
+    if (continuation_.length > 0) {
+      append_chip_access(continuation_);
+    }
     append_chip_access(VARNEL_DOCUMENT_NUMBER);
     append_chip_access(form_.find(VARNEL_BIRTH_DATE)->place);
     append_chip_access(VARNEL_BIRTH_DATE);
@@ -637,7 +638,7 @@ private:
   }
 
   void append_chip_access(stretch place) {
-    memcpy(out_.chip_access + chip_access_length_, at(place), place.length);
+    text_of(place).copy(out_.chip_access + chip_access_length_);
     chip_access_length_ += place.length;
   }
 
