@@ -158,8 +158,8 @@ def test_environment(library):
 
 def test_support_sources(library):
     """What a library's unit tests are linked with."""
-    helpers = ("plain_inspection.cpp", "scans.cpp", "support.cpp") if library is DOCUMENTS else ()
-    return [*reference_sources(), *(library.tests / name for name in helpers)]
+    programs = {*unit_test_sources(library), DOCUMENTS.tests / "score.cpp"}
+    return [*reference_sources(), *(path for path in sorted(library.tests.glob("*.cpp")) if path not in programs)]
 
 
 def _is_current(result, depfile, stamp, command):
