@@ -1,6 +1,7 @@
 #include "states.hpp"
 
 #include <stddef.h>
+#include <string.h>
 
 // Each code with its code of two letters and its name.
 
@@ -418,10 +419,9 @@ state find_state(const char *code, int length) {
     return state{nullptr, "", "", listing::none};
   }
   const int letter = code[0] - 'A';
-  const char second = length > 1 ? code[1] : '\0';
-  const char third = length > 2 ? code[2] : '\0';
+  const char rest[2] = {length > 1 ? code[1] : '\0', length > 2 ? code[2] : '\0'};
   for (int i = STATES.first[letter]; i < STATES.first[letter + 1]; ++i) {
-    if (STATES.entries[i].code[1] == second && STATES.entries[i].code[2] == third) {
+    if (memcmp(STATES.entries[i].code + 1, rest, sizeof rest) == 0) {
       return state_at(i);
     }
   }
