@@ -192,7 +192,7 @@ def versions():
                              ("1.0 COMPONENTS shared documents", True), ("1.0 COMPONENTS swift", False)):
         folder = fresh(WORK / "versions")
         (folder / "CMakeLists.txt").write_text(
-            "cmake_minimum_required(VERSION 3.20)\nproject(asks LANGUAGES C)\n"
+            "cmake_minimum_required(VERSION 3.20)\nproject(asks LANGUAGES NONE)\n"
             f"find_package(Varnel {wanted} REQUIRED)\n")
         said = run("cmake", "-S", folder, "-B", folder / "build", env=env, fails=not is_found)
         if "swift" in wanted and "asked for: swift; installed here: static, shared, documents" not in said:
@@ -201,7 +201,7 @@ def versions():
     shared_only = fresh(WORK / "prefixes" / "shared_only")
     run("cmake", "--install", RELEASE / "shared", "--prefix", shared_only)
     folder = fresh(WORK / "versions")
-    (folder / "CMakeLists.txt").write_text("cmake_minimum_required(VERSION 3.20)\nproject(asks LANGUAGES C)\n"
+    (folder / "CMakeLists.txt").write_text("cmake_minimum_required(VERSION 3.20)\nproject(asks LANGUAGES NONE)\n"
                                            "find_package(Varnel REQUIRED COMPONENTS static)\n")
     said = run("cmake", "-S", folder, "-B", folder / "build", env=Prefix(shared_only).environment(), fails=True)
     if "asked for: static; installed here: shared, documents" not in " ".join(said.split()):
