@@ -21,7 +21,7 @@ def clang_tidy():
     command_line = ["-std=c++17", *INCLUDES, f"-I{ROOT / 'cli'}"]
     runs = [[path, "--", *libraries] for library in LIBRARIES for path in sources_of(library)]
     runs += [[path, "--", "-x", "c++", *libraries] for path in sorted((ROOT / "include" / "Varnel").glob("*.hpp"))]
-    # The command runs on one thread.
+    # Only the first thread of the command asks what is not for several threads.
     runs += [["--checks=-concurrency-mt-unsafe", path, "--", *command_line] for path in sorted((ROOT / "cli").rglob("*.cpp"))]
     with concurrent.futures.ThreadPoolExecutor(JOBS) as pool:
         return list(pool.map(lambda run: findings([tool("clang-tidy"), "--quiet", *run]), runs))
