@@ -11,7 +11,7 @@ namespace mrz {
 inline STRING cut(const char *line, columns c) { return STRING{line + c.start, c.length}; }
 
 // Where the text of a record ends, and whether the zone has been accepted so far. Values are written one
-// after the other, and the record is told in the end. Small enough to be returned in registers.
+// after the other, and the record is brought up to date in the end. Small enough to be returned in registers.
 struct progress {
   char *end;
   bool accepted;

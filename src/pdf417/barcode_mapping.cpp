@@ -5,9 +5,9 @@
 namespace {
 
 // Three letters packed into one integer, the first in the most significant used byte.
-constexpr int element_key(const char (&id)[4]) { return (id[0] << 16) + (id[1] << 8) + id[2]; }
+constexpr int element_key(const char (&id)[4]) noexcept { return (id[0] << 16) + (id[1] << 8) + id[2]; }
 
-template <int N> constexpr int row_count(const MAPPING (&)[N]) { return N; }
+template <int N> constexpr int row_count(const MAPPING (&)[N]) noexcept { return N; }
 
 } // namespace
 
