@@ -74,13 +74,33 @@ void document_writer::refused(const document &from) {
   rows_.refused(from, VARNEL_VALUE_COUNT + (with_slots_ ? 1 : 0));
 }
 
+// All values, each after its lead: at once where they are plain, otherwise one by one.
+template <class Plain, class LeadOf>
+void document_writer::values(const PARSE_RESULT &result, LeadOf lead_of,
+                             void (*put_one)(output &, std::string_view)) {
+  const std::array<VARNEL_PAIR, VARNEL_VALUE_COUNT> pairs = exported(result);
+  plain_text<Plain> all(out_.room(VALUES_ROOM));
+  for (std::size_t i = 0; i < pairs.size(); ++i) {
+    const lead &before = lead_of(i);
+    all.put(before.text, before.size);
+    all.put(view(pairs[i].value));
+  }
+  if (all.is_plain()) {
+    out_.commit(all.end());
+    return;
+  }
+  for (std::size_t i = 0; i < pairs.size(); ++i) {
+    out_.put(lead_of(i).view());
+    put_one(out_, view(pairs[i].value));
+  }
+}
+
 void document_writer::json(const document &from, const PARSE_RESULT &result, std::string_view more) {
   if (rows_.with_source()) {
     rows_.begin_object(from);
   }
-  VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
-  varnel_export(&result, pairs);
-  json_values(pairs);
+  values<plain_json>(
+      result, [this](std::size_t i) -> const lead & { return json_leads_[i]; }, put_json_text);
   if (!with_slots_ && more.empty()) {
     out_.put("\"}\n");
     return;
@@ -91,41 +111,6 @@ void document_writer::json(const document &from, const PARSE_RESULT &result, std
   }
   out_.put(more);
   out_.put("}\n");
-}
-
-// All values at once where they are plain, otherwise one by one.
-void document_writer::json_values(const VARNEL_PAIR *pairs) {
-  plain_text<plain_json> all(out_.room(VALUES_ROOM));
-  for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
-    all.put(json_leads_[i].text, json_leads_[i].size);
-    all.put(view(pairs[i].value));
-  }
-  if (all.is_plain()) {
-    out_.commit(all.end());
-    return;
-  }
-  for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
-    out_.put(json_leads_[i].view());
-    put_json_text(out_, view(pairs[i].value));
-  }
-}
-
-// The same with a comma before each.
-void document_writer::csv_values(const VARNEL_PAIR *pairs) {
-  constexpr std::array<char, 1> comma = {','};
-  plain_text<plain_csv> all(out_.room(VALUES_ROOM));
-  for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
-    all.put(comma, comma.size());
-    all.put(view(pairs[i].value));
-  }
-  if (all.is_plain()) {
-    out_.commit(all.end());
-    return;
-  }
-  for (std::size_t i = 0; i < VARNEL_VALUE_COUNT; ++i) {
-    out_.put(',');
-    put_csv_cell(out_, view(pairs[i].value));
-  }
 }
 
 void document_writer::json_slots(const PARSE_RESULT &result) {
@@ -146,10 +131,10 @@ void document_writer::json_slots(const PARSE_RESULT &result) {
 }
 
 void document_writer::csv(const document &from, const PARSE_RESULT &result) {
-  VARNEL_PAIR pairs[VARNEL_VALUE_COUNT];
-  varnel_export(&result, pairs);
+  static constexpr lead COMMA = {{','}, 1};
   rows_.begin_row(from);
-  csv_values(pairs);
+  values<plain_csv>(
+      result, [](std::size_t) -> const lead & { return COMMA; }, put_csv_cell);
   if (with_slots_) {
     csv_slots(result);
   }

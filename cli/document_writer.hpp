@@ -33,9 +33,18 @@ public:
   void refused(const document &from);
 
 private:
+  // What stands before a value, in pieces of one size, which are copied without a call.
+  struct lead {
+    std::array<char, 32> text = {};
+    std::size_t size = 0;
+
+    std::string_view view() const { return std::string_view(text.data(), size); }
+  };
+
+  template <class Plain, class LeadOf>
+  void values(const PARSE_RESULT &result, LeadOf lead_of, void (*put_one)(output &, std::string_view));
+
   void json(const document &from, const PARSE_RESULT &result, std::string_view more);
-  void json_values(const VARNEL_PAIR *pairs);
-  void csv_values(const VARNEL_PAIR *pairs);
   void json_slots(const PARSE_RESULT &result);
   void csv(const document &from, const PARSE_RESULT &result);
   void csv_slots(const PARSE_RESULT &result);
@@ -44,14 +53,7 @@ private:
   output &out_;
   document_rows rows_;
   bool with_slots_;
-  // What stands before each value of an object, in pieces of one size, which are copied without a call.
-  struct lead {
-    std::array<char, 32> text = {};
-    std::size_t size = 0;
-
-    std::string_view view() const { return std::string_view(text.data(), size); }
-  };
-  std::array<lead, VARNEL_VALUE_COUNT> json_leads_;
+  std::array<lead, VARNEL_VALUE_COUNT> json_leads_; // before each value of an object
 };
 
 } // namespace varnel::cli

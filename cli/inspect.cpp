@@ -1,4 +1,5 @@
 // varnel inspect: documents in, what is right and what is wrong with them out.
+#include "../src/documents/entries.hpp"
 #include "colours.hpp"
 #include "commands.hpp"
 #include "complaints.hpp"
@@ -151,12 +152,8 @@ private:
   }
 
   static std::string_view value_of(const varnel_inspection &inspection, int field) {
-    for (int i = 0; i < inspection.field_count; ++i) {
-      if (inspection.fields[i].field == field) {
-        return inspection.fields[i].value;
-      }
-    }
-    return {};
+    const varnel_inspected_field *found = documents::find_field(inspection, field);
+    return found != nullptr ? found->value : "";
   }
 
   output &out_;

@@ -59,19 +59,18 @@ public:
   char *end() const { return end_; }
 
 private:
-  // Copies some characters, and returns them in no certain order.
+  // Copies some characters, and returns them as a number of so many bytes.
   template <std::size_t Size> std::uint64_t copy(std::string_view text, std::size_t at) const {
+    const char *const from = text.data() + at;
+    std::memcpy(end_ + at, from, Size);
+    if constexpr (Size == words::SIZE) {
+      return words::load<std::uint64_t>(from);
+    }
     std::uint64_t characters = 0;
-    std::memcpy(&characters, text.data() + at, Size);
-    std::memcpy(end_ + at, text.data() + at, Size);
-    return Size < sizeof characters ? first_bytes<Size>(characters) : characters;
-  }
-
-  // What memcpy() stored in a word of zeros, as a number of so many bytes.
-  template <std::size_t Size> static std::uint64_t first_bytes(std::uint64_t stored) {
-    const std::uint16_t one = 1;
-    const bool little_endian = *reinterpret_cast<const unsigned char *>(&one) == 1;
-    return little_endian ? stored : stored >> 8 * (sizeof stored - Size);
+    for (std::size_t i = 0; i < Size; ++i) {
+      characters = characters << 8 | static_cast<unsigned char>(from[i]);
+    }
+    return characters;
   }
 
   void look_at(std::uint64_t characters) { others_ |= ~Plain::marks(characters); }

@@ -4,6 +4,7 @@
 
 #include "../ascii.hpp"
 #include "../words.hpp"
+#include "layouts.hpp"
 
 namespace documents {
 
@@ -116,6 +117,15 @@ private:
 constexpr char check_digit(const char *text, int length) {
   check_sum sum;
   sum.add(text, length);
+  return sum.digit();
+}
+
+// The digit that belongs in a check's place. `columns` says of a stretch of the zone where its text begins.
+template <class Columns> char expected_digit(const check_place &check, Columns columns) {
+  check_sum sum;
+  for (int i = 0; i < check.covered_count; ++i) {
+    sum.add(columns(check.covered[i]), check.covered[i].length);
+  }
   return sum.digit();
 }
 

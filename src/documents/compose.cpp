@@ -383,11 +383,8 @@ private:
           (check.field == VARNEL_PERSONAL_NUMBER && !has_personal_number_)) {
         continue;
       }
-      check_sum sum;
-      for (int j = 0; j < check.covered_count; ++j) {
-        sum.add(columns_of(check.covered[j]), check.covered[j].length);
-      }
-      lines_[check.line][check.column] = sum.digit();
+      lines_[check.line][check.column] =
+          expected_digit(check, [this](stretch place) { return columns_of(place); });
     }
   }
 

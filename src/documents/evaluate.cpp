@@ -736,16 +736,20 @@ bool is_zone(const varnel_inspection &inspection) {
          has_filler_in_names(inspection, form);
 }
 
-int score_of(const varnel_inspection &inspection) {
+int digits_score_of(const varnel_inspection &inspection) {
   // Of 60, the share of each digit where there are so many.
   constexpr int share_of_one[VARNEL_CHECKS + 1] = {0, 60, 30, 20, 15, 12};
-  static_assert(VARNEL_CHECKS < 8 && VARNEL_INSPECTION_FINDINGS < 31);
+  static_assert(VARNEL_CHECKS < 8);
   int holding = 0;
   for (int i = 0; i < inspection.check_count; ++i) {
     holding += inspection.checks[i].holds;
   }
-  const int share = holding * share_of_one[inspection.check_count];
-  return (share * 8 + holding) * 32 + (31 - inspection.finding_count);
+  return holding * share_of_one[inspection.check_count] * 8 + holding;
+}
+
+int score_of(const varnel_inspection &inspection) {
+  static_assert(VARNEL_INSPECTION_FINDINGS < 31);
+  return digits_score_of(inspection) * 32 + (31 - inspection.finding_count);
 }
 
 } // namespace documents

@@ -46,6 +46,9 @@ bool is_zone(const varnel_inspection &inspection);
 // of empty fields), then by their number, then by the fewer findings. Below 2^15.
 int score_of(const varnel_inspection &inspection);
 
+// The same without the findings: by the digits alone.
+int digits_score_of(const varnel_inspection &inspection);
+
 } // namespace documents
 
 #endif

@@ -26,18 +26,13 @@ bool is_as_read(const varnel_look &look, stretch place) {
 
 const char *at(const varnel_look &look, stretch place) { return look.zone[place.line] + place.column; }
 
-// The digit that follows a field directly, and whether it holds.
 char digit_of(const varnel_look &look, const check_place &check) {
   return look.zone[check.line][check.column];
 }
 
-bool check_holds(const char (*zone)[VARNEL_ZONE_WIDTH + 1], const check_place &check) {
-  check_sum sum;
-  for (int i = 0; i < check.covered_count; ++i) {
-    const stretch &s = check.covered[i];
-    sum.add(zone[s.line] + s.column, s.length);
-  }
-  return zone[check.line][check.column] == sum.digit();
+template <size_t Width> bool check_holds(const char (*zone)[Width], const check_place &check) {
+  const auto columns = [zone](stretch place) { return zone[place.line] + place.column; };
+  return zone[check.line][check.column] == expected_digit(check, columns);
 }
 
 // The likelier a look's zone, the higher: by the digits that hold, the states that agree, and what was
@@ -468,7 +463,7 @@ private:
     for (int a = 0; a < count_; ++a) {
       for (int b = 0; b < count_; ++b) {
         set_data(*looks_[(first + a) % count_], *looks_[(first + b) % count_]);
-        if (composite == nullptr || composite_holds(*composite)) {
+        if (composite == nullptr || check_holds(zone_.lines, *composite)) {
           return;
         }
       }
@@ -492,15 +487,6 @@ private:
         zone_.lines[check->line][check->column] = digit_of(lower, *check);
       }
     }
-  }
-
-  bool composite_holds(const check_place &check) const {
-    check_sum sum;
-    for (int i = 0; i < check.covered_count; ++i) {
-      const stretch &s = check.covered[i];
-      sum.add(zone_.lines[s.line] + s.column, s.length);
-    }
-    return zone_.lines[check.line][check.column] == sum.digit();
   }
 
   // ---- names -------------------------------------------------------------------------------------

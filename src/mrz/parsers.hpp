@@ -16,6 +16,9 @@ int read_two_lines(const char *zone, int width, PARSE_RESULT *result, const CONT
 // By the number of the layout.
 int read_zone(int layout, const char *zone, PARSE_RESULT *result, const CONTEXT *context);
 
+// The same, of a zone of which only the length and the document code are known.
+int check_and_read(int layout, const char *zone, int length, PARSE_RESULT *result, const CONTEXT *context);
+
 // Lets `read_lines` write to the record's slots and to its text, from the end of that on.
 template <class ReadLines> int read_into(PARSE_RESULT *result, ReadLines read_lines) {
   char *const start = record::free_space(result);
@@ -23,9 +26,6 @@ template <class ReadLines> int read_into(PARSE_RESULT *result, ReadLines read_li
   result->data_size += static_cast<int>(done.end - start);
   return done.accepted ? ERR_OK : ERR_INVALID_FORMAT;
 }
-
-// The same, of a zone of which only the length and the document code are known.
-int check_and_read(int layout, const char *zone, int length, PARSE_RESULT *result, const CONTEXT *context);
 
 // What the layout parsers do: they check the arguments, and read a zone of one of the layouts from `First` to
 // `Last`.

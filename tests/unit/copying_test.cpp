@@ -97,18 +97,22 @@ void expect_copies(const std::string &expected, int room, int slot_room, Copier 
   EXPECT_TRUE(out.guards_intact() && written.guards_intact() && record.guards_intact());
 }
 
-TEST(Strcpy, BySet) {
-  for (const Copy &c : copies) {
+// The same for each row of a table.
+template <class Row, std::size_t n, class Copier, class Writer, class SlotWriter>
+void expect_copies(const Row (&rows)[n], Copier copier, Writer writer, SlotWriter slot_writer) {
+  for (const Row &c : rows) {
     SCOPED_TRACE(shown(c.source));
     const Exact source(c.source);
     const STRING src = source.view();
     expect_copies(
         c.expected, c.room, c.room,
-        [&](char *out, int room) { return utils_strcpy(out, room, &src, c.removed, c.duplicate, c.rep); },
-        [&](char *out, int room) { return utils_strwrite(out, room, &src, c.removed, c.duplicate, c.rep); },
-        [&](PARSE_RESULT *r) { return utils_write_field(r, 25, &src, c.removed, c.duplicate, c.rep); });
+        [&](char *out, int room) { return copier(out, room, &src, c.removed, c.duplicate, c.rep); },
+        [&](char *out, int room) { return writer(out, room, &src, c.removed, c.duplicate, c.rep); },
+        [&](PARSE_RESULT *r) { return slot_writer(r, 25, &src, c.removed, c.duplicate, c.rep); });
   }
 }
+
+TEST(Strcpy, BySet) { expect_copies(copies, utils_strcpy, utils_strwrite, utils_write_field); }
 
 struct BadCopy {
   bool out;
@@ -215,16 +219,7 @@ TEST(StrcpyF, ByPredicate) {
       {"\0\0A"s, nullptr, yes, ' ', 40, "\0A"s},
       {"\xC9\xC9", nullptr, yes, ' ', 40, "\xC9"},
   };
-  for (const Case &c : cases) {
-    SCOPED_TRACE(shown(c.source));
-    const Exact source(c.source);
-    const STRING src = source.view();
-    expect_copies(
-        c.expected, c.room, c.room,
-        [&](char *out, int room) { return utils_strcpy_f(out, room, &src, c.removed, c.duplicate, c.rep); },
-        [&](char *out, int room) { return utils_strwrite_f(out, room, &src, c.removed, c.duplicate, c.rep); },
-        [&](PARSE_RESULT *r) { return utils_write_field_f(r, 25, &src, c.removed, c.duplicate, c.rep); });
-  }
+  expect_copies(cases, utils_strcpy_f, utils_strwrite_f, utils_write_field_f);
 }
 
 TEST(StrcpyF, AsksAboutEveryCharacterThatIsLookedAtAndNoOther) {

@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include "../../ascii.hpp"
+#include "../../words.hpp"
 
 namespace documents::repair {
 
@@ -36,8 +37,6 @@ char read_symbol(const char *text, int length) {
   return '\0';
 }
 
-constexpr bool ends_line(unsigned char c) { return c >= '\n' && c <= '\r'; }
-
 // The last bytes of the signs that stand in for a filler, in UTF-8, and what closes "&lt;".
 constexpr bool may_end_filler(unsigned char c) {
   return c == '<' || c == ';' || c == 0x88 || c == 0x9C || c == 0xA4 || c == 0xA8 || c == 0xA9 || c == 0xAB ||
@@ -69,39 +68,34 @@ struct line_counts {
 
 // ---- eight bytes at a time -------------------------------------------------------------------------
 
-constexpr uint64_t eight(uint64_t byte) { return byte * 0x0101010101010101; }
-constexpr uint64_t TOP_BITS = eight(0x80);
+using words::MARKS;
 
-constexpr int WORD = 8;
+constexpr uint32_t WORD = words::SIZE;
 
-// The first bytes of a word; NUL, which is none of what is counted, in the place of the rest.
-uint64_t first_bytes(uint64_t word, uint32_t size) {
-  static constexpr unsigned char KEPT[2 * WORD] = {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF};
-  uint64_t mask;
-  memcpy(&mask, KEPT + WORD - size, WORD);
-  return word & mask;
+// The first bytes of a word of fewer than eight; NUL, which is none of what is counted, in the place of the
+// rest.
+constexpr uint64_t first_bytes(uint64_t word, uint32_t size) {
+  return word & ((uint64_t{1} << 8 * size) - 1);
 }
 
 // The bytes from `at` to before `end`, up to eight.
-uint64_t load(const unsigned char *bytes, uint32_t at, uint32_t end) {
-  uint64_t word = 0;
+uint64_t load(const char *text, uint32_t at, uint32_t end) {
   if (end - at >= WORD) {
-    memcpy(&word, bytes + at, WORD);
-  } else {
-    memcpy(&word, bytes + at, end - at);
+    return words::load<uint64_t>(text + at);
   }
-  return word;
+  char bytes[WORD] = {};
+  memcpy(bytes, text + at, end - at);
+  return words::load<uint64_t>(bytes);
 }
 
-// Marks, by their top bits, the bytes of ASCII from `first` to `last`.
-constexpr uint64_t mark(uint64_t word, unsigned first, unsigned last) {
-  const uint64_t low = word & ~TOP_BITS;
-  return (low + eight(0x80 - first)) & ~(low + eight(0x7F - last)) & ~word & TOP_BITS;
+// Marks the bytes of ASCII from `first` to `last`, and no others.
+constexpr uint64_t mark(uint64_t word, char first, char last) {
+  return words::of_ascii(words::in_range(word & ~MARKS, first, last), word) & MARKS;
 }
 
 // Marks the bytes that begin a sign for a filler, as « and full-width <, in UTF-8.
 constexpr uint64_t mark_filler_signs(uint64_t word) {
-  const uint64_t low = word & ~TOP_BITS;
+  const uint64_t low = word & ~MARKS;
   return (mark(low, 0xC2 & 0x7F, 0xC2 & 0x7F) | mark(low, 0xE2 & 0x7F, 0xE3 & 0x7F) |
           mark(low, 0xEF & 0x7F, 0xEF & 0x7F)) &
          word;
@@ -130,27 +124,25 @@ struct first_look {
   bool is_ascii;    // and has no name of a character, as "&lt;"
 };
 
-first_look look_at_line(const unsigned char *bytes, uint32_t begin, uint32_t end) {
+first_look look_at_line(const char *text, uint32_t begin, uint32_t end) {
   mark_counter digits;
   uint64_t fillers = 0;
   uint64_t others = 0;
   uint32_t at = begin;
   for (bool is_last = false; !is_last; at += WORD) {
-    uint64_t word = load(bytes, at, end);
+    uint64_t word = load(text, at, end);
     is_last = end - at <= WORD;
-    if (mark(word, '\n', '\r') != 0) {
-      uint32_t size = 0;
-      while (!ends_line(bytes[at + size])) {
-        ++size;
-      }
+    const uint64_t line_ends = mark(word, '\n', '\r');
+    if (line_ends != 0) {
+      const uint32_t size = static_cast<uint32_t>(words::first(line_ends));
       word = first_bytes(word, size);
       end = at + size;
       is_last = true;
     }
     digits.add(mark(word, '0', '9'));
     fillers |= mark(word, ';', '<');
-    others |= mark(word, ';', ';') | (word & TOP_BITS);
-    if ((word & TOP_BITS) != 0) {
+    others |= mark(word, ';', ';') | (word & MARKS);
+    if ((word & MARKS) != 0) {
       fillers |= mark_filler_signs(word);
     }
   }
@@ -158,39 +150,39 @@ first_look look_at_line(const unsigned char *bytes, uint32_t begin, uint32_t end
 }
 
 // The bytes that begin a character beyond ASCII.
-int count_beyond_ascii(const unsigned char *bytes, uint32_t begin, uint32_t end) {
+int count_beyond_ascii(const char *text, uint32_t begin, uint32_t end) {
   mark_counter counter;
   for (uint32_t at = begin; at < end; at += WORD) {
-    const uint64_t word = load(bytes, at, end);
-    counter.add(word & word << 1 & TOP_BITS);
+    const uint64_t word = load(text, at, end);
+    counter.add(word & word << 1 & MARKS);
   }
   return counter.sum();
 }
 
 // Fillers are as many as there may be: readers' signs for two of them are of several bytes.
-line_counts count_at_most(const unsigned char *bytes, uint32_t begin, uint32_t end, const first_look &look) {
+line_counts count_at_most(const char *text, uint32_t begin, uint32_t end, const first_look &look) {
   mark_counter small;
   mark_counter capitals;
   mark_counter fillers;
   for (uint32_t at = begin; at < end; at += WORD) {
-    const uint64_t word = load(bytes, at, end);
+    const uint64_t word = load(text, at, end);
     small.add(mark(word, 'a', 'z'));
     capitals.add(mark(word, 'A', 'Z'));
     fillers.add(mark(word, ';', '<'));
   }
-  const int beyond_ascii = look.is_ascii ? 0 : count_beyond_ascii(bytes, begin, end);
+  const int beyond_ascii = look.is_ascii ? 0 : count_beyond_ascii(text, begin, end);
   return {small.sum(), capitals.sum(), look.digits, fillers.sum() + 2 * beyond_ascii, beyond_ascii};
 }
 
 // What is counted exactly, byte by byte.
-line_counts count_any(const unsigned char *bytes, uint32_t begin, uint32_t end) {
+line_counts count_any(const char *text, uint32_t begin, uint32_t end) {
   line_counts counts = {};
   for (uint32_t at = begin; at < end; ++at) {
-    const unsigned char c = bytes[at];
+    const char c = text[at];
     counts.small += ascii::is_lower(c);
     counts.capitals += ascii::is_upper(c);
     counts.digits += ascii::is_digit(c);
-    counts.fillers += may_end_filler(c);
+    counts.fillers += may_end_filler(static_cast<unsigned char>(c));
   }
   return counts;
 }
@@ -198,22 +190,21 @@ line_counts count_any(const unsigned char *bytes, uint32_t begin, uint32_t end) 
 } // namespace
 
 bool line_finder::next(line_span &span) {
-  const unsigned char *bytes = reinterpret_cast<const unsigned char *>(passage_.text);
   while (at_ < passage_.end) {
     const uint32_t begin = at_;
-    const first_look look = look_at_line(bytes, begin, passage_.end);
+    const first_look look = look_at_line(passage_.text, begin, passage_.end);
     at_ = look.end + 1;
     const uint32_t size = look.end - begin;
     if (size < SHORTEST_IN_BYTES || size > LONGEST_IN_BYTES ||
         (look.digits < FEWEST_DIGITS && !look.has_fillers)) {
       continue;
     }
-    line_counts counts = count_at_most(bytes, begin, look.end, look);
+    line_counts counts = count_at_most(passage_.text, begin, look.end, look);
     if (!counts.may_be_zone()) {
       continue;
     }
     if (!look.is_ascii) {
-      counts = count_any(bytes, begin, look.end);
+      counts = count_any(passage_.text, begin, look.end);
     }
     constexpr int fewest_digits_of_dates = 7;
     span = {begin, look.end, counts.fillers > 0, counts.digits >= fewest_digits_of_dates};

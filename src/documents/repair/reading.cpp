@@ -36,11 +36,8 @@ constexpr int LONGER = 14;
 const char *at(const reading &r, stretch s) { return r.lines[s.line].text + s.column; }
 
 bool check_holds(const reading &r, const check_place &check) {
-  check_sum sum;
-  for (int i = 0; i < check.covered_count; ++i) {
-    sum.add(at(r, check.covered[i]), check.covered[i].length);
-  }
-  return r.lines[check.line].text[check.column] == sum.digit();
+  const auto columns = [&r](stretch place) { return at(r, place); };
+  return r.lines[check.line].text[check.column] == expected_digit(check, columns);
 }
 
 bool is_like_i(char c) { return c == '1' || c == 'J' || c == 'L' || c == 'T'; }
@@ -699,10 +696,6 @@ private:
   found_zone &found_;
   bool noisy_ = false;
 };
-
-} // namespace
-
-namespace {
 
 // The last lines that may be lines of a zone, each read when it is needed.
 class recent_lines {

@@ -129,9 +129,6 @@ void copy_line(const char *text, const noisy_line &read, const characters &line,
   }
 }
 
-// The digits that hold decide; how many findings there are does not.
-int digits_score(const varnel_inspection &inspection) { return score_of(inspection) >> 5; }
-
 } // namespace
 
 void write_inspection(const char *text, const found_zone &found, const varnel_inspect_options &options,
@@ -176,8 +173,8 @@ bool find_zone(passage p, const varnel_inspect_options &options, varnel_inspecti
   }
   write_inspection(p.text, found, options, inspection);
   if (found.zone.failures > 0) {
-    const int score = digits_score(inspection);
-    if (documents::find_zone(p, options, inspection) && digits_score(inspection) > score) {
+    const int score = digits_score_of(inspection);
+    if (documents::find_zone(p, options, inspection) && digits_score_of(inspection) > score) {
       return true;
     }
     write_inspection(p.text, found, options, inspection);
