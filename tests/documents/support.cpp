@@ -30,6 +30,34 @@ nlohmann::ordered_json inspected(std::string_view text, varnel_inspect_options o
   return nlohmann::ordered_json::parse(inspect_to_json(text, options));
 }
 
+std::string zone_of(const varnel_inspection &inspection) {
+  std::string zone;
+  for (int i = 0; i < inspection.line_count; ++i) {
+    zone += std::string(inspection.zone[i]) + "\n";
+  }
+  return zone;
+}
+
+std::string changes_of(const varnel_inspection &inspection) {
+  std::string list;
+  for (int i = 0; i < inspection.change_count; ++i) {
+    const varnel_change &c = inspection.changes[i];
+    list += (i > 0 ? ", " : "") + std::to_string(c.line) + ":" + std::to_string(c.column) + " " + c.from +
+            ">" + c.to + " " + varnel_change_name(c.reason);
+  }
+  return list;
+}
+
+std::string findings_of(const varnel_inspection &inspection) {
+  std::string list;
+  for (int i = 0; i < inspection.finding_count; ++i) {
+    const varnel_finding &f = inspection.findings[i];
+    list += std::string(i > 0 ? ", " : "") + varnel_finding_name(f.code);
+    list += f.field != VARNEL_FIELD_NONE ? std::string(" ") + varnel_field_name(f.field) : "";
+  }
+  return list;
+}
+
 } // namespace support
 
 std::vector<scans::scan> scans::load(const std::string &file) {

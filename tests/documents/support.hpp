@@ -20,6 +20,13 @@ std::string to_json(const varnel_inspection &inspection);
 std::string inspect_to_json(std::string_view text, varnel_inspect_options options = TODAY);
 nlohmann::ordered_json inspected(std::string_view text, varnel_inspect_options options = TODAY);
 
+// The zone of an inspection, a line end after each line.
+std::string zone_of(const varnel_inspection &inspection);
+// "1:15 O>0 class, 1:43 O>0 class"
+std::string changes_of(const varnel_inspection &inspection);
+// "checkFailed documentNumber, unproven primaryIdentifier"
+std::string findings_of(const varnel_inspection &inspection);
+
 // The published specimens of ICAO Doc 9303-4 to 9303-7.
 struct specimen {
   const char *layout;
