@@ -4,6 +4,7 @@
 
 #include "arguments.hpp"
 #include "check_digit.hpp"
+#include "clean_text.hpp"
 #include "evaluate.hpp"
 #include "repair/lookalikes.hpp"
 #include "repair/repair.hpp"
@@ -13,7 +14,8 @@ using namespace documents;
 
 namespace {
 
-// Whether one field of the zone was read without any change.
+// Whether one field of the zone was read without any change. What was dropped after its last character is
+// listed in the column after it.
 bool is_as_read(const varnel_look &look, stretch place) {
   for (int i = 0; i < look.change_count; ++i) {
     const varnel_change &c = look.changes[i];
@@ -45,9 +47,9 @@ int score_of_look(const varnel_inspection &inspection) {
   for (int i = 0; i < inspection.check_count; ++i) {
     score += inspection.checks[i].holds ? digit : 0;
   }
-  const varnel_inspected_field *issuer = find_field(inspection, VARNEL_ISSUING_STATE);
+  const varnel_inspected_field *issuer = find_field(inspection, VARNEL_ISSUING_STATE); // of every layout
   const varnel_inspected_field *nationality = find_field(inspection, VARNEL_NATIONALITY);
-  if (issuer != nullptr && nationality != nullptr && memcmp(issuer->text, nationality->text, 3) == 0) {
+  if (nationality != nullptr && memcmp(issuer->text, nationality->text, 3) == 0) {
     score += agreement;
   }
   return score - change * inspection.change_count - change * inspection.finding_count;
@@ -105,8 +107,8 @@ public:
         elect_number(f, *check);
       }
     }
-    elect_data();
     elect_names();
+    elect_data(); // last, as its composite may cover all the others
     compare_with_others();
   }
 
@@ -285,12 +287,13 @@ private:
     }
   };
 
-  // A number's character as it was read, before its digit had it changed.
+  // A number's character as it was read, before its digit had it changed: as inspecting without repair
+  // takes it, a small letter as its capital.
   static char as_read(const varnel_look &look, int line, int col) {
     for (int i = 0; i < look.change_count; ++i) {
       const varnel_change &c = look.changes[i];
-      if (c.line == line && c.column == col && c.reason == VARNEL_CHANGE_DIGIT && c.from[0] != '\0') {
-        return c.from[0];
+      if (c.line == line && c.column == col && c.reason == VARNEL_CHANGE_DIGIT) {
+        return read_character(c.from, sizeof c.from - 1).as;
       }
     }
     return look.zone[line][col];
@@ -501,6 +504,17 @@ private:
     return (look.unproven & (1u << VARNEL_PRIMARY_IDENTIFIER | 1u << VARNEL_SECONDARY_IDENTIFIER)) != 0;
   }
 
+  // A filler in a digit's place is right where nothing is known of a date; where a number goes on in the
+  // optional data, the composite answers for it.
+  bool digit_holds(const varnel_look &look, const check_place &check) const {
+    if (digit_of(look, check) != FILLER) {
+      return check_holds(look.zone, check);
+    }
+    const check_place *composite = form_.find_check(VARNEL_COMPOSITE);
+    return length_of(look, check.covered[0]) == 0 ||
+           (composite != nullptr && check_holds(look.zone, *composite));
+  }
+
   // Every digit of the number and the dates holds, and nothing is doubted.
   bool is_perfect(const varnel_look &look) const {
     bool holds = look.unproven == 0 && look.dropped == 0;
@@ -508,7 +522,7 @@ private:
       const check_place &check = form_.checks[i];
       if (check.field == VARNEL_DOCUMENT_NUMBER || check.field == VARNEL_BIRTH_DATE ||
           check.field == VARNEL_EXPIRY_DATE) {
-        holds = holds && check_holds(look.zone, check);
+        holds = holds && digit_holds(look, check);
       }
     }
     return holds;
@@ -597,6 +611,7 @@ private:
   }
 
   bool elect_columns(const field_place &f, int length, int equal) {
+    char elected[VARNEL_ZONE_WIDTH];
     for (int c = 0; c < f.place.length; ++c) {
       char chosen = '\0';
       for (int i = 0; i < count_; ++i) {
@@ -610,8 +625,9 @@ private:
       if (chosen == '\0') {
         return false;
       }
-      zone_.lines[f.place.line][f.place.column + c] = chosen;
+      elected[c] = chosen;
     }
+    set(f.place, elected);
     return true;
   }
 
