@@ -24,10 +24,6 @@ std::string_view filled_slot(const PARSE_RESULT &result, const named_slot &slot)
                                                          : view(varnel_value(&result, slot.number));
 }
 
-// The most that twelve plain values and what stands before each may take.
-constexpr std::size_t VALUES_ROOM = VARNEL_VALUE_COUNT * (plain_text<plain_json>::LONGEST + 32);
-static_assert(VALUES_ROOM < output::SIZE, "the output has room for one document");
-
 } // namespace
 
 document_writer::document_writer(output &out, const document_rows &rows, bool with_slots)
@@ -78,15 +74,15 @@ void document_writer::refused(const document &from) {
 template <class Plain, class LeadOf>
 void document_writer::values(const PARSE_RESULT &result, LeadOf lead_of,
                              void (*put_one)(output &, std::string_view)) {
+  constexpr std::size_t room = VARNEL_VALUE_COUNT * (lead::ROOM + LONGEST_TEXTS + PIECE);
+  static_assert(room < output::SIZE, "the output has room for one document");
   const std::array<VARNEL_PAIR, VARNEL_VALUE_COUNT> pairs = exported(result);
-  plain_text<Plain> all(out_.room(VALUES_ROOM));
-  for (std::size_t i = 0; i < pairs.size(); ++i) {
-    const lead &before = lead_of(i);
-    all.put(before.text, before.size);
-    all.put(view(pairs[i].value));
-  }
-  if (all.is_plain()) {
-    out_.commit(all.end());
+  if (has_plain_texts<Plain>(result)) {
+    char *end = out_.room(room);
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+      end = copy_in_pieces(view(pairs[i].value), lead_of(i).copy(end));
+    }
+    out_.commit(end);
     return;
   }
   for (std::size_t i = 0; i < pairs.size(); ++i) {

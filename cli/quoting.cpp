@@ -62,16 +62,6 @@ constexpr bool steers_terminal(std::string_view character) {
   return (number >= 0x80 && number < 0xA0) || is_direction_mark(number);
 }
 
-// Writes a text where it is plain.
-template <class Plain> bool put_plain(output &out, std::string_view text) {
-  plain_text<Plain> copy(out.room(plain_text<Plain>::LONGEST));
-  copy.put(text);
-  if (copy.is_plain()) {
-    out.commit(copy.end());
-  }
-  return copy.is_plain();
-}
-
 bool is_letter_or_digit(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
@@ -79,16 +69,15 @@ bool is_letter_or_digit(char c) {
 } // namespace
 
 void put_json_text(output &out, std::string_view text) {
-  if (!put_plain<plain_json>(out, text)) {
+  if (is_plain<plain_json>(text)) {
+    out.put(text);
+  } else {
     put_json_escaped(out, text);
   }
 }
 
 void put_csv_cell(output &out, std::string_view text) {
-  if (put_plain<plain_csv>(out, text)) {
-    return;
-  }
-  if (std::none_of(text.begin(), text.end(), needs_quotes)) {
+  if (is_plain<plain_csv>(text) || std::none_of(text.begin(), text.end(), needs_quotes)) {
     out.put(text);
     return;
   }

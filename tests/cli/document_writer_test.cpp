@@ -117,48 +117,56 @@ TEST(Output, DropsEverythingAfterAFailedWrite) {
   EXPECT_FALSE(out.flush());
 }
 
-// Whatever the length of a value, and wherever a character stands in it that has to be escaped.
-TEST(PlainText, EveryCharacterIsJudgedAtEveryPlaceOfEveryLength) {
-  char written[64];
-  for (std::size_t length = 1; length <= 20; ++length) {
+namespace {
+
+// A record whose buffer holds `used` bytes of texts, and nothing in any slot.
+PARSE_RESULT record_of(std::string &buffer, std::size_t used) {
+  PARSE_RESULT record = {};
+  record.buffer = buffer.data();
+  record.buffer_size = static_cast<int>(buffer.size());
+  record.data_size = static_cast<int>(used);
+  return record;
+}
+
+} // namespace
+
+// Whatever the length of the texts, and wherever a character stands in them that has to be escaped.
+TEST(PlainTexts, EveryCharacterIsJudgedAtEveryPlaceOfEveryLength) {
+  for (std::size_t length = 1; length <= 40; ++length) {
     for (std::size_t place = 0; place < length; ++place) {
       for (int c = 0; c < 256; ++c) {
-        std::string text(length, 'A');
-        text[place] = static_cast<char>(c);
-        const bool ascii = c >= 0x20 && c < 0x7F;
-        plain_text<plain_json> json(written);
-        json.put(text);
-        ASSERT_EQ(json.is_plain(), ascii && c != '"' && c != '\\')
+        std::string buffer(length, 'A');
+        buffer[place] = static_cast<char>(c);
+        buffer.resize(length + PIECE);
+        const PARSE_RESULT record = record_of(buffer, length);
+        const bool ascii = c == 0 || (c >= 0x20 && c < 0x7F);
+        ASSERT_EQ(has_plain_texts<plain_json>(record), ascii && c != '"' && c != '\\')
             << c << " at " << place << " of " << length;
-        ASSERT_EQ(std::string(written, json.end()), text);
-        plain_text<plain_csv> csv(written);
-        csv.put(text);
-        ASSERT_EQ(csv.is_plain(), ascii && c != '"' && c != ',') << c << " at " << place << " of " << length;
+        ASSERT_EQ(has_plain_texts<plain_csv>(record), ascii && c != '"' && c != ',')
+            << c << " at " << place << " of " << length;
       }
     }
   }
 }
 
-TEST(PlainText, OneThatIsNotMakesAllOfThemNot) {
-  char written[64];
-  plain_text<plain_json> text(written);
-  text.put("a\"b");
-  text.put("plain");
-  text.put("");
-  EXPECT_FALSE(text.is_plain());
+TEST(PlainTexts, AreNotLookedAtTogetherWhereTheyAreTooLongOrReachTheEndOfTheBuffer) {
+  std::string buffer(LONGEST_TEXTS + 1, 'A');
+  buffer.resize(buffer.size() + PIECE);
+  EXPECT_TRUE(has_plain_texts<plain_json>(record_of(buffer, LONGEST_TEXTS)));
+  EXPECT_FALSE(has_plain_texts<plain_json>(record_of(buffer, LONGEST_TEXTS + 1)));
+  std::string small(32, 'A');
+  EXPECT_TRUE(has_plain_texts<plain_json>(record_of(small, 32 - PIECE)));
+  EXPECT_FALSE(has_plain_texts<plain_json>(record_of(small, 33 - PIECE)));
+  EXPECT_TRUE(has_plain_texts<plain_json>(record_of(small, 0)));
 }
 
-TEST(PlainText, AsLongAsCanBe) {
-  std::string written(plain_text<plain_json>::LONGEST + 1, '\0');
-  const std::string longest(plain_text<plain_json>::LONGEST, 'x');
-  plain_text<plain_json> text(written.data());
-  text.put(longest);
-  EXPECT_TRUE(text.is_plain());
-  EXPECT_EQ(std::string(written.data(), text.end()), longest);
-  plain_text<plain_json> longer(written.data());
-  longer.put(longest + 'x');
-  EXPECT_FALSE(longer.is_plain());
-  EXPECT_EQ(longer.end(), written.data());
-  EXPECT_EQ(json_name(longest + 'x'), longest + 'x');
-  EXPECT_EQ(csv_name(longest + 'x'), longest + 'x');
+TEST(PlainTexts, AreCopiedWithNoMoreThanAPieceAfterThem) {
+  const std::string source = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+  for (std::size_t length = 0; length <= source.size() - PIECE; ++length) {
+    std::string copy(length + PIECE + 1, '.');
+    char *const end = copy_in_pieces(std::string_view(source).substr(0, length), copy.data());
+    EXPECT_EQ(end - copy.data(), static_cast<std::ptrdiff_t>(length));
+    EXPECT_EQ(copy.substr(0, length), source.substr(0, length));
+    EXPECT_EQ(copy.back(), '.');
+  }
 }
