@@ -15,13 +15,13 @@ void chunk::add(const document &from, bool over_long) {
 void chunk::clear() {
   text_.clear();
   documents_.clear();
-  answers.clear();
+  answers.used = 0;
   remarks.clear();
   refused = 0;
 }
 
 void chunk::read_all(const read_function &read, output &out) {
-  out.gather(&answers);
+  const output::keeping into(out, answers);
   std::string said;
   for (const entry &each : documents_) {
     const std::string_view text = std::string_view(text_).substr(each.begin);
@@ -30,11 +30,9 @@ void chunk::read_all(const read_function &read, output &out) {
     said.clear();
     refused += read(from, each.over_long, said) ? 1 : 0;
     if (!said.empty()) {
-      out.flush();
-      remarks.push_back({answers.size(), said});
+      remarks.push_back({into.size(), said});
     }
   }
-  out.flush();
 }
 
 crew::crew(unsigned threads, maker make) : make_(std::move(make)) {

@@ -23,7 +23,7 @@ namespace varnel::cli {
 class chunk {
 public:
   /** With this much text a chunk is full. */
-  static constexpr std::size_t FULL = std::size_t{1} << 14;
+  static constexpr std::size_t FULL = std::size_t{1} << 15;
 
   /** Says what is reported of the document at the end of its answer; nothing when it is empty. */
   struct remark {
@@ -39,10 +39,10 @@ public:
   bool is_full() const { return text_.size() >= FULL || documents_.size() >= FULL / 16; }
   void clear();
 
-  /** Reads all documents in order, each by `read`, whose answers go to `out`, which writes to answers. */
+  /** Reads all documents in order, each by `read`, whose answers go to `out`, which keeps them in answers. */
   void read_all(const read_function &read, output &out);
 
-  std::string answers;
+  output::kept answers;
   std::vector<remark> remarks;
   std::uint64_t refused = 0;
 

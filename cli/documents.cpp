@@ -178,7 +178,7 @@ private:
   }
 
   void collect(std::unique_ptr<chunk> answered) {
-    const std::string_view answers = answered->answers;
+    const std::string_view answers = answered->answers.view();
     std::size_t written = 0;
     for (const chunk::remark &each : answered->remarks) {
       out_.put(answers.substr(written, each.end - written));

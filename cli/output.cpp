@@ -2,27 +2,38 @@
 
 #include "platform.hpp"
 
+#include <algorithm>
+
 namespace varnel::cli {
 
 bool output::flush() {
-  if (gathered_ != nullptr) {
-    gathered_->append(buffer_.data(), used_);
-  } else if (error_ == 0) {
-    error_ = write_all(descriptor_, std::string_view(buffer_.data(), used_));
+  if (!keeps_) {
+    write(buffer_.view());
+    buffer_.used = 0;
   }
-  used_ = 0;
   return error_ == 0;
 }
 
+void output::write(std::string_view bytes) {
+  if (error_ == 0) {
+    error_ = write_all(descriptor_, bytes);
+  }
+}
+
+void output::make_room(std::size_t size) {
+  flush();
+  if (keeps_) {
+    buffer_.room.resize(std::max(2 * buffer_.room.size(), buffer_.used + size));
+  }
+}
+
+// What the buffer could not hold is not copied to it first.
 void output::put_long(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const std::size_t count = bytes.size() < SIZE - used_ ? bytes.size() : SIZE - used_;
-    std::memcpy(buffer_.data() + used_, bytes.data(), count);
-    used_ += count;
-    bytes.remove_prefix(count);
-    if (used_ == SIZE) {
-      flush();
-    }
+  make_room(bytes.size());
+  if (bytes.size() > left()) {
+    write(bytes);
+  } else {
+    put(bytes);
   }
 }
 

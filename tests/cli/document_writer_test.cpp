@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <string>
 
@@ -115,6 +116,33 @@ TEST(Output, DropsEverythingAfterAFailedWrite) {
   EXPECT_EQ(out.error(), EBADF);
   out.put(std::string(3 * output::SIZE, 'b'));
   EXPECT_FALSE(out.flush());
+}
+
+// Kept bytes stand where they were put, however many; those before and after go to the descriptor.
+TEST(Output, KeepsWhatIsPutUntilItIsToBeWrittenAgain) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::tmpfile(), std::fclose);
+  output out(fileno(file.get()));
+  output::kept answers;
+  out.put("before");
+  {
+    const output::keeping keeping(out, answers);
+    const std::string piece(output::SIZE / 2 + 1, 'a');
+    out.put(piece);
+    EXPECT_EQ(keeping.size(), piece.size());
+    char *const room = out.room(piece.size()); // more than is left
+    std::memcpy(room, piece.data(), piece.size());
+    out.commit(room + piece.size());
+    EXPECT_TRUE(out.flush()); // of which nothing is written
+    EXPECT_EQ(keeping.size(), 2 * piece.size());
+    out.put(std::string(3 * output::SIZE, 'a'));
+  }
+  EXPECT_EQ(answers.view(), std::string(4 * output::SIZE + 2, 'a'));
+  out.put(", after");
+  EXPECT_TRUE(out.flush());
+  std::rewind(file.get());
+  std::string text(64, '\0');
+  text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+  EXPECT_EQ(text, "before, after");
 }
 
 namespace {
