@@ -27,7 +27,7 @@ constexpr bool is_separator(char c) { return c == LF || c == CR; }
 constexpr bool is_control(char c) { return char_value(c) >= 0 && c < ' '; }
 
 bool has_text(const barcode_card &card, int at, const char *capitals, int length) {
-  if (at < 0 || card.size - at < length) {
+  if (card.size - at < length) {
     return false;
   }
   for (int i = 0; i < length; ++i) {
@@ -49,7 +49,7 @@ bool has_small_letters(const barcode_card &card, int at, int length) {
 
 // The number that `length` digits make, or -1 where they are not all digits.
 int number_at(const barcode_card &card, int at, int length) {
-  if (at < 0 || card.size - at < length) {
+  if (card.size - at < length) {
     return -1;
   }
   int value = 0;
@@ -216,7 +216,7 @@ bool read_header(barcode_card &card, int file_type, header &head) {
 struct subfile {
   int start;        // where its type letters stand, or its elements where it has none
   int elements;     // where its elements begin
-  int declared;     // its declared start, or NOWHERE
+  int declared;     // its declared start, be it outside the text, or NOWHERE
   int declared_end; // after its declared last byte, or NOWHERE
 };
 
@@ -258,19 +258,21 @@ int find_near_offset(const barcode_card &card, const header &head, const char *t
   return NOWHERE;
 }
 
+bool is_taken(const subfile *earlier, int count, int start) {
+  for (int i = 0; i < count; ++i) {
+    if (earlier[i].start == start) {
+      return true;
+    }
+  }
+  return false;
+}
+
 // The first such letters in the body that begin a line, an earlier designator's apart.
 int find_in_body(const barcode_card &card, const header &head, const subfile *earlier, int count,
                  const char *type) {
   for (int at = head.body; at + 2 <= card.size; ++at) {
-    if (!is_at_line_start(card, head, at) || !has_text(card, at, type, 2) ||
-        !elements_follow(card, at + 2, type)) {
-      continue;
-    }
-    bool taken = false;
-    for (int i = 0; i < count; ++i) {
-      taken = taken || earlier[i].start == at;
-    }
-    if (!taken) {
+    if (is_at_line_start(card, head, at) && has_text(card, at, type, 2) &&
+        elements_follow(card, at + 2, type) && !is_taken(earlier, count, at)) {
       return at;
     }
   }
@@ -299,7 +301,7 @@ void find_subfile(barcode_card &card, const header &head, subfile *subfiles, int
   const int offset = number_at(card, designator + 2, 4);
   const int length = number_at(card, designator + 6, 4);
   subfile &found = subfiles[number];
-  found.declared = offset >= 0 && head.base + offset >= 0 ? head.base + offset : NOWHERE;
+  found.declared = offset >= 0 ? head.base + offset : NOWHERE;
   found.declared_end = found.declared != NOWHERE && length > 2 ? found.declared + length : NOWHERE;
   found.start = find_near_offset(card, head, type, found.declared);
   if (found.start == NOWHERE) {

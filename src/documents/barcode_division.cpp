@@ -155,6 +155,8 @@ bool lists(const unsigned char *slots, int slot) {
 
 // ---- the search -----------------------------------------------------------------------------------------
 
+static_assert(VARNEL_BARCODE_TEXT_MAX <= UINT16_MAX + 1, "a place is less than the size of a text");
+
 struct place {
   uint16_t at;  // from the start of the text to divide
   uint8_t slot; // 0 for an element of a jurisdiction's subfile
@@ -291,8 +293,8 @@ bool find_only_division(division &d, int count) {
 
 bool read_undivided(barcode_card &card, const char *type, int start, int end, int count) {
   division d = {&card, type, start, end, 0, {}, 0, {}};
-  const bool divided = count >= 1 && count <= MOST_PLACES && end - start <= int{UINT16_MAX} &&
-                       find_places(d) && d.place_count >= count && find_only_division(d, count);
+  const bool divided = count >= 1 && count <= MOST_PLACES && find_places(d) && d.place_count >= count &&
+                       find_only_division(d, count);
   if (!divided) {
     return false;
   }
