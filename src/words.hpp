@@ -30,9 +30,13 @@ inline void load(const char *text, uint64_t &word) {
 }
 
 inline void store(uint64_t word, char *text) {
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+  memcpy(text, &word, SIZE);
+#else
   const auto byte = [word](int i) { return static_cast<char>(word >> 8 * i & 0xFF); };
   text[0] = byte(0), text[1] = byte(1), text[2] = byte(2), text[3] = byte(3);
   text[4] = byte(4), text[5] = byte(5), text[6] = byte(6), text[7] = byte(7);
+#endif
 }
 
 // Sets these bits in each character.
