@@ -61,7 +61,7 @@ constexpr int OPTIONAL_FIELDS[] = {VARNEL_OPTIONAL_DATA_1, VARNEL_OPTIONAL_DATA_
 bool is_empty(const char *text) { return text == nullptr || text[0] == '\0'; }
 
 bool is_state(const char *code, int length) {
-  return find_state(code, length).is_listed() || is_residence_permit_code(code, length);
+  return is_listed_state(code, length) || is_residence_permit_code(code, length);
 }
 
 // The number that two digits make, UNKNOWN_PART for "XX", or NO_PART.

@@ -1,7 +1,8 @@
 #include "states.hpp"
 
 #include <stddef.h>
-#include <string.h>
+
+#include "../ascii.hpp"
 
 // Each code with its code of two letters and its name.
 
@@ -352,9 +353,16 @@ constexpr int length_of(const char *text) {
 
 constexpr int order_of(const entry &e) { return order_of(e.code, length_of(e.code)); }
 
+// The first two letters of a code, or the only one, as a number below PAIRS.
+constexpr int PAIRS = 26 * 27;
+
+constexpr int pair_of(const char *code, int length) {
+  return (code[0] - 'A') * 27 + (length > 1 ? code[1] - 'A' + 1 : 0);
+}
+
 struct table {
   entry entries[KNOWN_STATES] = {};
-  int16_t first[27] = {}; // the first entry of each letter, and the end
+  int16_t first[PAIRS + 1] = {}; // the first entry of each pair of letters, and the end
 
   constexpr table() {
     int count = 0;
@@ -376,10 +384,11 @@ struct table {
 #undef ADD_ICAO
 #undef ADD_ISO
 #undef ADD
-    for (int i = 0; i < KNOWN_STATES; ++i) {
-      for (int letter = entries[i].code[0] - 'A' + 1; letter < 27; ++letter) {
-        first[letter] = static_cast<int16_t>(i + 1);
-      }
+    for (const entry &e : entries) {
+      ++first[pair_of(e.code, length_of(e.code)) + 1];
+    }
+    for (int pair = 1; pair <= PAIRS; ++pair) {
+      first[pair] = static_cast<int16_t>(first[pair] + first[pair - 1]);
     }
   }
 
@@ -401,31 +410,43 @@ static_assert(STATES.entries[KNOWN_STATES - 1].code[0] == 'Z', "as many entries 
 constexpr int count_listed() {
   int count = 0;
   for (const entry &e : STATES.entries) {
-    count += e.listed_by == listing::iso || e.listed_by == listing::icao ? 1 : 0;
+    count += is_permitted(e.listed_by) ? 1 : 0;
   }
   return count;
 }
 static_assert(count_listed() == LISTED_STATES);
 
-} // namespace
+state state_of(const entry &e) { return state{NAMES + e.name, e.alpha2, e.code, e.listed_by}; }
 
-state state_at(int index) {
-  const entry &e = STATES.entries[index];
-  return state{NAMES + e.name, e.alpha2, e.code, e.listed_by};
-}
-
-state find_state(const char *code, int length) {
-  if (length < 1 || length > 3 || code[0] < 'A' || code[0] > 'Z') {
-    return state{nullptr, "", "", listing::none};
+// Null where there is none.
+const entry *find_entry(const char *code, int length) {
+  const bool is_code =
+      length >= 1 && length <= 3 && ascii::is_upper(code[0]) && (length < 2 || ascii::is_upper(code[1]));
+  if (!is_code) {
+    return nullptr;
   }
-  const int letter = code[0] - 'A';
-  const char rest[2] = {length > 1 ? code[1] : '\0', length > 2 ? code[2] : '\0'};
-  for (int i = STATES.first[letter]; i < STATES.first[letter + 1]; ++i) {
-    if (memcmp(STATES.entries[i].code + 1, rest, sizeof rest) == 0) {
-      return state_at(i);
+  const int pair = pair_of(code, length);
+  const char third = length > 2 ? code[2] : '\0';
+  for (int i = STATES.first[pair]; i < STATES.first[pair + 1]; ++i) {
+    if (STATES.entries[i].code[2] == third) {
+      return &STATES.entries[i];
     }
   }
-  return state{nullptr, "", "", listing::none};
+  return nullptr;
+}
+
+} // namespace
+
+state state_at(int index) { return state_of(STATES.entries[index]); }
+
+state find_state(const char *code, int length) {
+  const entry *found = find_entry(code, length);
+  return found != nullptr ? state_of(*found) : state{nullptr, "", "", listing::none};
+}
+
+bool is_listed_state(const char *code, int length) {
+  const entry *found = find_entry(code, length);
+  return found != nullptr && is_permitted(found->listed_by);
 }
 
 } // namespace documents

@@ -15,6 +15,9 @@ enum class listing : uint8_t {
   withdrawn // withdrawn from ISO 3166-1; documents that carry it have long expired
 };
 
+// Whether Doc 9303 permits it.
+constexpr bool is_permitted(listing by) { return by == listing::iso || by == listing::icao; }
+
 struct state {
   const char *name;   // UTF-8; null where there is no such code
   const char *alpha2; // two letters; "" where it has none
@@ -22,8 +25,7 @@ struct state {
   listing listed_by;
 
   constexpr bool is_known() const { return name != nullptr; }
-  // Whether Doc 9303 permits it.
-  constexpr bool is_listed() const { return listed_by == listing::iso || listed_by == listing::icao; }
+  constexpr bool is_listed() const { return is_permitted(listed_by); }
 };
 
 // How many codes Doc 9303 permits, and how many are known with those that it does not.
@@ -32,6 +34,9 @@ constexpr int KNOWN_STATES = 298;
 
 // The state of a code of `length` capitals, without fillers.
 state find_state(const char *code, int length);
+
+// Whether Doc 9303 permits it.
+bool is_listed_state(const char *code, int length);
 
 // The known states in alphabetical order of their codes; `index` from 0 to KNOWN_STATES - 1.
 state state_at(int index);

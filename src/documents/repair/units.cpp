@@ -177,7 +177,7 @@ bool is_state(const char *code) {
       return false;
     }
   }
-  return find_state(code, letters).is_listed() || is_residence_permit_code(code, letters);
+  return is_listed_state(code, letters) || is_residence_permit_code(code, letters);
 }
 
 namespace {
