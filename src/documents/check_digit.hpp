@@ -3,7 +3,6 @@
 #define VARNEL_SRC_DOCUMENTS_CHECK_DIGIT_HPP
 
 #include "../ascii.hpp"
-#include "../words.hpp"
 #include "layouts.hpp"
 
 namespace documents {
@@ -60,58 +59,6 @@ private:
 
   unsigned sum_ = 0;
   unsigned weight_ = 7;
-};
-
-namespace detail {
-
-// Weights for the values of a word from each position of their cycle on: multiplied with every other value in
-// 16 bits, they leave the weighted sum of the four in the product's highest 16 bits.
-struct word_weights {
-  uint64_t of_even[3] = {};
-  uint64_t of_odd[3] = {};
-
-  constexpr word_weights() {
-    constexpr uint64_t weights[3] = {7, 3, 1};
-    for (int first = 0; first < 3; ++first) {
-      for (int lane = 0; lane < 4; ++lane) {
-        const int even = first + 2 * (3 - lane);
-        of_even[first] |= weights[even % 3] << 16 * lane;
-        of_odd[first] |= weights[(even + 1) % 3] << 16 * lane;
-      }
-    }
-  }
-};
-
-inline constexpr word_weights WORD_WEIGHTS;
-
-} // namespace detail
-
-// The same sum over values instead of characters, a word of them at a time.
-class value_sum {
-public:
-  // Whole words are read; what stands after the last value does not count.
-  void add(const char *values, int length) {
-    for (; length >= words::SIZE; length -= words::SIZE, values += words::SIZE) {
-      add(words::load<uint64_t>(values));
-      first_ = (first_ + words::SIZE) % 3;
-    }
-    add(words::load<uint64_t>(values) & ((uint64_t{1} << 8 * length) - 1));
-    first_ = (first_ + static_cast<unsigned>(length)) % 3;
-  }
-
-  // The digit, '0' to '9'.
-  char digit() const { return static_cast<char>('0' + sum_ % 10); }
-
-private:
-  void add(uint64_t values) {
-    constexpr uint64_t every_other = UINT64_C(0x00FF00FF00FF00FF);
-    sum_ += static_cast<unsigned>(((values & every_other) * detail::WORD_WEIGHTS.of_even[first_] +
-                                   (values >> 8 & every_other) * detail::WORD_WEIGHTS.of_odd[first_]) >>
-                                  48);
-  }
-
-  unsigned sum_ = 0;
-  unsigned first_ = 0; // in the cycle of weights
 };
 
 constexpr char check_digit(const char *text, int length) {

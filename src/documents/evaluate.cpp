@@ -5,9 +5,11 @@
 #include "../ascii.hpp"
 #include "../places.hpp"
 #include "../words.hpp"
+#include "../zeroing.hpp"
 #include "calendar.hpp"
 #include "check_digit.hpp"
 #include "states.hpp"
+#include "zone_weights.hpp"
 
 namespace documents {
 
@@ -23,55 +25,69 @@ bool has_filler(const char *text, int length) {
 
 int two_digits(const char *text) { return (text[0] - '0') * 10 + (text[1] - '0'); }
 
-// What stands where in a line: its letters and fillers, all else being digits, and what each character counts
-// in a check digit.
+// What stands where in a line: its letters and fillers, all else being digits.
 struct line_characters {
   places::set letters = 0;
   places::set fillers = 0;
-  char values[ROW_WIDTH]; // of the line's columns, and what has no meaning after them
 
-  void read(const char *line, int width) {
-    for (int i = 0; i < width; i += words::SIZE) {
-      const uint64_t word = words::load<uint64_t>(line + i);
-      const uint64_t letter_marks = words::in_range(word, 'A', 'Z') & words::MARKS;
-      const uint64_t filler_marks = words::in_range(word, FILLER, FILLER) & words::MARKS;
-      letters |= places::set{words::places_on_top(letter_marks) >> 56} << i;
-      fillers |= places::set{words::places_on_top(filler_marks) >> 56} << i;
-      const uint64_t values_word = word - words::every('0') - (letter_marks >> 7) * ('A' - '0' - 10) -
-                                   (filler_marks >> 7) * (FILLER - '0');
-      words::store(values_word, values + i);
+  // Writes what the characters count in a check digit to `values`, unless that is null.
+  void read(const char *line, int width, eight_numbers *values) {
+    int i = 0;
+    for (; width - i >= words::SIZE; i += words::SIZE) {
+      read(words::load<uint64_t>(line + i), i, values);
+    }
+    if (i < width) {
+      read(words::load<uint64_t>(line + i) & ~(~uint64_t{0} << 8 * (width - i)), i, values);
+    }
+  }
+
+private:
+  void read(uint64_t word, int i, eight_numbers *values) {
+    constexpr uint64_t every_other = UINT64_C(0x00FF00FF00FF00FF);
+    const uint64_t letter_marks = words::in_range(word, 'A', 'Z') & words::MARKS;
+    const uint64_t filler_marks = words::in_range(word, FILLER, FILLER) & words::MARKS;
+    letters |= places::set{words::places_on_top(letter_marks) >> 56} << i;
+    fillers |= places::set{words::places_on_top(filler_marks) >> 56} << i;
+    if (values != nullptr) {
+      const uint64_t counts = word - words::every('0') - (letter_marks >> 7) * ('A' - '0' - 10) -
+                              (filler_marks >> 7) * (FILLER - '0');
+      values[i / words::SIZE] = {counts & every_other, counts >> 8 & every_other};
     }
   }
 };
 
 // Columns of a line.
-struct field_text {
+class field_text {
+public:
   const char *text; // words may be read beyond its end
   int length;
-  places::set letters;
-  places::set fillers;
 
-  field_text(const char *line, const line_characters &found, stretch place)
-      : text(line + place.column), length(place.length),
-        letters(found.letters >> place.column & places::before(length)),
-        fillers(found.fillers >> place.column & places::before(length)) {}
+  field_text(const char *line, const line_characters &found, const stretch &place)
+      : text(line + place.column), length(place.length), letters_(found.letters >> place.column),
+        fillers_(found.fillers >> place.column) {}
 
-  places::set characters() const { return ~fillers & places::before(length); }
+  places::set letters() const { return letters_ & all(); }
+  places::set fillers() const { return fillers_ & all(); }
+  places::set characters() const { return ~fillers_ & all(); }
   bool is_empty() const { return characters() == 0; }
-  bool has_digit() const { return (characters() & ~letters) != 0; }
-  bool are_digits(int count) const { return ((letters | fillers) & places::before(count)) == 0; }
+  bool has_digit() const { return (characters() & ~letters_) != 0; }
+  bool are_digits(int count) const { return ((letters_ | fillers_) & places::before(count)) == 0; }
 
   // Up to its last character that is no filler.
   int length_without_fillers() const { return is_empty() ? 0 : places::last(characters()) + 1; }
 
   // Where the first "<<" begins; the length when there is none.
   int find_separator() const {
-    const places::set pairs = fillers & fillers >> 1;
+    const places::set pairs = fillers() & fillers() >> 1;
     return pairs != 0 ? places::first(pairs) : length;
   }
 
   // Copies the columns as they stand. Whole words are written, NUL after the text.
-  void copy(char *out) const { copy_columns(out, 0, length, 0); }
+  void copy(char *out) const {
+    if (length > 0) {
+      copy_columns(out, 0, length, 0);
+    }
+  }
 
   // Copies the columns without the fillers at both ends, each run of others as one space. Returns the length.
   int copy_words(char *out) const {
@@ -80,7 +96,7 @@ struct field_text {
     }
     const int begin = places::first(characters());
     const int end = places::last(characters()) + 1;
-    const places::set inner = fillers >> begin & places::before(end - begin);
+    const places::set inner = fillers_ >> begin & places::before(end - begin);
     const bool has_runs = (inner & inner >> 1) != 0;
     if (has_runs) {
       return copy_runs(out, begin, end);
@@ -90,16 +106,17 @@ struct field_text {
   }
 
 private:
-  // Changes each filler by these bits.
+  places::set all() const { return places::before(length); }
+
+  // Changes each filler by these bits. There is at least one column.
   void copy_columns(char *out, int begin, int end, unsigned char of_fillers) const {
-    int i = begin;
-    for (; end - i >= words::SIZE; i += words::SIZE, out += words::SIZE) {
-      words::store(changed(words::load<uint64_t>(text + i), of_fillers), out);
+    const char *from = text + begin;
+    int left = end - begin;
+    for (; left > words::SIZE; left -= words::SIZE, from += words::SIZE, out += words::SIZE) {
+      words::store(changed(words::load<uint64_t>(from), of_fillers), out);
     }
-    if (i < end) {
-      const uint64_t left = (uint64_t{1} << 8 * (end - i)) - 1;
-      words::store(changed(words::load<uint64_t>(text + i), of_fillers) & left, out);
-    }
+    const uint64_t kept = ~uint64_t{0} >> 8 * (words::SIZE - left);
+    words::store(changed(words::load<uint64_t>(from), of_fillers) & kept, out);
   }
 
   static uint64_t changed(uint64_t word, unsigned char of_fillers) {
@@ -118,6 +135,10 @@ private:
     }
     return written;
   }
+
+  // Of the line from the first column on.
+  const places::set letters_;
+  const places::set fillers_;
 };
 
 // Copies a line of at least a word.
@@ -180,6 +201,7 @@ public:
   void run() {
     read_lines();
     compute_checks();
+    split_names();
     out_.field_count = form_.field_count;
     for (int i = 0; i < form_.field_count; ++i) {
       read(form_.fields[i], out_.fields[i]);
@@ -192,9 +214,9 @@ public:
   }
 
 private:
-  const char *at(stretch place) const { return zone_.lines[place.line] + place.column; }
+  const char *at(const stretch &place) const { return zone_.lines[place.line] + place.column; }
 
-  field_text text_of(stretch place) const {
+  field_text text_of(const stretch &place) const {
     return field_text(zone_.lines[place.line], lines_[place.line], place);
   }
 
@@ -211,14 +233,16 @@ private:
   void read_lines() {
     out_.layout = form_.id;
     out_.line_count = out_.source_count = form_.lines;
-    for (int line = 0; line < form_.lines; ++line) {
-      lines_[line].read(zone_.lines[line], form_.width);
+    eight_numbers *values = values_;
+    for (int line = 0; line < form_.lines; ++line, values += words_of_line(form_.width)) {
+      const bool is_covered = (ZONE_WEIGHTS.covered_lines[form_.id] & 1 << line) != 0;
+      lines_[line].read(zone_.lines[line], form_.width, is_covered ? values : nullptr);
       copy_line(out_.zone[line], zone_.lines[line], form_.width);
       out_.source[line] = source_of({static_cast<uint8_t>(line), 0, form_.width});
     }
   }
 
-  varnel_source source_of(stretch place) const {
+  varnel_source source_of(const stretch &place) const {
     const int end = place.column + place.length;
     if (zone_.is_plain[place.line]) {
       const uint32_t begin = zone_.begin[place.line];
@@ -238,7 +262,7 @@ private:
   void compute_checks() {
     out_.check_count = form_.check_count;
     for (int i = 0; i < form_.check_count; ++i) {
-      compute(form_.checks[i], out_.checks[i]);
+      compute(form_.checks[i], digit_of(ZONE_WEIGHTS.checks[form_.id][i], values_), out_.checks[i]);
     }
     const varnel_check *composite = check_of(VARNEL_COMPOSITE);
     composite_holds_ = composite != nullptr && composite->holds;
@@ -247,17 +271,12 @@ private:
     accept_filler_digit();
   }
 
-  void compute(const check_place &place, varnel_check &check) const {
-    value_sum sum;
-    for (int i = 0; i < place.covered_count; ++i) {
-      const stretch covered = place.covered[i];
-      sum.add(lines_[covered.line].values + covered.column, covered.length);
-    }
+  void compute(const check_place &place, char digit, varnel_check &check) const {
     check.field = place.field;
     check.line = place.line;
     check.column = place.column;
     check.found = zone_.lines[place.line][place.column];
-    check.expected = sum.digit();
+    check.expected = digit;
     check.holds =
         check.found == check.expected ||
         (place.field != VARNEL_COMPOSITE && is_filler(check.found) && text_of(place.covered[0]).is_empty());
@@ -275,8 +294,8 @@ private:
     const field_text optional_data = text_of(optional_data_);
     // continuation and digit
     const int taken =
-        optional_data.fillers != 0 ? places::first(optional_data.fillers) : optional_data.length;
-    if (taken < 2 || text_of(number).fillers != 0) {
+        optional_data.fillers() != 0 ? places::first(optional_data.fillers()) : optional_data.length;
+    if (taken < 2 || text_of(number).fillers() != 0) {
       return;
     }
     const int length = taken - 1;
@@ -318,8 +337,22 @@ private:
 
   // Fields.
 
+  // The primary identifier ends at the first "<<"; in one field of names the secondary begins after it.
+  void split_names() {
+    const stretch &names = form_.find(VARNEL_PRIMARY_IDENTIFIER)->place;
+    const int separator = text_of(names).find_separator();
+    primary_ = {names.line, names.column, static_cast<uint8_t>(separator)};
+    if (form_.one_field_of_names) {
+      const int start = separator < names.length ? separator + 2 : separator;
+      secondary_ = {names.line, static_cast<uint8_t>(names.column + start),
+                    static_cast<uint8_t>(names.length - start)};
+    } else {
+      secondary_ = form_.find(VARNEL_SECONDARY_IDENTIFIER)->place;
+    }
+  }
+
   void read(const field_place &f, varnel_inspected_field &field) {
-    const stretch part = part_of(f);
+    const stretch &part = part_of(f);
     const field_text text = text_of(part);
     field.field = f.field;
     field.line = part.line;
@@ -370,29 +403,15 @@ private:
     }
   }
 
-  // The columns that are this field's: of a field of names its part, of optional data what a long number
-  // leaves.
-  stretch part_of(const field_place &f) const {
-    switch (f.field) {
-    case VARNEL_OPTIONAL_DATA:
-    case VARNEL_OPTIONAL_DATA_1:
-      return continuation_.length > 0 ? optional_data_ : f.place;
-    case VARNEL_PRIMARY_IDENTIFIER: {
-      const int end = text_of(f.place).find_separator();
-      return {f.place.line, f.place.column, static_cast<uint8_t>(end)};
+  // The columns that are this field's: of names what the separator leaves, of optional data what a long
+  // number leaves.
+  const stretch &part_of(const field_place &f) const {
+    if (f.kind == field_kind::names) {
+      return f.field == VARNEL_PRIMARY_IDENTIFIER ? primary_ : secondary_;
     }
-    case VARNEL_SECONDARY_IDENTIFIER: {
-      if (!form_.one_field_of_names) {
-        return f.place;
-      }
-      const int separator = text_of(f.place).find_separator();
-      const int start = separator < f.place.length ? separator + 2 : separator;
-      return {f.place.line, static_cast<uint8_t>(f.place.column + start),
-              static_cast<uint8_t>(f.place.length - start)};
-    }
-    default:
-      return f.place;
-    }
+    const bool goes_on =
+        continuation_.length > 0 && (f.field == VARNEL_OPTIONAL_DATA || f.field == VARNEL_OPTIONAL_DATA_1);
+    return goes_on ? optional_data_ : f.place;
   }
 
   static void set(varnel_inspected_field &field, int status, bool has_value) {
@@ -429,7 +448,7 @@ private:
 
   void read_state(varnel_inspected_field &field, const field_text &text) {
     const int letters = text.length_without_fillers();
-    if (text.letters != places::before(letters)) {
+    if (text.letters() != places::before(letters)) {
       set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
       return;
     }
@@ -438,7 +457,7 @@ private:
       return;
     }
     text.copy_words(field.value);
-    is_listed_ = find_state(field.value, letters).is_listed();
+    is_listed_ = is_listed_state(field.value, letters);
     const bool is_permitted = is_listed_ || is_residence_permit_code(field.value, letters);
     set(field, is_permitted ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN, true);
     if (is_permitted && !is_listed_) {
@@ -470,8 +489,8 @@ private:
     if (field.field != VARNEL_SECONDARY_IDENTIFIER) {
       return false;
     }
-    const places::set runs_of_three = text.fillers & text.fillers >> 1 & text.fillers >> 2;
-    const bool begins_with_run = form_.one_field_of_names && (text.fillers & 1) != 0;
+    const places::set runs_of_three = text.fillers() & text.fillers() >> 1 & text.fillers() >> 2;
+    const bool begins_with_run = form_.one_field_of_names && (text.fillers() & 1) != 0;
     return begins_with_run || (runs_of_three & places::before(text.length_without_fillers())) != 0;
   }
 
@@ -637,7 +656,7 @@ private:
     append_chip_access(VARNEL_EXPIRY_DATE);
   }
 
-  void append_chip_access(stretch place) {
+  void append_chip_access(const stretch &place) {
     text_of(place).copy(out_.chip_access + chip_access_length_);
     chip_access_length_ += place.length;
   }
@@ -649,11 +668,14 @@ private:
   const date reference_;
   varnel_inspection &out_;
   line_characters lines_[VARNEL_ZONE_LINES];
+  eight_numbers values_[ZONE_WORDS]; // of the lines that check digits cover
   // Sets of fields: empty, of another status that is a finding, and with a check digit that does not hold.
   uint32_t empty_ = 0;
   uint32_t wrong_ = 0;
   uint32_t failing_ = 0;
   bool composite_holds_ = false;
+  stretch primary_ = {}; // of a field of both names
+  stretch secondary_ = {};
   stretch optional_data_ = {}; // what a long number leaves of it
   stretch continuation_ = {};  // of a long number; else without columns
   bool filler_digit_ = false;  // a filler stands for the personal number's digit 0
@@ -664,7 +686,7 @@ private:
 } // namespace
 
 void begin_inspection(const varnel_inspect_options &options, varnel_inspection &inspection) {
-  memset(&inspection, 0, sizeof inspection);
+  set_to_zero(&inspection, sizeof inspection);
   inspection.year = static_cast<int16_t>(options.year);
   inspection.month = static_cast<uint8_t>(options.month);
   inspection.day = static_cast<uint8_t>(options.day);

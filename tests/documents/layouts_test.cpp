@@ -1,6 +1,9 @@
 // The table of layouts: its rows are those of ICAO Doc 9303, and its columns those that the core reads.
 #include "documents/layouts.hpp"
 
+#include "documents/check_digit.hpp"
+#include "documents/zone_weights.hpp"
+
 #include "plain_inspection.hpp"
 #include "support.hpp"
 
@@ -151,6 +154,30 @@ TEST(Layouts, CheckDigitsAndWhatTheyCover) {
     }
   }
   EXPECT_EQ(next, DIGITS.size());
+}
+
+// A zone of each layout, every column of it another character than the one before.
+TEST(Layouts, WeightsOfWordsAreThoseOfCharacters) {
+  const std::string characters = "7K<P03ZA9<B5XQ1";
+  for (int id = VARNEL_LAYOUT_TD1; id < LAYOUT_COUNT; ++id) {
+    const layout &l = LAYOUTS[id];
+    char lines[VARNEL_ZONE_LINES][VARNEL_ZONE_WIDTH] = {};
+    eight_numbers values[ZONE_WORDS] = {};
+    for (int i = 0; i < l.lines * l.width; ++i) {
+      const int line = i / l.width;
+      const int column = i % l.width;
+      const char c = characters[static_cast<size_t>(i * i % 101) % characters.size()];
+      lines[line][column] = c;
+      eight_numbers &eight = values[line * words_of_line(l.width) + column / 8];
+      (column % 2 == 0 ? eight.even : eight.odd) |= static_cast<uint64_t>(check_value(c))
+                                                    << 16 * (column % 8 / 2);
+    }
+    for (int i = 0; i < l.check_count; ++i) {
+      const char expected =
+          expected_digit(l.checks[i], [&lines](stretch s) { return lines[s.line] + s.column; });
+      EXPECT_EQ(digit_of(ZONE_WEIGHTS.checks[id][i], values), expected) << id << " " << i;
+    }
+  }
 }
 
 TEST(Layouts, ShapesAndFirstLetters) {
