@@ -1,5 +1,7 @@
 #include <Varnel/documents/compose.h>
 
+#include <string.h>
+
 #include "../ascii.hpp"
 #include "calendar.hpp"
 #include "characters.hpp"
@@ -22,41 +24,17 @@ constexpr size_t longest_number(const layout &l) {
   return l.optional_data.length > 0 ? own + l.optional_data.length - 2 : own;
 }
 
-const char *value_of(const varnel_compose_fields &fields, int field) {
-  switch (field) {
-  case VARNEL_DOCUMENT_CODE:
-    return fields.document_code;
-  case VARNEL_ISSUING_STATE:
-    return fields.issuing_state;
-  case VARNEL_DOCUMENT_NUMBER:
-    return fields.document_number;
-  case VARNEL_NATIONALITY:
-    return fields.nationality;
-  case VARNEL_BIRTH_DATE:
-    return fields.birth_date;
-  case VARNEL_SEX:
-    return fields.sex;
-  case VARNEL_EXPIRY_DATE:
-    return fields.expiry_date;
-  case VARNEL_PRIMARY_IDENTIFIER:
-    return fields.primary_identifier;
-  case VARNEL_SECONDARY_IDENTIFIER:
-    return fields.secondary_identifier;
-  case VARNEL_OPTIONAL_DATA_1:
-    return fields.optional_data_1;
-  case VARNEL_OPTIONAL_DATA_2:
-    return fields.optional_data_2;
-  case VARNEL_OPTIONAL_DATA:
-    return fields.optional_data;
-  case VARNEL_PERSONAL_NUMBER:
-    return fields.personal_number;
-  default:
-    return nullptr;
-  }
-}
+struct optional_field {
+  int field;
+  const char *varnel_compose_fields::*value;
+};
 
-constexpr int OPTIONAL_FIELDS[] = {VARNEL_OPTIONAL_DATA_1, VARNEL_OPTIONAL_DATA_2, VARNEL_OPTIONAL_DATA,
-                                   VARNEL_PERSONAL_NUMBER};
+constexpr optional_field OPTIONAL_FIELDS[] = {
+    {VARNEL_OPTIONAL_DATA_1, &varnel_compose_fields::optional_data_1},
+    {VARNEL_OPTIONAL_DATA_2, &varnel_compose_fields::optional_data_2},
+    {VARNEL_OPTIONAL_DATA, &varnel_compose_fields::optional_data},
+    {VARNEL_PERSONAL_NUMBER, &varnel_compose_fields::personal_number},
+};
 
 bool is_empty(const char *text) { return text == nullptr || text[0] == '\0'; }
 
@@ -128,9 +106,10 @@ public:
   }
 
   bool compose() {
-    const bool composed = write_code() && write_state(VARNEL_ISSUING_STATE) && write_document_number() &&
-                          write_state(VARNEL_NATIONALITY) && write_birth_date() && write_sex() &&
-                          write_expiry_date() && write_names() && write_optional_data();
+    const bool composed = write_code() && write_state(VARNEL_ISSUING_STATE, fields_.issuing_state) &&
+                          write_document_number() && write_state(VARNEL_NATIONALITY, fields_.nationality) &&
+                          write_birth_date() && write_sex() && write_expiry_date() && write_names() &&
+                          write_optional_data();
     if (composed) {
       write_check_digits();
     }
@@ -180,15 +159,14 @@ private:
     }
     const char *state = fields_.issuing_state;
     if (layout_.id == VARNEL_LAYOUT_TD2 && code[0] == 'I' && code[1] == 'D' && state != nullptr &&
-        strlen(state) == 3 && memcmp(state, "FRA", 3) == 0) {
+        strcmp(state, "FRA") == 0) {
       return refuse(VARNEL_DOCUMENT_CODE, VARNEL_COMPOSE_OTHER_LAYOUT);
     }
     memcpy(columns_of(place_of(VARNEL_DOCUMENT_CODE)), code, strlen(code));
     return true;
   }
 
-  bool write_state(int field) {
-    const char *code = value_of(fields_, field);
+  bool write_state(int field, const char *code) {
     if (is_empty(code)) {
       return refuse(field, VARNEL_COMPOSE_MISSING);
     }
@@ -211,8 +189,8 @@ private:
 
   // Capitals and digits, with a filler for each run of separators between them; `unseparated_room` holds
   // while there is none.
-  bool read_number(int field, size_t room, size_t unseparated_room, zone_text &out) {
-    text_reader reader(value_of(fields_, field));
+  bool read_number(int field, const char *text, size_t room, size_t unseparated_room, zone_text &out) {
+    text_reader reader(text);
     while (!reader.at_end()) {
       const text_position at = reader.position();
       const char32_t c = reader.next();
@@ -236,7 +214,7 @@ private:
     const int field = VARNEL_DOCUMENT_NUMBER;
     const stretch place = place_of(field);
     zone_text number;
-    if (!read_number(field, place.length, longest_number(layout_), number)) {
+    if (!read_number(field, fields_.document_number, place.length, longest_number(layout_), number)) {
       return false;
     }
     if (number.is_empty()) {
@@ -310,10 +288,12 @@ private:
     return true;
   }
 
-  bool read_name(int field, zone_text &out) {
+  bool read_name(int field, const char *text, zone_text &out) {
     text_position bad = {0, 0};
-    return write_name(value_of(fields_, field), language_, out, bad) ||
-           refuse(field, VARNEL_COMPOSE_BAD_CHARACTER, bad);
+    if (!write_name(text, language_, out, bad)) {
+      return refuse(field, VARNEL_COMPOSE_BAD_CHARACTER, bad);
+    }
+    return true;
   }
 
   // The primary identifier, two fillers, the secondary one. Where they do not fit, the primary one leaves
@@ -321,13 +301,13 @@ private:
   bool write_names() {
     zone_text primary;
     zone_text secondary;
-    if (!read_name(VARNEL_PRIMARY_IDENTIFIER, primary)) {
+    if (!read_name(VARNEL_PRIMARY_IDENTIFIER, fields_.primary_identifier, primary)) {
       return false;
     }
     if (primary.is_empty()) {
       return refuse(VARNEL_PRIMARY_IDENTIFIER, VARNEL_COMPOSE_MISSING);
     }
-    if (!read_name(VARNEL_SECONDARY_IDENTIFIER, secondary)) {
+    if (!read_name(VARNEL_SECONDARY_IDENTIFIER, fields_.secondary_identifier, secondary)) {
       return false;
     }
     constexpr int separator = 2;
@@ -343,30 +323,28 @@ private:
   }
 
   bool write_optional_data() {
-    for (const int field : OPTIONAL_FIELDS) {
-      const field_place *place = layout_.find(field);
+    for (const optional_field &optional : OPTIONAL_FIELDS) {
+      const field_place *place = layout_.find(optional.field);
+      const char *value = fields_.*optional.value;
       if (place != nullptr) {
-        if (!write_optional_field(field, free_columns(place->place))) {
+        if (!write_optional_field(optional.field, value, free_columns(place->place))) {
           return false;
         }
-      } else if (!is_empty(value_of(fields_, field))) {
-        return refuse(field, VARNEL_COMPOSE_NOT_IN_LAYOUT);
+      } else if (!is_empty(value)) {
+        return refuse(optional.field, VARNEL_COMPOSE_NOT_IN_LAYOUT);
       }
     }
     return true;
   }
 
-  // What a long document number left of them.
+  // What a long document number left of them. It goes on in the optional data that begin in that column.
   stretch free_columns(stretch place) const {
-    return place.line == layout_.optional_data.line && place.column == layout_.optional_data.column &&
-                   layout_.optional_data.length > 0
-               ? free_optional_
-               : place;
+    return place.column == layout_.optional_data.column ? free_optional_ : place;
   }
 
-  bool write_optional_field(int field, stretch place) {
+  bool write_optional_field(int field, const char *text, stretch place) {
     zone_text data;
-    if (!read_number(field, place.length, place.length, data)) {
+    if (!read_number(field, text, place.length, place.length, data)) {
       return false;
     }
     data.write(columns_of(place));

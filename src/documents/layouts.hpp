@@ -65,8 +65,9 @@ struct layout {
   uint8_t field_entries[VARNEL_DOCUMENT_FIELD_END];
   uint8_t check_entries[VARNEL_DOCUMENT_FIELD_END];
 
+  // Of a character of a zone, which is never NUL.
   constexpr bool has_first_letter(char c) const {
-    return c != '\0' && (c == first_letters[0] || c == first_letters[1] || c == first_letters[2]);
+    return c == first_letters[0] || c == first_letters[1] || c == first_letters[2];
   }
 
   // Null where the layout lacks the field.
@@ -78,8 +79,6 @@ struct layout {
   constexpr const check_place *find_check(int field) const {
     return check_entries[field] != 0 ? &checks[check_entries[field] - 1] : nullptr;
   }
-
-  constexpr bool has_composite() const { return find_check(VARNEL_COMPOSITE) != nullptr; }
 };
 
 namespace detail {
@@ -259,17 +258,13 @@ static_assert(in_place(VARNEL_LAYOUT_TD1) && in_place(VARNEL_LAYOUT_TD2) && in_p
 
 } // namespace detail
 
-// The layout of a zone of so many lines and columns, by the first five characters of its first line;
-// VARNEL_LAYOUT_NONE where there is none of that shape.
-constexpr int layout_of(int lines, int width, const char *first) {
-  if (lines == 3) {
-    return width == td1::LINE_LENGTH ? VARNEL_LAYOUT_TD1 : VARNEL_LAYOUT_NONE;
+// The layout of a zone in lines of a width that zones have, by the first five characters of its first line.
+constexpr int layout_of(int width, const char *first) {
+  if (width == td1::LINE_LENGTH) {
+    return VARNEL_LAYOUT_TD1;
   }
-  if (lines == 2 && width == td3::LINE_LENGTH) {
+  if (width == td3::LINE_LENGTH) {
     return first[0] == 'V' ? VARNEL_LAYOUT_MRV_A : VARNEL_LAYOUT_TD3;
-  }
-  if (lines != 2 || width != td2::LINE_LENGTH) {
-    return VARNEL_LAYOUT_NONE;
   }
   if (first[0] == 'V') {
     return VARNEL_LAYOUT_MRV_B;

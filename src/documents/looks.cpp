@@ -478,8 +478,7 @@ private:
     for (int i = 0; i < form_.field_count; ++i) {
       const field_place &f = form_.fields[i];
       if (f.kind == field_kind::number && f.field != VARNEL_DOCUMENT_NUMBER) {
-        const bool goes_on = long_number_ != nullptr && f.place.line == form_.optional_data.line &&
-                             f.place.column == form_.optional_data.column;
+        const bool goes_on = long_number_ != nullptr && f.place.column == form_.optional_data.column;
         set(f.place, at(goes_on ? *long_number_ : f.place.line == 0 ? upper : lower, f.place));
       }
     }

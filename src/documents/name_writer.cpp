@@ -28,10 +28,9 @@ public:
     case character_kind::mark:
       add_mark(c);
       return true;
-    case character_kind::other:
-      break;
+    default:
+      return add_letter(capital_of(c), at);
     }
-    return add_letter(capital_of(c), at);
   }
 
   bool add_letter(char32_t capital, text_position at) {

@@ -135,7 +135,7 @@ void read_zone(const char *text, const line_window &window, candidate c, zone_re
   for (int i = 0; i < c.lines; ++i) {
     read_lines(text, lines[i], i, c.form.width, zone);
   }
-  zone.form = &LAYOUTS[layout_of(c.form.lines, c.form.width, zone.lines[0])];
+  zone.form = &LAYOUTS[layout_of(c.form.width, zone.lines[0])];
 }
 
 // The best zone of a passage.
@@ -242,7 +242,7 @@ private:
     for (int i = 0; i < 5 && characters.next(kept); ++i) {
       first[i] = kept.c;
     }
-    inspection_.nearest_layout = static_cast<uint8_t>(layout_of(near_.form.lines, near_.form.width, first));
+    inspection_.nearest_layout = static_cast<uint8_t>(layout_of(near_.form.width, first));
     for (int i = 0; i < near_.form.lines; ++i) {
       inspection_.nearest[i] = static_cast<uint8_t>(near_.lines[i].kept);
     }

@@ -24,7 +24,6 @@ struct state {
   const char *code;   // one to three letters
   listing listed_by;
 
-  constexpr bool is_known() const { return name != nullptr; }
   constexpr bool is_listed() const { return is_permitted(listed_by); }
 };
 

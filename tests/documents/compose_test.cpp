@@ -350,6 +350,9 @@ TEST(Compose, NoFrenchIdentityCardAsTd2) {
   fields.document_code = "ID";
   fields.layout = VARNEL_LAYOUT_TD1;
   EXPECT_EQ(refusal_of(fields), NO_REFUSAL);
+  fields.layout = VARNEL_LAYOUT_TD2;
+  fields.issuing_state = "FRAU"; // more than three letters begin no such line
+  EXPECT_EQ(refusal_of(fields), (refusal{VARNEL_ISSUING_STATE, VARNEL_COMPOSE_TOO_LONG, 3, 3}));
 }
 
 struct state_case {
@@ -369,6 +372,7 @@ TEST(Compose, States) {
       {"DEU", 0, 0}, // ISO 3166-1 has it, though German documents do not print it
       {"YTO", VARNEL_COMPOSE_UNKNOWN, 0},
       {"XKX", VARNEL_COMPOSE_UNKNOWN, 0},
+      {"XXJ", VARNEL_COMPOSE_UNKNOWN, 0},
       {"DDR", VARNEL_COMPOSE_UNKNOWN, 0},
       {"U", VARNEL_COMPOSE_UNKNOWN, 0},
       {"UT", VARNEL_COMPOSE_UNKNOWN, 0},

@@ -236,6 +236,7 @@ TEST(Rules, States) {
       {"XXK", {"ok", "XXK", {}, {"codeNotListed"}}},
       {"<<<", {"empty", nullptr, {"empty"}}},
       {"ZZZ", {"unknown", "ZZZ", {"unknown"}}},
+      {"XXJ", {"unknown", "XXJ", {"unknown"}}},
       {"DDR", {"unknown", "DDR", {"unknown"}}},
       {"UT<", {"unknown", "UT", {"unknown"}}},
       {"U<O", {"badCharacters", nullptr, {"badCharacters"}}},

@@ -167,6 +167,12 @@ TEST(Names, EveryNumber) {
   EXPECT_EQ(names(varnel_change_name, -1, 6),
             (list{"(none)", "(none)", "class", "filler", "digit", "twin", "(none)"}));
   EXPECT_EQ(names(varnel_rule_name, -1, 4), (list{"(none)", "(none)", "plain", "filler", "(none)"}));
+  std::string shapes;
+  for (int layout = -1; layout <= VARNEL_LAYOUT_FRA_ID + 1; ++layout) {
+    shapes +=
+        std::to_string(varnel_layout_lines(layout)) + "x" + std::to_string(varnel_layout_width(layout)) + " ";
+  }
+  EXPECT_EQ(shapes, "0x0 0x0 3x30 2x36 2x44 2x44 2x36 2x36 0x0 ");
   EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, nullptr), nullptr);
   EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, ""), nullptr);
   EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, "PPP"), nullptr);
@@ -222,6 +228,23 @@ TEST(CleanUp, LineEnds) {
     EXPECT_EQ(read["verdict"], "valid") << end;
     EXPECT_EQ(read["notices"].size(), 0u) << end;
     EXPECT_EQ(read["source"][1]["start"], 44 + std::strlen(end)) << end;
+  }
+}
+
+// Unicode's property White_Space but for line ends: nothing of it is kept, and no notice is given.
+TEST(CleanUp, WhiteSpaceWithinALine) {
+  for (const char *space :
+       {"\t", " ", "\u00A0", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006",
+        "\u2007", "\u2008", "\u2009", "\u200A", "\u202F", "\u205F", "\u3000"}) {
+    const json read = inspected(SPECIMEN.substr(0, 50) + space + SPECIMEN.substr(50));
+    EXPECT_EQ(read["verdict"], "valid") << space;
+    EXPECT_EQ(read["notices"].size(), 0u) << space;
+    EXPECT_EQ(read["source"][1]["end"], 89 + std::strlen(space)) << space;
+  }
+  for (const char *dropped :
+       {"\u167F", "\u1681", "\u1FFF", "\u200B", "\u202E", "\u2030", "\u205E", "\u2060"}) {
+    const json read = inspected(SPECIMEN.substr(0, 50) + dropped + SPECIMEN.substr(50));
+    EXPECT_EQ(read["notices"][0]["code"], "dropped") << dropped;
   }
 }
 

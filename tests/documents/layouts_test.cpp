@@ -134,6 +134,24 @@ TEST(Layouts, FieldsInTheOrderOfTheZone) {
   EXPECT_EQ(next, std::size(FIELDS));
 }
 
+// By its column alone a field is the one that a long number goes on in.
+TEST(Layouts, LongNumbersGoOnInOneField) {
+  for (int id = VARNEL_LAYOUT_TD1; id < LAYOUT_COUNT; ++id) {
+    const layout &l = LAYOUTS[id];
+    int found = 0;
+    for (int i = 0; i < l.field_count; ++i) {
+      const field_place &f = l.fields[i];
+      if (f.kind == field_kind::number && f.field != VARNEL_DOCUMENT_NUMBER &&
+          f.place.column == l.optional_data.column) {
+        EXPECT_EQ(f.place.line, l.optional_data.line);
+        EXPECT_EQ(f.place.length, l.optional_data.length);
+        ++found;
+      }
+    }
+    EXPECT_EQ(found, id == VARNEL_LAYOUT_TD1 || id == VARNEL_LAYOUT_TD2 ? 1 : 0) << varnel_layout_name(id);
+  }
+}
+
 TEST(Layouts, CheckDigitsAndWhatTheyCover) {
   size_t next = 0;
   for (int id = VARNEL_LAYOUT_TD1; id < LAYOUT_COUNT; ++id) {
@@ -193,20 +211,18 @@ TEST(Layouts, ShapesAndFirstLetters) {
   EXPECT_EQ(shape(VARNEL_LAYOUT_FRA_ID), "2x36 I");
 }
 
-TEST(Layouts, LayoutOfLinesAndColumns) {
-  EXPECT_EQ(layout_of(3, 30, "I<UTO"), VARNEL_LAYOUT_TD1);
-  EXPECT_EQ(layout_of(3, 30, "V<UTO"), VARNEL_LAYOUT_TD1);
-  EXPECT_EQ(layout_of(2, 36, "I<UTO"), VARNEL_LAYOUT_TD2);
-  EXPECT_EQ(layout_of(2, 36, "QQQQQ"), VARNEL_LAYOUT_TD2);
-  EXPECT_EQ(layout_of(2, 36, "V<UTO"), VARNEL_LAYOUT_MRV_B);
-  EXPECT_EQ(layout_of(2, 36, "IDFRA"), VARNEL_LAYOUT_FRA_ID);
-  EXPECT_EQ(layout_of(2, 36, "IDFRB"), VARNEL_LAYOUT_TD2);
-  EXPECT_EQ(layout_of(2, 36, "I<FRA"), VARNEL_LAYOUT_TD2);
-  EXPECT_EQ(layout_of(2, 44, "P<UTO"), VARNEL_LAYOUT_TD3);
-  EXPECT_EQ(layout_of(2, 44, "IDFRA"), VARNEL_LAYOUT_TD3);
-  EXPECT_EQ(layout_of(2, 44, "V<UTO"), VARNEL_LAYOUT_MRV_A);
-  EXPECT_EQ(layout_of(3, 36, "I<UTO"), VARNEL_LAYOUT_NONE);
-  EXPECT_EQ(layout_of(1, 30, "D1FRA"), VARNEL_LAYOUT_NONE);
+TEST(Layouts, LayoutOfAWidthAndFirstCharacters) {
+  EXPECT_EQ(layout_of(30, "I<UTO"), VARNEL_LAYOUT_TD1);
+  EXPECT_EQ(layout_of(30, "V<UTO"), VARNEL_LAYOUT_TD1);
+  EXPECT_EQ(layout_of(36, "I<UTO"), VARNEL_LAYOUT_TD2);
+  EXPECT_EQ(layout_of(36, "QQQQQ"), VARNEL_LAYOUT_TD2);
+  EXPECT_EQ(layout_of(36, "V<UTO"), VARNEL_LAYOUT_MRV_B);
+  EXPECT_EQ(layout_of(36, "IDFRA"), VARNEL_LAYOUT_FRA_ID);
+  EXPECT_EQ(layout_of(36, "IDFRB"), VARNEL_LAYOUT_TD2);
+  EXPECT_EQ(layout_of(36, "I<FRA"), VARNEL_LAYOUT_TD2);
+  EXPECT_EQ(layout_of(44, "P<UTO"), VARNEL_LAYOUT_TD3);
+  EXPECT_EQ(layout_of(44, "IDFRA"), VARNEL_LAYOUT_TD3);
+  EXPECT_EQ(layout_of(44, "V<UTO"), VARNEL_LAYOUT_MRV_A);
 }
 
 // The core's record of a specimen, asked for the slots that the core fills from fixed columns.

@@ -208,6 +208,8 @@ TEST(Transliteration, CombiningMarks) {
       {"Ü\u0304", "U"},
       {"U\u0308\u0304", "U"},
       {"Ǟ", "A"},
+      {"Ǟ\u0301", "A"}, // its parts are three: A with two marks and this one
+      {"Ǖ\u0323", "U"},
       {"A\u0323\u0308", "A"},
       {"A\u0308\u0323", "A"},
       {"Ấ", "A"},
@@ -270,6 +272,8 @@ TEST(Transliteration, OtherPunctuationIsDropped) {
         "\u200B", "\u200D", "\u200F", "\uFEFF", "\u05F3", "\u2032", "\uFF07", "\u00AB", "\u3001"}) {
     EXPECT_EQ(names(std::string("O") + mark + "CONNOR"), "OCONNOR") << mark;
   }
+  EXPECT_EQ(names("O\u0308'"), "OE");
+  EXPECT_EQ(names("O'\u0308"), "O"); // what is dropped takes a mark on it along
 }
 
 TEST(Transliteration, WhatNoNameHolds) {
