@@ -17,11 +17,8 @@ public:
   // Returns whether there are letters of the zone for the letter held back; so do all that return a bool.
   bool add(char32_t c, text_position at) {
     switch (kind_of(c)) {
-    case character_kind::separator: {
-      const bool written = end_component();
-      out_.separate();
-      return written;
-    }
+    case character_kind::separator:
+      return separate();
     case character_kind::dropped:
       takes_marks_ = false;
       return true;
@@ -51,6 +48,12 @@ public:
     }
     out_.put(capital);
     return true;
+  }
+
+  bool separate() {
+    const bool written = end_component();
+    out_.separate();
+    return written;
   }
 
   bool end_component() { return write_letter(true); }

@@ -351,6 +351,8 @@ TEST(Compose, NoFrenchIdentityCardAsTd2) {
   fields.layout = VARNEL_LAYOUT_TD1;
   EXPECT_EQ(refusal_of(fields), NO_REFUSAL);
   fields.layout = VARNEL_LAYOUT_TD2;
+  fields.issuing_state = nullptr;
+  EXPECT_EQ(refusal_of(fields), (refusal{VARNEL_ISSUING_STATE, VARNEL_COMPOSE_MISSING, 0, 0}));
   fields.issuing_state = "FRAU"; // more than three letters begin no such line
   EXPECT_EQ(refusal_of(fields), (refusal{VARNEL_ISSUING_STATE, VARNEL_COMPOSE_TOO_LONG, 3, 3}));
 }

@@ -272,8 +272,12 @@ TEST(Transliteration, OtherPunctuationIsDropped) {
         "\u200B", "\u200D", "\u200F", "\uFEFF", "\u05F3", "\u2032", "\uFF07", "\u00AB", "\u3001"}) {
     EXPECT_EQ(names(std::string("O") + mark + "CONNOR"), "OCONNOR") << mark;
   }
-  EXPECT_EQ(names("O\u0308'"), "OE");
-  EXPECT_EQ(names("O'\u0308"), "O"); // what is dropped takes a mark on it along
+  // A mark on it goes with it.
+  EXPECT_EQ(names("O\u0308\u2019"), "OE");
+  EXPECT_EQ(names("O\u2019\u0308"), "O");
+  EXPECT_EQ(names("O'\u0308"), "O");
+  EXPECT_EQ(names("Ö\u0304"), "O");
+  EXPECT_EQ(names("Ö\u2019\u0304"), "OE");
 }
 
 TEST(Transliteration, WhatNoNameHolds) {
