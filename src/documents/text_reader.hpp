@@ -17,6 +17,19 @@ struct text_position {
 // What a byte that cannot be decoded reads as: no character.
 constexpr char32_t NOT_A_CHARACTER = 0xFFFFFFFF;
 
+// The character that these bytes are, as many as utf8::sequence_length says.
+inline char32_t decode(const char *at, int length) {
+  const char32_t lead = static_cast<unsigned char>(at[0]);
+  if (length == 1) {
+    return lead < 0x80 ? lead : NOT_A_CHARACTER;
+  }
+  char32_t c = lead & (0x7FU >> length);
+  for (int i = 1; i < length; ++i) {
+    c = c << 6 | (static_cast<unsigned char>(at[i]) & 0x3F);
+  }
+  return c;
+}
+
 class text_reader {
 public:
   // A NUL-terminated text; null is an empty one.
@@ -40,18 +53,6 @@ public:
   }
 
 private:
-  static char32_t decode(const char *at, int length) {
-    const char32_t lead = static_cast<unsigned char>(at[0]);
-    if (length == 1) {
-      return lead < 0x80 ? lead : NOT_A_CHARACTER;
-    }
-    char32_t c = lead & (0x7FU >> length);
-    for (int i = 1; i < length; ++i) {
-      c = c << 6 | (static_cast<unsigned char>(at[i]) & 0x3F);
-    }
-    return c;
-  }
-
   const char *text_;
   size_t size_;
   text_position next_ = {0, 0};

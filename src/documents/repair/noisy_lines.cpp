@@ -4,6 +4,7 @@
 
 #include "../../ascii.hpp"
 #include "../../words.hpp"
+#include "../text_reader.hpp"
 
 namespace documents::repair {
 
@@ -24,23 +25,13 @@ constexpr symbol SYMBOLS[] = {
 
 // The symbol that the text begins with, as a letter; NUL when it is none.
 char read_symbol(const char *text, int length) {
-  const unsigned char *bytes = reinterpret_cast<const unsigned char *>(text);
-  const int code_point = length == 1   ? bytes[0]
-                         : length == 2 ? (bytes[0] & 0x1F) << 6 | (bytes[1] & 0x3F)
-                         : length == 3 ? (bytes[0] & 0x0F) << 12 | (bytes[1] & 0x3F) << 6 | (bytes[2] & 0x3F)
-                                       : 0;
+  const char32_t code_point = decode(text, length);
   for (const symbol &s : SYMBOLS) {
     if (s.code_point == code_point) {
       return s.as;
     }
   }
   return '\0';
-}
-
-// The last bytes of the signs that stand in for a filler, in UTF-8, and what closes "&lt;".
-constexpr bool may_end_filler(unsigned char c) {
-  return c == '<' || c == ';' || c == 0x88 || c == 0x9C || c == 0xA4 || c == 0xA8 || c == 0xA9 || c == 0xAB ||
-         c == 0xB9 || c == 0xBA || c == 0xBB;
 }
 
 constexpr uint32_t SHORTEST_IN_BYTES = SHORTEST_LINE / 2; // two fillers may share theirs
@@ -55,14 +46,13 @@ struct line_counts {
   int digits;
   int fillers; // or what may be one
   int beyond_ascii;
-
-  int letters_and_digits() const { return small + capitals + digits; }
+  int kept; // at least; of a line of ASCII just so many
 
   // Neither prose nor too long, and with fillers or the digits of a date.
   bool may_be_zone() const {
     const bool is_prose = capitals > 0 && small > 2 * (capitals + digits + fillers);
     return !is_prose && beyond_ascii <= MOST_BEYOND_ASCII && (digits >= FEWEST_DIGITS || fillers > 0) &&
-           letters_and_digits() <= LONGEST_LINE;
+           kept <= LONGEST_LINE;
   }
 };
 
@@ -93,8 +83,8 @@ constexpr uint64_t mark(uint64_t word, char first, char last) {
   return words::of_ascii(words::in_range(word & ~MARKS, first, last), word) & MARKS;
 }
 
-// Marks the bytes that begin a sign for a filler, as « and full-width <, in UTF-8.
-constexpr uint64_t mark_filler_signs(uint64_t word) {
+// Marks the bytes that begin a sign for a filler, as « and full-width <, in UTF-8, or a line end.
+constexpr uint64_t mark_signs(uint64_t word) {
   const uint64_t low = word & ~MARKS;
   return (mark(low, 0xC2 & 0x7F, 0xC2 & 0x7F) | mark(low, 0xE2 & 0x7F, 0xE3 & 0x7F) |
           mark(low, 0xEF & 0x7F, 0xEF & 0x7F)) &
@@ -116,9 +106,21 @@ private:
   uint64_t counts_ = 0;
 };
 
+// The first of the signs in the word at `at` that ends a line; none of them: 0.
+uint64_t find_line_end(const char *text, uint32_t at, uint32_t end, uint64_t signs) {
+  for (; signs != 0; signs &= signs - 1) {
+    const uint32_t place = at + static_cast<uint32_t>(words::first(signs));
+    if (read_character(text + place, end - place).kind == character_kind::line_end) {
+      return signs;
+    }
+  }
+  return 0;
+}
+
 // How far a line goes, and the little that rules most lines out.
 struct first_look {
   uint32_t end;
+  uint32_t next;    // where the next line begins
   int digits;       // of a line that is not too long
   bool has_fillers; // or what only a closer look can say
   bool is_ascii;    // and has no name of a character, as "&lt;"
@@ -129,62 +131,65 @@ first_look look_at_line(const char *text, uint32_t begin, uint32_t end) {
   uint64_t fillers = 0;
   uint64_t others = 0;
   uint32_t at = begin;
+  uint32_t next = end;
   for (bool is_last = false; !is_last; at += WORD) {
     uint64_t word = load(text, at, end);
     is_last = end - at <= WORD;
-    const uint64_t line_ends = mark(word, '\n', '\r');
+    uint64_t line_ends = mark(word, '\n', '\r');
+    if ((word & MARKS) != 0) {
+      const uint64_t signs = mark_signs(word);
+      line_ends |= find_line_end(text, at, end, signs);
+      fillers |= signs;
+    }
     if (line_ends != 0) {
       const uint32_t size = static_cast<uint32_t>(words::first(line_ends));
       word = first_bytes(word, size);
+      next = at + size + read_character(text + at + size, end - at - size).length;
       end = at + size;
       is_last = true;
     }
     digits.add(mark(word, '0', '9'));
     fillers |= mark(word, ';', '<');
     others |= mark(word, ';', ';') | (word & MARKS);
-    if ((word & MARKS) != 0) {
-      fillers |= mark_filler_signs(word);
-    }
   }
-  return {end, digits.sum(), fillers != 0, others == 0};
+  return {end, next, digits.sum(), fillers != 0, others == 0};
 }
 
-// The bytes that begin a character beyond ASCII.
-int count_beyond_ascii(const char *text, uint32_t begin, uint32_t end) {
-  mark_counter counter;
-  for (uint32_t at = begin; at < end; at += WORD) {
-    const uint64_t word = load(text, at, end);
-    counter.add(word & word << 1 & MARKS);
-  }
-  return counter.sum();
-}
-
-// Fillers are as many as there may be: readers' signs for two of them are of several bytes.
+// Of a line that is not ASCII fillers are as many as there may be: signs for two of them are of several
+// bytes. Not counted as kept are two letters for each semicolon, as "&lt;" has them.
 line_counts count_at_most(const char *text, uint32_t begin, uint32_t end, const first_look &look) {
   mark_counter small;
   mark_counter capitals;
   mark_counter fillers;
+  mark_counter semicolons;
+  mark_counter beyond_ascii;
   for (uint32_t at = begin; at < end; at += WORD) {
     const uint64_t word = load(text, at, end);
     small.add(mark(word, 'a', 'z'));
     capitals.add(mark(word, 'A', 'Z'));
-    fillers.add(mark(word, ';', '<'));
+    fillers.add(mark(word, FILLER, FILLER));
+    if (!look.is_ascii) {
+      semicolons.add(mark(word, ';', ';'));
+      beyond_ascii.add(word & word << 1 & MARKS); // the bytes that begin a character
+    }
   }
-  const int beyond_ascii = look.is_ascii ? 0 : count_beyond_ascii(text, begin, end);
-  return {small.sum(), capitals.sum(), look.digits, fillers.sum() + 2 * beyond_ascii, beyond_ascii};
+  const int kept = small.sum() + capitals.sum() + look.digits + fillers.sum() - 2 * semicolons.sum();
+  const int most_fillers = fillers.sum() + semicolons.sum() + 2 * beyond_ascii.sum();
+  return {small.sum(), capitals.sum(), look.digits, most_fillers, beyond_ascii.sum(), kept};
 }
 
-// What is counted exactly, byte by byte.
-line_counts count_any(const char *text, uint32_t begin, uint32_t end) {
-  line_counts counts = {};
-  for (uint32_t at = begin; at < end; ++at) {
-    const char c = text[at];
-    counts.small += ascii::is_lower(c);
-    counts.capitals += ascii::is_upper(c);
-    counts.digits += ascii::is_digit(c);
-    counts.fillers += may_end_filler(static_cast<unsigned char>(c));
+// Counts by reading it what no look at its bytes can count. False where the line cannot be one of a zone.
+bool count_read(const char *text, const line_span &span, line_counts &counts) {
+  noisy_line line;
+  if (!read_line(text, span, line)) {
+    return false;
   }
-  return counts;
+  counts.digits = counts.fillers = 0;
+  for (int i = 0; i < line.size; ++i) {
+    counts.digits += ascii::is_digit(line.text[i]);
+    counts.fillers += line.text[i] == FILLER;
+  }
+  return counts.may_be_zone();
 }
 
 } // namespace
@@ -193,27 +198,22 @@ bool line_finder::next(line_span &span) {
   while (at_ < passage_.end) {
     const uint32_t begin = at_;
     const first_look look = look_at_line(passage_.text, begin, passage_.end);
-    at_ = look.end + 1;
+    at_ = look.next;
     const uint32_t size = look.end - begin;
     if (size < SHORTEST_IN_BYTES || size > LONGEST_IN_BYTES ||
         (look.digits < FEWEST_DIGITS && !look.has_fillers)) {
       continue;
     }
     line_counts counts = count_at_most(passage_.text, begin, look.end, look);
-    if (!counts.may_be_zone()) {
+    span = {begin, look.end, false, false};
+    if (!counts.may_be_zone() ||
+        !(look.is_ascii ? counts.kept >= SHORTEST_LINE : count_read(passage_.text, span, counts))) {
       continue;
     }
-    if (!look.is_ascii) {
-      counts = count_any(passage_.text, begin, look.end);
-    }
     constexpr int fewest_digits_of_dates = 7;
-    span = {begin, look.end, counts.fillers > 0, counts.digits >= fewest_digits_of_dates};
-    const int kept = counts.letters_and_digits() + counts.fillers;
-    noisy_line line;
-    if (look.is_ascii ? kept >= SHORTEST_LINE && kept <= LONGEST_LINE
-                      : counts.may_be_zone() && read_line(passage_.text, span, line)) {
-      return true;
-    }
+    span.has_fillers = counts.fillers > 0;
+    span.has_dates = counts.digits >= fewest_digits_of_dates;
+    return true;
   }
   return false;
 }
@@ -228,31 +228,15 @@ bool read_line(const char *text, const line_span &span, noisy_line &line) {
   for (uint32_t i = span.begin; i < span.end;) {
     const char *bytes = text + i;
     const character found = read_character(bytes, span.end - i);
-    int count = 0;
-    char as = found.as;
-    switch (found.kind) {
-    case character_kind::kept:
-      count = 1;
-      as = found.length == 1 && ascii::is_lower(*bytes) ? *bytes : found.as;
-      break;
-    case character_kind::two_kept:
-      count = 2;
-      break;
-    case character_kind::space:
-    case character_kind::line_end:
-      gap = true;
-      break;
-    case character_kind::order_mark:
-      break;
-    case character_kind::dropped:
+    int count = found.kind == character_kind::two_kept ? 2 : found.kind == character_kind::kept ? 1 : 0;
+    char as = ascii::is_lower(*bytes) ? *bytes : found.as;
+    if (found.kind == character_kind::dropped) {
       as = read_symbol(bytes, found.length);
       count = as != '\0' ? 1 : 0;
-      if (count == 0) {
-        noise = true;
-        line.noise = static_cast<uint8_t>(line.noise + (line.noise < UINT8_MAX));
-      }
-      break;
+      noise = noise || count == 0;
+      line.has_noise = line.has_noise || noise;
     }
+    gap = gap || found.kind == character_kind::space;
     capitals = capitals || (count > 0 && ascii::is_upper(as));
     for (; count > 0; --count) {
       const int size = line.size;

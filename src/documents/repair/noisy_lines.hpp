@@ -15,7 +15,7 @@ constexpr int LONGEST_LINE = 60;
 // reader was unsure: it wrote one, or a symbol that looks like one.
 struct noisy_line {
   uint8_t size;
-  uint8_t noise;             // characters that stand for nothing in a zone
+  bool has_noise;            // characters that stand for nothing in a zone
   uint8_t head;              // length of the first word where it has two characters at most; else 0
   uint64_t gaps;             // bit i: white space stood before character i
   uint64_t noise_before;     // bit i: noise stood before character i

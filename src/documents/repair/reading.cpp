@@ -183,7 +183,7 @@ public:
     // Around the names, or within another line.
     for (int i = 0; i < VARNEL_ZONE_LINES && i < form.lines; ++i) {
       const bool has_names = i == form.find(VARNEL_PRIMARY_IDENTIFIER)->place.line;
-      noisy_ = noisy_ || (has_names ? lines[i]->noise > 0 : (lines[i]->noise_before >> 1) != 0);
+      noisy_ = noisy_ || (has_names ? lines[i]->has_noise : (lines[i]->noise_before >> 1) != 0);
     }
   }
 

@@ -1,0 +1,95 @@
+// The lines of a text as repair reads them: signs for fillers, symbols, line ends, noise, and how long a line
+// may be.
+#include "repairing.hpp"
+
+namespace {
+
+using namespace repairing;
+using support::inspect;
+
+std::string replaced(std::string text, const std::string &from, const std::string &to) {
+  for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+// A zone of which the second line has no filler, with a digit in the place of a letter.
+const std::string MISREAD_TOP = "PPUT0ERIKSSON<<MARIA<<<<<<<<<<<<<<<<<<<<<<<<\n";
+const std::string READ_TOP = "PPUTOERIKSSON<<MARIA<<<<<<<<<<<<<<<<<<<<<<<<\n";
+const std::string FULL_LOW = "L898902C36UTO7408122F1204159ZE184226B1234508\n";
+
+TEST(RepairOfLines, SignsForFillers) {
+  for (const char *sign : {"&lt;", "\xEF\xBC\x9C", "\xE2\x80\xB9", "\xE2\x80\xBA", "\xE2\x89\xA4",
+                           "\xE3\x80\x88", "\xE2\x9F\xA8", "\xE2\x8C\xA9"}) {
+    expect({1, replaced(MISREAD_TOP, "<", sign) + FULL_LOW, "repaired", READ_TOP + FULL_LOW, "0:4 0>O class",
+            ""});
+    expect({1, replaced(TOP, "<", sign) + replaced(LOW, "<", sign), "valid", TOP + LOW, "", ""});
+  }
+  for (const char *sign : {"\xC2\xAB", "\xC2\xBB", "\xE3\x80\x8A"}) {
+    expect({1, replaced(MISREAD_TOP, "<<", sign) + FULL_LOW, "repaired", READ_TOP + FULL_LOW, "0:4 0>O class",
+            ""});
+  }
+}
+
+// U+FF10 to U+FF5A are the characters of ASCII in full width.
+TEST(RepairOfLines, FullWidthCharacters) {
+  const std::string text = MISREAD_TOP + FULL_LOW;
+  std::string wide;
+  for (const char c : text) {
+    const int code_point = 0xFF00 + c - ' ';
+    const char bytes[] = {static_cast<char>(0xE0 | code_point >> 12),
+                          static_cast<char>(0x80 | (code_point >> 6 & 0x3F)),
+                          static_cast<char>(0x80 | (code_point & 0x3F)), '\0'};
+    wide += c == '\n' ? "\n" : bytes;
+  }
+  expect({1, wide, "repaired", READ_TOP + FULL_LOW, "0:4 \xEF\xBC\x90>O class", ""});
+}
+
+TEST(RepairOfLines, LineEnds) {
+  for (const std::string end : {"\n", "\r", "\r\n", "\v", "\f", "\xC2\x85", "\xE2\x80\xA8", "\xE2\x80\xA9"}) {
+    const std::string text = "Page \xC3\xA9" + end + replaced(MISREAD_TOP + FULL_LOW, "\n", end) + "end";
+    expect({1, text, "repaired", READ_TOP + FULL_LOW, "0:4 0>O class", ""});
+    const varnel_inspection inspection = inspect(text, with_repair(1));
+    EXPECT_EQ(inspection.source[0].start, 7 + end.size());
+    EXPECT_EQ(inspection.source[0].end, 51 + end.size());
+    EXPECT_EQ(inspection.source[1].start, 51 + 2 * end.size());
+    EXPECT_EQ(inspection.source[1].end, 95 + 2 * end.size());
+  }
+}
+
+// A symbol is the character that it looks like: here the check digit of a number, or a filler.
+TEST(RepairOfLines, Symbols) {
+  const struct {
+    const char *symbol;
+    const char *number; // with its digit
+  } digits[] = {
+      {"!", "L898902C81"},        {"[", "L898902C81"},        {"]", "L898902C81"}, {"|", "L898902C81"},
+      {"(", "L898902C70"},        {"{", "L898902C70"},        {"@", "L898902C70"}, {"\xC2\xA2", "L898902C70"},
+      {"\xC2\xA9", "L898902C70"}, {"?", "L898902C92"},        {"$", "L898902C25"}, {"\xC2\xA7", "L898902C25"},
+      {"\xC2\xA5", "L898902C14"}, {"\xC3\xA9", "L898902C36"},
+  };
+  for (const auto &row : digits) {
+    const std::string number = row.number;
+    const std::string rest = "UTO6908061F9406236ZE184226B<<<<<<<\n";
+    const std::string top = "V" + TOP.substr(1);
+    expect({1, top + number.substr(0, 9) + row.symbol + rest, "repaired", top + number + rest,
+            std::string("1:9 ") + row.symbol + ">" + number[9] + " class", ""});
+  }
+  for (const char *symbol : {"&", "\xC2\xA3", "\xC3\xA8", "\xE2\x82\xAC"}) {
+    const std::string misread = "L898902C36UTO7408122" + std::string(symbol) + "1204159ZE184226B<<<<<10\n";
+    expect({1, TOP + misread, "repaired", TOP + replaced(LOW, "F", "<"),
+            std::string("1:20 ") + symbol + ">< filler", ""});
+  }
+}
+
+// What looks like no character of a zone is noise, and leaves the names in doubt.
+TEST(RepairOfLines, Noise) {
+  for (const char *noise :
+       {"~", "\xC3\xB1", "\xE2\x80\xA0", "\xF0\x9F\x9B\x82", "\xE9", "\xA7", "\xE2\x82"}) {
+    expect({1, TOP.substr(0, 30) + noise + TOP.substr(30) + LOW, "doubtful", TOP + LOW, "",
+            "unproven secondaryIdentifier"});
+  }
+}
+
+} // namespace
