@@ -1,40 +1,11 @@
 // Repair: what is changed and how it is listed, what is doubted, and what is left alone.
-#include "support.hpp"
+#include "repairing.hpp"
 
 namespace {
 
-using support::changes_of;
-using support::findings_of;
+using namespace repairing;
 using support::inspect;
 using support::SPECIMENS;
-using support::zone_of;
-
-constexpr varnel_inspect_options with_repair(int level) { return {2026, 11, 21, level}; }
-
-constexpr int LEVELS[] = {VARNEL_REPAIR_COLUMNS, VARNEL_REPAIR_DIGITS};
-
-const std::string TOP = "P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n";
-const std::string TD2_TOP = "I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<\n";
-const std::string LOW = "L898902C36UTO7408122F1204159ZE184226B<<<<<10\n";
-
-// What a text is read as at a level.
-struct expectation {
-  int level;
-  std::string text;
-  std::string verdict;
-  std::string zone; // empty: as the text
-  std::string changes;
-  std::string findings;
-};
-
-void expect(const expectation &e) {
-  SCOPED_TRACE(e.text);
-  const varnel_inspection inspection = inspect(e.text, with_repair(e.level));
-  EXPECT_EQ(varnel_verdict_name(inspection.verdict), e.verdict);
-  EXPECT_EQ(zone_of(inspection), e.zone.empty() ? e.text : e.zone);
-  EXPECT_EQ(changes_of(inspection), e.changes);
-  EXPECT_EQ(findings_of(inspection), e.findings);
-}
 
 TEST(Repair, IsOffUnlessAskedFor) {
   const varnel_inspection inspection = inspect(TOP + "L898902C36UT074O8122F1204159ZE184226B<<<<<1O\n");
@@ -171,6 +142,10 @@ TEST(Repair, Fillers) {
        "repaired", SPECIMENS[3].zone, "1:8 >< filler", ""},
       {1, "P<D<MUSTER<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
        "P<D<<MUSTER<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:4 >< filler", ""},
+      {1, TOP + "L898902C36D<7408122F1204159ZE184226B<<<<<10\n", "repaired",
+       TOP + "L898902C36D<<7408122F1204159ZE184226B<<<<<10\n", "1:12 >< filler", ""},
+      {1, TOP + "L898902C36D<<<7408122F1204159ZE184226B<<<<<10\n", "repaired",
+       TOP + "L898902C36D<<7408122F1204159ZE184226B<<<<<10\n", "1:13 <> filler", ""},
   };
   for (const expectation &e : table) {
     expect(e);
@@ -182,6 +157,14 @@ TEST(Repair, Twins) {
       {1, TOP + "L898902C36UTO74O08122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:15 O> twin", ""},
       {1, TOP + "L898902C36UT0O7408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:12 0> twin", ""},
       {2, TOP + "L8989O02C36UTO7408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:5 O> twin", ""},
+      // So is the letter of a check digit that was read twice, on either side of it.
+      {2, TOP + "L898902155SUTO7408122F1204159ZE184226B<<<<<12\n", "repaired",
+       TOP + "L898902155UTO7408122F1204159ZE184226B<<<<<12\n", "1:10 S> twin", ""},
+      {2, TOP + "L89890215S5UTO7408122F1204159ZE184226B<<<<<12\n", "repaired",
+       TOP + "L898902155UTO7408122F1204159ZE184226B<<<<<12\n", "1:9 S> twin", ""},
+      // A seven is read twice as a T and a seven, in a date.
+      {1, TOP + "L898902C36UTOT7408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:13 T> twin", ""},
+      {1, TOP + "L898902C36UTO7T408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:14 T> twin", ""},
       // In names, where the line is too long by one and there is one.
       {1, "P<UTOERIKSSON<<AN0OUK<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
        "P<UTOERIKSSON<<ANOUK<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:17 0> twin", ""},

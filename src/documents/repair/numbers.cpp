@@ -74,7 +74,10 @@ int find_surplus(const char *read) {
     if (!is_twin(read[i], read[i + 1]) && !is_twin_of_symbol(read[i], read[i + 1])) {
       continue;
     }
-    for (int out = i; out <= i + 1; ++out) {
+    // Twins of the check digit are one and the same: the digit stays.
+    const int first = i == NUMBER && ascii::is_digit(read[i]) ? i + 1 : i;
+    const int last = i == NUMBER ? first : i + 1;
+    for (int out = first; out <= last; ++out) {
       char number[NUMBER + 1];
       for (int k = 0, size = 0; k <= NUMBER + 1; ++k) {
         if (k != out) {
@@ -82,7 +85,7 @@ int find_surplus(const char *read) {
         }
       }
       number[NUMBER] = digit_for(number[NUMBER]);
-      if (holds(number)) {
+      if (holds(number) && out != surplus) {
         if (surplus >= 0) {
           return -1;
         }
@@ -103,9 +106,6 @@ bool has_doubled_filler(const char *read) {
 bool read_number(const noisy_line &line, int at, int length, bool may_have_twin, const surroundings &around,
                  number_unit &number) {
   number = number_unit{};
-  if (at + length > line.size) {
-    return false;
-  }
   const char *read = line.text + at;
   int dropped = -1;
   if (length > NUMBER + 1) {
@@ -119,7 +119,8 @@ bool read_number(const noisy_line &line, int at, int length, bool may_have_twin,
     }
     number.cost = cost::TWIN;
   }
-  for (int i = 0; i < length - 1; ++i) {
+  const int last = dropped == length - 1 ? length - 2 : length - 1;
+  for (int i = 0; i < last; ++i) {
     if (i != dropped) {
       number.text.put(static_cast<char>(ascii::to_upper(read[i])), at + i);
       number.cost += ascii::is_lower(read[i]) ? cost::LOOKALIKE : 0;
@@ -128,10 +129,6 @@ bool read_number(const noisy_line &line, int at, int length, bool may_have_twin,
   if (length <= NUMBER) {
     number.text.fill(NUMBER);
     number.cost += cost::WRONG;
-  }
-  const int last = dropped == length - 1 ? length - 2 : length - 1;
-  if (dropped == length - 1) {
-    number.text.size = NUMBER;
   }
   const char digit = digit_for(read[last]);
   number.text.put(digit != '\0' ? digit : static_cast<char>(ascii::to_upper(read[last])), at + last);

@@ -1,5 +1,7 @@
 #include "units.hpp"
 
+#include <string.h>
+
 #include "../../ascii.hpp"
 #include "../calendar.hpp"
 #include "../check_digit.hpp"
@@ -9,17 +11,13 @@
 
 namespace documents::repair {
 
-bool surroundings::print(const char *word, int length) const {
-  constexpr uint32_t reach = 4096; // bytes before and after the zone
-  const uint32_t first = begin > page.begin + reach ? begin - reach : page.begin;
-  const uint32_t last = page.end > end + reach ? end + reach : page.end;
-  const uint32_t size = static_cast<uint32_t>(length);
-  for (uint32_t i = first; length > 1 && i + size <= last; ++i) {
-    if (i == begin) {
-      i = end;
-    }
+namespace {
+
+// Whether the word is printed between two places of the page, with no letter or digit beside it.
+bool prints(const passage &page, uint32_t begin, uint32_t end, const char *word, uint32_t size) {
+  for (uint32_t i = begin; i + size <= end; ++i) {
     uint32_t same = 0;
-    while (same < size && i + same < last && ascii::to_upper(page.text[i + same]) == word[same]) {
+    while (same < size && ascii::to_upper(page.text[i + same]) == word[same]) {
       ++same;
     }
     const bool starts = i == page.begin || !ascii::is_alnum(page.text[i - 1]);
@@ -28,6 +26,16 @@ bool surroundings::print(const char *word, int length) const {
     }
   }
   return false;
+}
+
+} // namespace
+
+bool surroundings::print(const char *word, int length) const {
+  constexpr uint32_t reach = 4096; // bytes before and after the zone
+  const uint32_t first = begin > page.begin + reach ? begin - reach : page.begin;
+  const uint32_t last = page.end > end + reach ? end + reach : page.end;
+  const uint32_t size = static_cast<uint32_t>(length);
+  return length > 1 && (prints(page, first, begin, word, size) || prints(page, end, last, word, size));
 }
 
 // Dates.
@@ -140,7 +148,7 @@ bool is_twin_in_date(char first, char second) {
 } // namespace
 
 bool read_date(const noisy_line &line, int at, int length, date_unit &date) {
-  if (at + length > line.size || !may_be_date(line.text + at, length)) {
+  if (!may_be_date(line.text + at, length)) {
     return false;
   }
   date = date_unit{};
@@ -194,46 +202,26 @@ struct state_search {
       return;
     }
     ++found;
-    for (int i = 0; i < STATE; ++i) {
-      code[i] = candidate[i];
-    }
+    memcpy(code, candidate, STATE);
   }
 
-  bool is_found(const char *candidate) const {
-    return candidate[0] == code[0] && candidate[1] == code[1] && candidate[2] == code[2];
-  }
+  bool is_found(const char *candidate) const { return memcmp(candidate, code, STATE) == 0; }
 };
 
 // Every listed code that the digits among the characters may stand for.
 void consider_meanings(const char *read, state_search &search) {
-  char code[STATE];
-  const char *choices[STATE];
+  char themselves[STATE][2] = {}; // each character as a text
+  const char *meanings[STATE];
   for (int i = 0; i < STATE; ++i) {
-    choices[i] = ascii::is_digit(read[i]) ? letters_for(read[i]) : nullptr;
+    themselves[i][0] = read[i];
+    meanings[i] = ascii::is_digit(read[i]) ? letters_for(read[i]) : themselves[i];
   }
-  const auto choice = [&](int i, int number) -> char {
-    if (choices[i] == nullptr) {
-      return number == 0 ? read[i] : '\0';
-    }
-    return choices[i][number];
-  };
-  for (int a = 0; choice(0, a) != '\0'; ++a) {
-    for (int b = 0; choice(1, b) != '\0'; ++b) {
-      for (int c = 0; choice(2, c) != '\0'; ++c) {
-        code[0] = choice(0, a);
-        code[1] = choice(1, b);
-        code[2] = choice(2, c);
+  for (const char *first = meanings[0]; *first != '\0'; ++first) {
+    for (const char *second = meanings[1]; *second != '\0'; ++second) {
+      for (const char *third = meanings[2]; *third != '\0'; ++third) {
+        const char code[STATE] = {*first, *second, *third};
         search.consider(code);
-        if (choices[2] == nullptr) {
-          break;
-        }
       }
-      if (choices[1] == nullptr) {
-        break;
-      }
-    }
-    if (choices[0] == nullptr) {
-      break;
     }
   }
 }
@@ -318,8 +306,8 @@ int find_twin_in_state(const char *read) {
 bool read_state(const noisy_line &line, int at, int length, const char *issuer, int level, characters &state,
                 int &cost) {
   const char *read = line.text + at;
-  if (at < 0 || at + length > line.size) {
-    return false;
+  if (at + length >= line.size) {
+    return false; // a line goes on after a state
   }
   if (length == STATE) {
     char code[STATE];
@@ -344,9 +332,9 @@ bool read_state(const noisy_line &line, int at, int length, const char *issuer, 
     cost += cost::TWIN;
     return true;
   }
-  const bool german = read[0] == 'D' && read[1] == FILLER &&
-                      (length < STATE ? at + 2 < line.size && ascii::is_upper(read[2])
-                                      : may_be_filler(read[2]) && read[3] == FILLER);
+  const bool german =
+      read[0] == 'D' && read[1] == FILLER &&
+      (length < STATE ? ascii::is_alnum(read[2]) : may_be_filler(read[2]) && read[3] == FILLER);
   if (!german) {
     return false;
   }

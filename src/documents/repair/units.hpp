@@ -76,7 +76,8 @@ struct date_unit {
   characters text;
 };
 
-// Reads a date from seven characters, or from eight with a twin among them where its digit holds then.
+// Reads a date from seven characters, or from eight with a twin among them where its digit holds then; the
+// line has so many from there.
 // Letters become digits; a digit never becomes another. Holds where it exists and its digit holds.
 bool read_date(const noisy_line &line, int at, int length, date_unit &date);
 
@@ -97,7 +98,8 @@ struct number_unit {
   characters text;
 };
 
-// Reads from ten characters, from fewer where fillers were lost, from eleven with one too many.
+// Reads from ten characters, from fewer where fillers were lost, from eleven with one too many; the line has
+// so many from there.
 bool read_number(const noisy_line &line, int at, int length, bool may_have_twin, const surroundings &around,
                  number_unit &number);
 
