@@ -27,7 +27,7 @@ bool is_pair(const char *pairs, char left, char right) {
 
 // By character; NUL for one that stands for no digit.
 struct digit_table {
-  char digit[128] = {};
+  char digit[256] = {};
 
   constexpr digit_table() {
     for (char c = '0'; c <= '9'; ++c) {
@@ -44,10 +44,7 @@ constexpr digit_table DIGITS;
 
 } // namespace
 
-char digit_for(char c) {
-  const unsigned char index = static_cast<unsigned char>(c);
-  return index < sizeof DIGITS.digit ? DIGITS.digit[index] : '\0';
-}
+char digit_for(char c) { return DIGITS.digit[static_cast<unsigned char>(c)]; }
 
 char other_digit_for(char c) { return find_second("T7g4S8s8I9Z7", c); }
 

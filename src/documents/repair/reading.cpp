@@ -46,14 +46,10 @@ bool is_card(const layout &form) { return form.first_letters[0] == 'A'; }
 
 // Where the optional data, or the personal number, stands on the line with the dates.
 stretch data_after_dates(const layout &form) {
-  for (int i = 0; i < form.field_count; ++i) {
-    const field_place &f = form.fields[i];
-    if (f.field == VARNEL_OPTIONAL_DATA || f.field == VARNEL_OPTIONAL_DATA_2 ||
-        f.field == VARNEL_PERSONAL_NUMBER) {
-      return f.place;
-    }
-  }
-  return {};
+  const field_place *personal_number = form.find(VARNEL_PERSONAL_NUMBER);
+  const field_place *second = form.find(VARNEL_OPTIONAL_DATA_2);
+  const field_place *data = second != nullptr ? second : form.find(VARNEL_OPTIONAL_DATA);
+  return personal_number != nullptr ? personal_number->place : data->place;
 }
 
 // Whether the composite holds, and a personal number's digit.
@@ -120,10 +116,6 @@ void compare(reading &best, const reading &other) {
     return;
   }
   const layout &form = LAYOUTS[best.layout];
-  if (form.lines != LAYOUTS[other.layout].lines) {
-    best.doubts |= 1u << VARNEL_DOCUMENT_NUMBER;
-    return;
-  }
   constexpr uint8_t fields[] = {VARNEL_ISSUING_STATE, VARNEL_PRIMARY_IDENTIFIER, VARNEL_DOCUMENT_NUMBER,
                                 VARNEL_NATIONALITY,   VARNEL_BIRTH_DATE,         VARNEL_SEX,
                                 VARNEL_EXPIRY_DATE};
@@ -234,9 +226,6 @@ private:
   int read_head(int begin, char letter, head_lengths lengths, reading &r) const {
     const noisy_line &top = *lines_[0];
     const int state_at = begin + lengths.code;
-    if (state_at + lengths.state >= top.size) {
-      return 0;
-    }
     char second = FILLER;
     int second_at = NOT_READ;
     if (lengths.code == 2) {
@@ -550,7 +539,7 @@ private:
   bool take_second_digit(reading &r) const {
     const noisy_line &low = *lines_[1];
     const char as_read = low.text[low.size - 1];
-    if (is_visa(form_) || other_digit_for(as_read) == '\0') {
+    if (other_digit_for(as_read) == '\0') {
       return false;
     }
     char &digit = r.lines[1].text[form_.width - 1];
@@ -591,7 +580,7 @@ private:
   // Where the data's digits fail: puts in the look-alike that makes them hold, where no other does that is
   // nearly as likely. A personal number is a number: there no other may, however unlikely.
   bool repair_data(reading &r) const {
-    if (around_.level < VARNEL_REPAIR_DIGITS || is_visa(form_)) {
+    if (around_.level < VARNEL_REPAIR_DIGITS) {
       return false;
     }
     int ways = 0;
@@ -706,7 +695,9 @@ public:
   bool next() {
     const int place = count_ % VARNEL_ZONE_LINES;
     is_read_[place] = false;
-    return finder_.next(spans_[place]) && ++count_ > 0;
+    const bool is_found = finder_.next(spans_[place]);
+    count_ += is_found;
+    return is_found;
   }
 
   // Whether the last so many lines may be a zone: names have fillers, dates have digits.

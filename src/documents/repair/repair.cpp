@@ -73,15 +73,15 @@ private:
     if (found_.zone.lines[line].text[column] == FILLER) {
       return VARNEL_CHANGE_FILLER;
     }
-    return from.as != '\0' && from.as != FILLER && is_mixed(form_, line, column) ? VARNEL_CHANGE_DIGIT
-                                                                                 : VARNEL_CHANGE_CLASS;
+    return from.as != '\0' && is_mixed(form_, line, column) ? VARNEL_CHANGE_DIGIT : VARNEL_CHANGE_CLASS;
   }
 
+  // Before it stands at least the first character of the zone's line.
   void add_dropped(int line, int column, int index) {
     const noisy_line &read = found_.lines[line];
     const char c = static_cast<char>(ascii::to_upper(read.text[index]));
-    const bool beside_filler = (index > 0 && read.text[index - 1] == FILLER) ||
-                               (index + 1 < read.size && read.text[index + 1] == FILLER);
+    const bool beside_filler =
+        read.text[index - 1] == FILLER || (index + 1 < read.size && read.text[index + 1] == FILLER);
     const bool is_filler = c == FILLER || column >= form_.width || (beside_filler && !ascii::is_digit(c));
     add(line, column, read_original(text_, read, index), '\0',
         is_filler ? VARNEL_CHANGE_FILLER : VARNEL_CHANGE_TWIN);
