@@ -92,4 +92,28 @@ TEST(RepairOfLines, Noise) {
   }
 }
 
+// A text of another script has more than 60 characters beyond ASCII: with so many a line is none of a zone,
+// and what the text has is taken as it stands.
+TEST(RepairOfLines, CharactersBeyondAscii) {
+  const auto with_noise = [](int count) {
+    std::string noise;
+    for (int i = 0; i < count; ++i) {
+      noise += "\xC3\xB1";
+    }
+    return MISREAD_TOP.substr(0, 30) + noise + MISREAD_TOP.substr(30) + FULL_LOW;
+  };
+  expect(
+      {1, with_noise(60), "doubtful", READ_TOP + FULL_LOW, "0:4 0>O class", "unproven secondaryIdentifier"});
+  expect({1, with_noise(61), "doubtful", MISREAD_TOP + FULL_LOW, "", "badCharacters issuingState"});
+}
+
+// A line of digits stands for no names.
+TEST(RepairOfLines, NamesHaveFillers) {
+  const std::string low = "74O8122F1204159UTO<<<<<<<<<<<6\n";
+  const std::string top = "I<UTOD231458907<<<<<<<<<<<<<<<\n";
+  const std::string names = "ERIKSSON<<ANNA<MARIA<<<<<<<<<<\n";
+  EXPECT_EQ(zone_of(inspect(top + low + names, with_repair(1))), top + replaced(low, "O8", "08") + names);
+  EXPECT_EQ(zone_of(inspect(top + low + "12345678901234567890123456789\n" + names, with_repair(1))), "");
+}
+
 } // namespace

@@ -99,6 +99,24 @@ TEST(Repair, FrenchCard) {
       {2, top + "94O9923102854CORINNE<<<<<<<65I2068F4\n", "doubtful",
        top + "94O9923102854CORINNE<<<<<<<6512068F4\n", "1:29 I>1 class",
        "checkFailed documentNumber, checkFailed composite"},
+      // The same where there is no given name, and the filler was read as a capital.
+      {1, top + "9409923102854<<<<<<K<<<<<<<6512068F5\n", "doubtful",
+       top + "9409923102854<<<<<<<<<<<<<<6512068F5\n", "1:19 K>< filler", "unproven secondaryIdentifier"},
+      // A number or a date of birth that holds is enough to say that this is a zone; a sex and a date must
+      // be.
+      {1, top + "94O9923102857CORINNE<<<<<<<6512O68F4\n", "doubtful",
+       top + "94O9923102857CORINNE<<<<<<<6512068F4\n", "1:31 O>0 class",
+       "checkFailed documentNumber, checkFailed composite"},
+      {1, top + "9409923102854CORINNE<<<<<<<6512O69F1\n", "doubtful",
+       top + "9409923102854CORINNE<<<<<<<6512069F1\n", "1:31 O>0 class", "checkFailed birthDate"},
+      {1, top + "9409923102857CORINNE<<<<<<<6512O69F2\n", "doubtful", "", "",
+       "checkFailed documentNumber, badCharacters birthDate, checkFailed birthDate, checkFailed composite"},
+      {1, top + "9409923102854CORINNE<<<<<<<6512O68Z4\n", "doubtful", "", "",
+       "badCharacters birthDate, checkFailed birthDate, badCharacters sex, checkFailed composite"},
+      {1, top + "9409923102854CORINNE<<<<<<<65Y2068P4\n", "doubtful", "", "",
+       "badCharacters birthDate, checkFailed birthDate, badCharacters sex, checkFailed composite"},
+      // A number that would hold as well with look-alikes.
+      {1, top + "94090A0O1O858CORINNE<<<<<<<6512068F6\n", "doubtful", "", "", "unproven documentNumber"},
   };
   for (const expectation &e : table) {
     expect(e);
@@ -275,6 +293,86 @@ TEST(Repair, FindsTheZoneOnAPage) {
   }
 }
 
+// Of two zones on a page what the second says otherwise is doubted.
+TEST(Repair, DoubtsWhatTwoZonesOnAPageSayOtherwise) {
+  const std::string french = "IDFRABERTHIER<<<<<<<<<<<<<<<<<<<<<<<\n9409923102854CORINNE<<<<<<<6512068F4\n";
+  const struct {
+    std::string text;
+    std::string zone;
+    const char *findings;
+  } table[] = {
+      {TOP + LOW + "\n" + TOP + LOW, TOP + LOW, ""},
+      {french + "\n" + french, french, ""},
+      {french + "\nIDFRABERTRAND<<<<<<<<<<<<<<<<<<<<<<<\n" + french.substr(37), french,
+       "unproven primaryIdentifier"},
+      {SPECIMENS[0].zone + ("\n" + TOP + LOW), SPECIMENS[0].zone,
+       "unproven documentNumber, unproven birthDate, unproven sex, unproven expiryDate, "
+       "unproven nationality, unproven primaryIdentifier"},
+  };
+  for (const auto &row : table) {
+    SCOPED_TRACE(row.text);
+    const varnel_inspection inspection = inspect(row.text, with_repair(1));
+    EXPECT_EQ(zone_of(inspection), row.zone);
+    EXPECT_EQ(findings_of(inspection), row.findings);
+  }
+}
+
+// Lines in one run are not read by units: such a zone is taken as it stands where more of its digits hold.
+TEST(Repair, TakesAZoneInOneRun) {
+  const std::string run = TOP.substr(0, 44) + LOW;
+  const std::string misread = TOP + "L8989O2C36UTO7408122F1204159ZE184226B<<<<<10\n";
+  expect({1, run, "valid", TOP + LOW, "", ""});
+  expect({1, misread + run, "valid", TOP + LOW, "", ""});
+  expect({1, misread, "doubtful", "", "", "checkFailed documentNumber, checkFailed composite"});
+  expect({1, misread + "\n" + TOP.substr(0, 44) + misread.substr(45), "doubtful", misread, "",
+          "checkFailed documentNumber, checkFailed composite"});
+}
+
+// So is a card whose names have no filler at all.
+TEST(Repair, TakesNamesWithoutAFiller) {
+  const std::string zone =
+      "I<UTOD231458907<<<<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<6\nERIKSSONERIKSSONERIKSSONERIKSS\n";
+  for (const int level : LEVELS) {
+    expect({level, zone, "valid", "", "", ""});
+  }
+}
+
+// A line has at most 14 characters more than its layout, and 60 in all.
+TEST(Repair, LinesTooLong) {
+  const std::string card =
+      "I<UTOD231458907<<<<<<<<<<<<<<<\n7408122F12O4159UTO<<<<<<<<<<<6\nERIKSSON<<ANNA<MARIA<";
+  EXPECT_EQ(zone_of(inspect(card + std::string(23, '<'), with_repair(1))), SPECIMENS[0].zone);
+  EXPECT_EQ(zone_of(inspect(card + std::string(24, '<'), with_repair(1))), "");
+  EXPECT_EQ(zone_of(inspect(card + std::string(39, '<'), with_repair(1))), "");
+  EXPECT_EQ(zone_of(inspect(card + std::string(40, '<'), with_repair(1))), "");
+  const std::string misread = "L898902C36UTO74O8122F1204159ZE184226B<<<<<10\n";
+  const auto with_symbols = [&](size_t symbols) {
+    return TOP.substr(0, 30) + std::string(symbols, '$') + "\n" + misread;
+  };
+  EXPECT_EQ(zone_of(inspect(with_symbols(28), with_repair(1))), TOP + LOW);
+  for (const size_t symbols : {29, 30, 31}) { // with them 59, 60 and 61
+    EXPECT_EQ(zone_of(inspect(with_symbols(symbols), with_repair(1))), "");
+  }
+}
+
+// The record has room for so many changes; the zone has them all.
+TEST(Repair, ListsNoMoreChangesThanTheRecordHolds) {
+  const auto euros = [](int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+      text += "\xE2\x82\xAC";
+    }
+    return text;
+  };
+  const std::string text =
+      "I<UTOD231458907" + euros(29) + "\n000IOIBF000IOIBUTO" + euros(25) + "6\nA<<B" + euros(40);
+  const varnel_inspection inspection = inspect(text, with_repair(1));
+  EXPECT_EQ(zone_of(inspection), "I<UTOD231458907<<<<<<<<<<<<<<<\n"
+                                 "0001018F0001018UTO<<<<<<<<<<<6\n"
+                                 "A<<B<<<<<<<<<<<<<<<<<<<<<<<<<<\n");
+  EXPECT_EQ(inspection.change_count, VARNEL_CHANGES);
+}
+
 TEST(Repair, DropsAShortWordBeforeALine) {
   const varnel_inspection inspection = inspect(TOP + "2 " + LOW, with_repair(1));
   EXPECT_EQ(zone_of(inspection), TOP + LOW);
@@ -295,6 +393,14 @@ TEST(Repair, InspectsEachZoneOfAText) {
   EXPECT_EQ(inspections[2].source[1].start, text.size() - LOW.size());
   ASSERT_EQ(varnel_inspect_all(text.data(), text.size(), &options, inspections, 1), 1);
   EXPECT_EQ(changes_of(inspections[0]), "1:12 0>O class");
+  // Zones as they stand, between those that are read by units, come in the order of the page.
+  const std::string run = TOP.substr(0, 44) + LOW;
+  const std::string with_run = run + misread;
+  ASSERT_EQ(varnel_inspect_all(with_run.data(), with_run.size(), &options, inspections, 4), 2);
+  EXPECT_EQ(inspections[0].verdict, VARNEL_VERDICT_VALID);
+  EXPECT_EQ(changes_of(inspections[1]), "1:12 0>O class");
+  ASSERT_EQ(varnel_inspect_all(with_run.data(), with_run.size(), &options, inspections, 1), 1);
+  EXPECT_EQ(inspections[0].verdict, VARNEL_VERDICT_VALID);
   ASSERT_EQ(varnel_inspect_all("nothing", 7, &options, inspections, 4), 0);
   EXPECT_EQ(inspections[0].verdict, VARNEL_VERDICT_REFUSED);
 }

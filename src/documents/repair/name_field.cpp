@@ -352,8 +352,7 @@ private:
   // Whether the last letter of the names may belong to the fillers after it.
   bool has_doubtful_end(const word &last) const {
     const char end = text_[last.end - 1];
-    const bool long_enough = last.length() > 1;
-    const char before = long_enough ? text_[last.end - 2] : '\0';
+    const char before = last.length() > 1 ? text_[last.end - 2] : '\0';
     const char third = last.length() > 2 ? text_[last.end - 3] : '\0';
     const bool before_fillers = tail_ + 1 < size_ && read_[tail_] == FILLER && read_[tail_ + 1] == FILLER;
     const bool in_tail = is_in_tail(end);
@@ -361,8 +360,8 @@ private:
       return false;
     }
     return is_k_or_x(end) || (in_tail && !before_fillers) ||
-           (is_one_of(end, "CES") && !before_fillers && tail_ < size_) ||
-           (long_enough && is_one_of(end, "CES") && is_one_of(before, "CES") && is_one_of(third, "CES")) ||
+           (is_one_of(end, "CES") &&
+            ((!before_fillers && tail_ < size_) || (is_one_of(before, "CES") && is_one_of(third, "CES")))) ||
            (before == 'K' && end == 'E');
   }
 
