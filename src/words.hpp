@@ -76,10 +76,28 @@ constexpr int first(uint64_t marks) { return first_by_count(marks); }
 // other bytes is of no meaning.
 constexpr uint64_t places_on_top(uint64_t marks) { return (marks & MARKS) * UINT64_C(0x0002040810204081); }
 
+// These bits, below the top one, in each marked character.
+constexpr uint64_t bits(uint64_t marks, unsigned char bits) { return ((marks & MARKS) >> 7) * bits; }
+
 // How many characters are marked.
 constexpr unsigned count(uint64_t marks) {
   return static_cast<unsigned>((marks >> 7 & every(1)) * every(1) >> 56);
 }
+
+// Subtracts a number from each character, which is no less.
+constexpr uint64_t less(uint64_t word, unsigned char number) { return word - every(number); }
+
+// Sums of products, of which only the total has a meaning.
+using plain_sums = unsigned;
+
+// Adds the bytes of one word, each times that of the other.
+inline void add_products(uint64_t one, uint64_t other, plain_sums &into) {
+  for (; other != 0; one >>= 8, other >>= 8) {
+    into += static_cast<unsigned>((one & 0xFF) * (other & 0xFF));
+  }
+}
+
+constexpr unsigned total(plain_sums of) { return of; }
 
 // ---- wide words ------------------------------------------------------------------------------------
 
@@ -111,6 +129,26 @@ inline uint64_t plain(wide word, int i) {
 
 inline wide with_bits(wide word, unsigned char bits) { return word | bits; }
 
+inline wide bits(wide marks, unsigned char bits) { return marks & bits; }
+
+inline wide less(wide word, unsigned char number) { return word - number; }
+
+using sums = uint32_t __attribute__((vector_size(16)));
+
+inline void add_products(wide one, wide other, sums &into) {
+  using lanes = uint16_t __attribute__((vector_size(16)));
+  const auto even = [](wide word) { return reinterpret_cast<lanes>(word) & 0xFF; };
+  const auto odd = [](wide word) { return reinterpret_cast<lanes>(word) >> 8; };
+  const auto products = reinterpret_cast<sums>(even(one) * even(other) + odd(one) * odd(other));
+  into += (products & 0xFFFF) + (products >> 16);
+}
+
+inline unsigned total(sums of) {
+  uint64_t halves[2];
+  memcpy(halves, &of, sizeof halves);
+  return static_cast<unsigned>(halves[0] + halves[1] + (halves[0] >> 32) + (halves[1] >> 32));
+}
+
 // Compared as signed numbers, which every processor with vectors can.
 inline wide in_range(wide word, char low, char high) {
   using signed_wide = signed char __attribute__((vector_size(16)));
@@ -140,6 +178,7 @@ inline bool all_of_part(wide marks, int part) {
 #else
 
 using wide = uint64_t;
+using sums = plain_sums;
 
 constexpr bool all_of_part(wide marks, int) { return all(marks); }
 constexpr uint64_t plain(wide word, int) { return word; }

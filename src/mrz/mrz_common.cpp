@@ -7,18 +7,16 @@
 
 namespace {
 
-// What a character without a value counts: more than the values of a stretch together.
-constexpr int STRETCH = 3 * 256;
-constexpr unsigned NO_VALUE = 0x4000;
-static_assert(35 * STRETCH / 3 < NO_VALUE, "Z has the largest value");
+// Stands for the value of a character that has none; the values are 0 to 35.
+constexpr unsigned NO_VALUE = 0x80;
 
 // The value of every byte in a check-digit sum.
 struct check_values {
-  uint16_t of[256] = {};
+  unsigned char of[256] = {};
 
   constexpr check_values() {
     for (int c = 0; c < 256; ++c) {
-      of[c] = static_cast<uint16_t>(value(c));
+      of[c] = static_cast<unsigned char>(value(c));
     }
   }
 
@@ -36,43 +34,62 @@ private:
 
 constexpr check_values CHECK_VALUES;
 
-// The weights from any position in their cycle on.
-constexpr unsigned CYCLE[5] = {CHECK_WEIGHTS[0], CHECK_WEIGHTS[1], CHECK_WEIGHTS[2], CHECK_WEIGHTS[0],
-                               CHECK_WEIGHTS[1]};
+// So many characters of a wide word count at a time that the next ones begin at the same place in the cycle
+// of weights.
+constexpr int STEP = words::WIDE_SIZE / 3 * 3;
 
-unsigned check_value(char c) { return CHECK_VALUES.of[static_cast<unsigned char>(c)]; }
+// Their weights, from each place in the cycle on. What stands before and after them weighs nothing.
+struct step_weights {
+  static constexpr int BEGIN = words::WIDE_SIZE;
+  char of[3][BEGIN + words::WIDE_SIZE] = {};
 
-// Sums of every third value, from the first, the second and the third character on: each is weighted once.
-struct sums {
-  unsigned first = 0;
-  unsigned second = 0;
-  unsigned third = 0;
-
-  bool has_all_values() const { return (first | second | third) < NO_VALUE; }
-
-  void operator+=(const sums &other) {
-    first += other.first;
-    second += other.second;
-    third += other.third;
+  constexpr step_weights() {
+    for (int place = 0; place < 3; ++place) {
+      for (int i = 0; i < STEP; ++i) {
+        of[place][BEGIN + i] = static_cast<char>(CHECK_WEIGHTS[(place + i) % 3]);
+      }
+    }
   }
 };
 
-// Of a stretch of at most STRETCH characters.
-sums sums_of(const char *str, int len) {
-  sums sums;
-  int i = 0;
-  for (; i + 3 <= len; i += 3) {
-    sums.first += check_value(str[i]);
-    sums.second += check_value(str[i + 1]);
-    sums.third += check_value(str[i + 2]);
+constexpr step_weights STEP_WEIGHTS;
+
+// The values of a word of characters that all have one: digits as they are counted, letters from 10 on.
+template <class Word> Word values_of(Word word) {
+  const Word letters = words::in_range(word, 'A', 'Z');
+  const Word fillers = words::in_range(word, FILLER, FILLER);
+  return (words::less(word, '0') - words::bits(letters, 'A' - '0' - 10)) & ~words::bits(fillers, 0x7F);
+}
+
+// The sum of a text shorter than a wide word, or NO_SUM.
+constexpr int64_t NO_SUM = -1;
+
+int64_t sum_of_short(const char *str, int len, const char *weights) {
+  unsigned sum = 0;
+  unsigned values = 0; // the bits of all
+  for (; len > 0; --len, ++str, ++weights) {
+    const unsigned value = CHECK_VALUES.of[static_cast<unsigned char>(*str)];
+    sum += value * static_cast<unsigned>(*weights);
+    values |= value;
   }
-  if (i < len) {
-    sums.first += check_value(str[i]);
+  return values < NO_VALUE ? sum : NO_SUM;
+}
+
+// The same, of a text of a wide word or more.
+int64_t sum_of_long(const char *str, int len, const char *weights) {
+  words::sums sums = {};
+  words::wide inside = ~words::wide{};
+  for (; len > 0; len -= STEP, str += STEP) {
+    // The last word begins before what is left of the text, where nothing has any weight.
+    if (len < words::WIDE_SIZE) {
+      str -= words::WIDE_SIZE - len;
+      weights -= words::WIDE_SIZE - len;
+    }
+    const words::wide word = words::load<words::wide>(str);
+    inside &= mrz_characters::marks(word);
+    words::add_products(values_of(word), words::load<words::wide>(weights), sums);
   }
-  if (i + 1 < len) {
-    sums.second += check_value(str[i + 1]);
-  }
-  return sums;
+  return words::all(inside) ? words::total(sums) : NO_SUM;
 }
 
 } // namespace
@@ -89,24 +106,19 @@ int MRZ_common_calc_control_sum(const char *str, int len, int *pos) {
   if (str == nullptr) {
     return -1;
   }
-  sums total;
-  for (int done = 0, left = larger(len, 0); left > 0;) {
-    const int length = smaller(left, STRETCH); // a multiple of 3 wherever another follows
-    const sums stretch = sums_of(str + done, length);
-    if (!stretch.has_all_values()) {
-      return -1;
-    }
-    total += stretch;
-    done += length;
-    left -= length;
-  }
   // Unsigned, so that no length and no position can overflow.
   const unsigned position = pos != nullptr ? static_cast<unsigned>(*pos) : 0;
-  if (pos != nullptr) {
-    *pos = static_cast<int>(position + static_cast<unsigned>(larger(len, 0)));
+  len = larger(len, 0);
+  const char *const weights = STEP_WEIGHTS.of[position % 3] + step_weights::BEGIN;
+  const int64_t sum =
+      len < words::WIDE_SIZE ? sum_of_short(str, len, weights) : sum_of_long(str, len, weights);
+  if (sum == NO_SUM) {
+    return -1;
   }
-  const unsigned *const weights = CYCLE + position % 3;
-  return static_cast<int>(total.first * weights[0] + total.second * weights[1] + total.third * weights[2]);
+  if (pos != nullptr) {
+    *pos = static_cast<int>(position + static_cast<unsigned>(len));
+  }
+  return static_cast<int>(static_cast<unsigned>(sum));
 }
 
 int MRZ_common_validate_control_sum(int sum, char c) {

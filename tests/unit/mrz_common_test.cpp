@@ -176,6 +176,14 @@ TEST(ControlSum, GivesTheCompositeCheckDigitsOfTheSpecimens) {
   }
 }
 
+// Those from 0 to `last`, and `more`.
+static std::vector<int> lengths_from_0_to(int last, std::vector<int> more) {
+  for (int length = 0; length <= last; ++length) {
+    more.push_back(length);
+  }
+  return more;
+}
+
 TEST(ControlSum, RefusesOtherCharactersAndLeavesThePosition) {
   for (int byte = 0; byte < 256; ++byte) {
     const char c = static_cast<char>(byte);
@@ -192,9 +200,9 @@ TEST(ControlSum, RefusesOtherCharactersAndLeavesThePosition) {
   }
 }
 
-// Sums are added up in stretches of 768 characters.
-TEST(ControlSum, OfLongTextsIsThatOfTheirCharacters) {
-  for (const int length : {766, 767, 768, 769, 770, 771, 1535, 1536, 1537, 5000}) {
+// Fifteen characters are added up at a time, and the last ones with some of those before.
+TEST(ControlSum, OfAnyLengthIsThatOfTheCharacters) {
+  for (const int length : lengths_from_0_to(100, {766, 767, 768, 1535, 5000})) {
     for (int start = 0; start < 4; ++start) {
       std::string text;
       int expected = 0;
@@ -207,6 +215,22 @@ TEST(ControlSum, OfLongTextsIsThatOfTheirCharacters) {
       int pos = start;
       ASSERT_EQ(MRZ_common_calc_control_sum(exact.data(), length, &pos), expected) << length;
       ASSERT_EQ(pos, start + length);
+    }
+  }
+}
+
+TEST(ControlSum, RefusesOtherCharactersAtEveryPlaceOfEveryLength) {
+  for (size_t length = 1; length <= 40; ++length) {
+    for (size_t place = 0; place < length; ++place) {
+      for (const char other : {'\0', '/', ':', '@', '[', ';', '=', 'a', '\x80', '\xC1', '\xFF'}) {
+        std::string text(length, 'Z');
+        text[place] = other;
+        const support::Exact exact(text);
+        int pos = 5;
+        ASSERT_EQ(MRZ_common_calc_control_sum(exact.data(), exact.size(), &pos), -1)
+            << place << " of " << length;
+        ASSERT_EQ(pos, 5);
+      }
     }
   }
 }

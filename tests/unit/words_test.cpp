@@ -102,6 +102,49 @@ TEST(Words, BitsAreSetInEveryCharacter) {
   }
 }
 
+TEST(Words, MarkedCharactersAreGivenBits) {
+  const uint64_t letters = words::in_range(words::load<uint64_t>("A1B2<Z9["), 'A', 'Z');
+  EXPECT_EQ(words::bits(letters, 0x7F), UINT64_C(0x00007F00007F007F));
+  EXPECT_EQ(words::bits(letters, 7), UINT64_C(0x0000070000070007));
+  const words::wide marks = words::in_range(words::load<words::wide>("A1B2<Z9[A1B2<Z9["), 'A', 'Z');
+  for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
+    EXPECT_EQ(words::plain(words::bits(marks, 7), i), UINT64_C(0x0000070000070007));
+  }
+}
+
+TEST(Words, ANumberIsSubtractedFromEveryCharacter) {
+  EXPECT_EQ(words::less(words::load<uint64_t>("09AZ<az~"), '0'),
+            words::load<uint64_t>("\0\x09\x11*\x0C\x31JN"));
+  const words::wide word = words::less(words::load<words::wide>("09AZ<az~09AZ<az~"), '0');
+  for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
+    EXPECT_EQ(words::plain(word, i), words::load<uint64_t>("\0\x09\x11*\x0C\x31JN"));
+  }
+}
+
+// Each byte times the one at its place, the largest values of a check-digit sum among them; added to what was
+// there.
+TEST(Words, ProductsAreAddedUp) {
+  for (int place = 0; place < words::WIDE_SIZE; ++place) {
+    std::string values(static_cast<size_t>(words::WIDE_SIZE), '\x02');
+    std::string weights(static_cast<size_t>(words::WIDE_SIZE), '\x03');
+    values[static_cast<size_t>(place)] = 35;
+    weights[static_cast<size_t>(place)] = 7;
+    words::sums wide = {};
+    words::plain_sums plain = {};
+    for (unsigned times = 1; times <= 300; ++times) {
+      words::add_products(words::load<words::wide>(values.data()), words::load<words::wide>(weights.data()),
+                          wide);
+      for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
+        words::add_products(words::load<uint64_t>(values.data() + i),
+                            words::load<uint64_t>(weights.data() + i), plain);
+      }
+      const unsigned others = static_cast<unsigned>(words::WIDE_SIZE) - 1;
+      ASSERT_EQ(words::total(wide), times * (35 * 7 + others * 2 * 3)) << place;
+      ASSERT_EQ(words::total(plain), times * (35 * 7 + others * 2 * 3)) << place;
+    }
+  }
+}
+
 TEST(Words, AreStoredAsTheyAreLoaded) {
   for (const std::string_view text : {"ABCDEFGH", "\xFF\x80\x7F\x01 <09"}) {
     char stored[words::SIZE + 1] = {};
