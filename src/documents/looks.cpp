@@ -233,13 +233,10 @@ private:
         const char *other = at(*looks_[b], whole);
         for (unsigned mask = 0; mask < 1u << whole.length; ++mask) {
           char mixed[8];
-          bool is_new = true; // no column in which they agree is taken from the other
           for (int i = 0; i < whole.length; ++i) {
-            const bool from_other = (mask >> i & 1) != 0;
-            is_new = is_new && !(from_other && one[i] == other[i]);
-            mixed[i] = from_other ? other[i] : one[i];
+            mixed[i] = (mask >> i & 1) != 0 ? other[i] : one[i];
           }
-          if (is_new && check_digit(mixed, whole.length - 1) == mixed[whole.length - 1] &&
+          if (check_digit(mixed, whole.length - 1) == mixed[whole.length - 1] &&
               (ways == 0 || memcmp(mixed, found, whole.length) != 0)) {
             memcpy(found, mixed, whole.length);
             ++ways;
@@ -493,10 +490,10 @@ private:
 
   // ---- names -------------------------------------------------------------------------------------
 
-  // What a look's names count for, in hundredths: less where the line was changed or the names are doubted.
+  // What a look's names count for: less where the line was changed or the names are doubted.
   static int weight_of_names(const varnel_look &look, stretch place) {
     const bool clean = is_as_read(look, place);
-    return (clean ? 100 : 50) / (is_doubted(look) ? 2 : 1);
+    return (clean ? 4 : 2) / (is_doubted(look) ? 2 : 1);
   }
 
   static bool is_doubted(const varnel_look &look) {
@@ -538,7 +535,7 @@ private:
   }
 
   void elect_name(const field_place &f) {
-    constexpr int lead = 40;
+    constexpr int lead = 2;
     int best = 0;
     int best_weight = -1;
     int second_weight = 0;

@@ -5,6 +5,8 @@
 
 #include "scans.hpp"
 
+#include <cstring>
+
 namespace {
 
 using support::findings_of;
@@ -22,6 +24,10 @@ std::string with_number(const std::string &number) {
 }
 std::string with_expiry(const std::string &expiry) {
   return TOP + "L898902C36UTO7408122F" + expiry + "ZE184226B<<<<<10\n";
+}
+// The same with a number of mixed letters and digits.
+std::string mixed_number(const std::string &number) {
+  return TOP + number + "5UTO7408122F1204159ZE184226B<<<<<12\n";
 }
 // And with other names.
 std::string with_names(std::string names) {
@@ -107,6 +113,50 @@ TEST(Looks, NoneIsARefusal) {
   EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_REFUSED);
 }
 
+// What is kept of a look, so that the weakest can be told.
+struct kept_look {
+  std::string text;
+  int score;
+};
+
+TEST(Looks, HaveScores) {
+  const kept_look table[] = {
+      {TOP + LOW, 5 * 150 + 60},
+      {TOP + "L898902C36UT07408122F1204159ZE184226B<<<<<10\n", 5 * 150 + 60 - 5},
+      {"P<UT0ERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\nL898902C36UTO74O8122F1204159ZE184226B<<<<<10\n",
+       5 * 150 + 60 - 10},
+      {with_expiry("1204158"), 3 * 150 + 60 - 10},
+      {"P<D<<ERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n" + LOW, 5 * 150},
+      {"P<UTAERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n" + LOW, 5 * 150 - 5},
+      {FRENCH_TOP + FRENCH_LOW, 3 * 150},
+  };
+  for (const kept_look &row : table) {
+    SCOPED_TRACE(row.text);
+    varnel_looks looks;
+    std::memset(&looks, 0xA5, sizeof looks); // what stood there before is not kept
+    looks.count = 0;
+    ASSERT_EQ(varnel_looks_add(&looks, row.text.data(), row.text.size(), &DIGITS), ERR_OK);
+    EXPECT_EQ(looks.looks[0].score, row.score);
+    EXPECT_EQ(looks.looks[0].unproven, 0u);
+    EXPECT_EQ(looks.looks[0].dropped, 0);
+  }
+}
+
+TEST(Looks, KeepWhatIsDoubted) {
+  varnel_looks looks = {};
+  const std::string small = with_number("L8989o2C36");
+  ASSERT_EQ(varnel_looks_add(&looks, small.data(), small.size(), &DIGITS), ERR_OK);
+  EXPECT_EQ(looks.looks[0].unproven, 1u << VARNEL_DOCUMENT_NUMBER);
+  EXPECT_EQ(looks.looks[0].dropped, 0);
+  // Its notices are sexX and dropped.
+  const std::string dropped = TOP + "L898902C36*UTO7408122X1204159ZE184226B<<<<<10\n";
+  const varnel_inspect_options off = {2026, 11, 21, VARNEL_REPAIR_OFF};
+  ASSERT_EQ(varnel_looks_add(&looks, dropped.data(), dropped.size(), &off), ERR_OK);
+  ASSERT_EQ(looks.last.notice_count, 2);
+  EXPECT_EQ(looks.looks[1].unproven, 0u);
+  EXPECT_EQ(looks.looks[1].dropped, 1 << 1);
+}
+
 TEST(Looks, OneIsAnInspection) {
   for (const support::specimen &s : support::SPECIMENS) {
     const std::string page = std::string("PAGE\n") + s.zone;
@@ -141,6 +191,17 @@ TEST(Looks, OneThatIsNotPerfectDoesNotProveItsNames) {
   for (const ballot &b : table) {
     expect(b);
   }
+  const std::string other_number = with_number("HKM3393937");
+  const std::string other_expiry = with_expiry("1204158");
+  expect({{other_number},
+          "doubtful",
+          other_number,
+          "unproven primaryIdentifier, checkFailed documentNumber, unproven documentNumber, "
+          "checkFailed composite"});
+  expect({{other_expiry},
+          "doubtful",
+          other_expiry,
+          "unproven primaryIdentifier, checkFailed expiryDate, checkFailed composite"});
   const std::string dropped = TOP + "L898902C36*UTO7408122F1204159ZE184226B<<<<<10\n";
   expect({{dropped}, "doubtful", TOP + LOW, "unproven primaryIdentifier"}, {2026, 11, 21, VARNEL_REPAIR_OFF});
 }
@@ -176,6 +237,8 @@ TEST(Looks, DatesArePutTogetherFromTheirColumns) {
 
 TEST(Looks, DatesThatNoneShows) {
   const ballot table[] = {
+      // The date of one and the digit of the other.
+      {{with_expiry("1204158"), with_expiry("1284159")}, "voted", TOP + LOW, ""},
       // 120415 and 230415 have the same digit: the columns of these two hold in two ways, and are left alone.
       {{with_expiry("2204159"), with_expiry("1304159")},
        "doubtful",
@@ -232,6 +295,35 @@ TEST(Looks, NumbersThatNoneShows) {
        "valid",
        with_number("HKM3393931"),
        ""},
+      // What has the other digit, or one other column and the other digit.
+      {{with_number("HKM3393937"), with_number("HKM3393931")}, "valid", with_number("HKM3393931"), ""},
+      {{with_number("HKM9393937"), with_number("HKM3393931")}, "valid", with_number("HKM3393931"), ""},
+      // HKMVV93931 and HKM33WY931 hold, too: of numbers so plain 60 % are enough, of mixed ones 80.
+      {{with_number("HKMV3W3931"), with_number("HKM3V9Y931"), with_number("HKM3393931")},
+       "valid",
+       with_number("HKM3393931"),
+       ""},
+      {{mixed_number("F3K9M39X3"), mixed_number("HVK9M39X3"), mixed_number("H3K9M39X3")},
+       "valid",
+       mixed_number("H3K9M39X3"),
+       ""},
+      {{mixed_number("F3K9M39X3"), mixed_number("HVK9M39X3")},
+       "doubtful",
+       mixed_number("H3K9M39X3"),
+       "unproven documentNumber"},
+      // Two looks have to be near the number: up to two other characters.
+      {{with_number("PPM3393931"), with_number("HKMHP93931"), with_number("HKM33939P1")},
+       "voted",
+       with_number("HKM3393931"),
+       ""},
+      {{with_number("PPP3393931"), with_number("HKMHHH3931"), with_number("HKM339HHH1")},
+       "doubtful",
+       with_number("HKM3393931"),
+       "unproven documentNumber"},
+      {{with_number("HKM3393931"), with_number("HKMHHH3931"), with_number("HKM339HHH1")},
+       "doubtful",
+       with_number("HKM3393931"),
+       "unproven documentNumber"},
       // Nothing that two look-alikes make of it holds.
       {{with_number("CFH3399331"), with_number("CFH3399331")},
        "doubtful",
@@ -329,6 +421,52 @@ TEST(Looks, AtTwoDocumentsAreNeverOneAnswer) {
     EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_DOUBTFUL);
     EXPECT_TRUE(has_finding(inspection, VARNEL_FINDING_LOOKS_DIFFER, VARNEL_DOCUMENT_NUMBER));
   }
+}
+
+// The optional data of one look and those of another, where the composite holds with them.
+TEST(Looks, OptionalData) {
+  const auto card = [](const std::string &upper, const std::string &lower) {
+    return "I<UTOD231458907" + upper + "<<<<<<<<<<<\n7408122F1204159UTO" + lower +
+           "<<<<<<<4\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n";
+  };
+  const ballot table[] = {
+      {{card("AB72", "CD34"), card("AB12", "CD94")}, "voted", card("AB12", "CD34"), ""},
+      {{card("AB12", "CD94"), card("AB72", "CD34")}, "voted", card("AB12", "CD34"), ""},
+      // Where it never holds, those of the strongest.
+      {{card("AB72", "CD34"), card("AB92", "CD34")},
+       "doubtful",
+       card("AB72", "CD34"),
+       "checkFailed composite"},
+  };
+  for (const ballot &b : table) {
+    expect(b);
+  }
+}
+
+TEST(Looks, DatesThatDifferAreOfTwoDocuments) {
+  const std::string other = TOP + "L898902C36UTO7408122F2204156ZE184226B<<<<<18\n";
+  ASSERT_EQ(support::inspect(other).verdict, VARNEL_VERDICT_VALID);
+  expect({{TOP + LOW, other}, "doubtful", TOP + LOW, "looksDiffer expiryDate"});
+}
+
+// Passports and cards with one number may be one person's, or a card read in two layouts.
+TEST(Looks, OfOneNumberAreNotOfTwoDocuments) {
+  const std::string card = support::SPECIMENS[0].zone;
+  expect({{card, card, support::SPECIMENS[1].zone}, "valid", card, ""});
+}
+
+// However little holds, a look has a vote.
+TEST(Looks, WeakOnesVote) {
+  const auto weak = [](const std::string &nationality) {
+    return "P<D<<ERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\nHKM3393937" + nationality +
+           "7408123F1204158ZE184226B<<<<<55\n";
+  };
+  varnel_inspection inspection = look({weak("FRA"), weak("GBR"), weak("GBR")});
+  EXPECT_EQ(zone_of(inspection), weak("GBR"));
+  EXPECT_FALSE(has_finding(inspection, VARNEL_FINDING_UNPROVEN, VARNEL_NATIONALITY));
+  inspection = look({weak("FRA")});
+  EXPECT_EQ(zone_of(inspection), weak("FRA"));
+  EXPECT_FALSE(has_finding(inspection, VARNEL_FINDING_UNPROVEN, VARNEL_NATIONALITY));
 }
 
 // Cards of two layouts, whose numbers are of different lengths.
