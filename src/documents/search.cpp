@@ -125,8 +125,10 @@ candidate candidate_of(const line_window &window) {
   return NO_CANDIDATE;
 }
 
-void read_zone(const char *text, const line_window &window, candidate c, zone_reading &zone) {
-  zone.unproven = 0;
+// With repair, noise among the characters leaves the names in doubt, in a zone that is taken as it stands
+// too.
+void read_zone(const char *text, const line_window &window, candidate c,
+               const varnel_inspect_options &options, zone_reading &zone) {
   zone.differing = 0;
   for (int i = 0; i < VARNEL_ZONE_LINES; ++i) {
     zone.is_plain[i] = zone.dropped[i] = false;
@@ -136,6 +138,8 @@ void read_zone(const char *text, const line_window &window, candidate c, zone_re
     read_lines(text, lines[i], i, c.form.width, zone);
   }
   zone.form = &LAYOUTS[layout_of(c.form.width, zone.lines[0])];
+  const bool has_noise = zone.dropped[0] || zone.dropped[1] || zone.dropped[2];
+  zone.unproven = has_noise && options.repair != VARNEL_REPAIR_OFF ? 1u << VARNEL_SECONDARY_IDENTIFIER : 0;
 }
 
 // The best zone of a passage.
@@ -170,7 +174,7 @@ public:
 private:
   void write(const line_window &window, candidate c) {
     zone_reading zone;
-    read_zone(passage_.text, window, c, zone);
+    read_zone(passage_.text, window, c, options_, zone);
     evaluate(zone, options_, inspection_);
   }
 
@@ -306,7 +310,7 @@ private:
   // Writes the next record, and returns its score; 0 when it is no zone.
   int evaluate_last(const line_window &window, candidate c) {
     zone_reading zone;
-    read_zone(passage_.text, window, c, zone);
+    read_zone(passage_.text, window, c, options_, zone);
     varnel_inspection &inspection = inspections_[found_];
     evaluate(zone, options_, inspection);
     return is_zone(inspection) ? score_of(inspection) : 0;

@@ -90,6 +90,17 @@ TEST(RepairOfLines, Noise) {
     expect({1, TOP.substr(0, 30) + noise + TOP.substr(30) + LOW, "doubtful", TOP + LOW, "",
             "unproven secondaryIdentifier"});
   }
+  // So it does in what is not read by units: a card whose names have no filler.
+  const std::string card = "I<UTOD231458907<<<<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<6\n";
+  const std::string names = "ERIKSSONERIKSSONERIKSSONERIKSS\n";
+  const std::string noisy_line[] = {
+      "I<UTOD231458907<<<~<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<6\n" + names,
+      "I<UTOD231458907<<<<<<<<<<<<<<<\n7408122F1204159~UTO<<<<<<<<<<<6\n" + names,
+      card + "ERIKSSON~ERIKSSONERIKSSONERIKSS\n"};
+  for (const std::string &text : noisy_line) {
+    expect({0, text, "valid", card + names, "", ""});
+    expect({1, text, "doubtful", card + names, "", "unproven secondaryIdentifier"});
+  }
 }
 
 // A text of another script has more than 60 characters beyond ASCII: with so many a line is none of a zone,
@@ -104,7 +115,8 @@ TEST(RepairOfLines, CharactersBeyondAscii) {
   };
   expect(
       {1, with_noise(60), "doubtful", READ_TOP + FULL_LOW, "0:4 0>O class", "unproven secondaryIdentifier"});
-  expect({1, with_noise(61), "doubtful", MISREAD_TOP + FULL_LOW, "", "badCharacters issuingState"});
+  expect({1, with_noise(61), "doubtful", MISREAD_TOP + FULL_LOW, "",
+          "badCharacters issuingState, unproven secondaryIdentifier"});
 }
 
 // A line of digits stands for no names.
