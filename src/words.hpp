@@ -99,6 +99,11 @@ inline void add_products(uint64_t one, uint64_t other, plain_sums &into) {
 
 constexpr unsigned total(plain_sums of) { return of; }
 
+// Counts the marked characters of up to MOST_TALLIED words in one: each place of it by itself, and all of
+// them.
+constexpr uint64_t tally(uint64_t counts, uint64_t marks) { return counts + (marks >> 7 & every(1)); }
+constexpr unsigned sum(uint64_t counts) { return static_cast<unsigned>(counts * every(1) >> 56); }
+
 // ---- wide words ------------------------------------------------------------------------------------
 
 // Where the machine has none, as WebAssembly without SIMD, the compiler would take each of the sixteen apart.
@@ -107,6 +112,7 @@ constexpr unsigned total(plain_sums of) { return of; }
 using wide = unsigned char __attribute__((vector_size(16)));
 
 inline void load(const char *text, wide &word) { memcpy(&word, text, sizeof word); }
+inline void store(wide word, char *text) { memcpy(text, &word, sizeof word); }
 
 inline bool any(wide marks) {
   uint64_t halves[2];
@@ -114,10 +120,12 @@ inline bool any(wide marks) {
   return any(halves[0] | halves[1]);
 }
 
-inline unsigned count(wide marks) {
+inline wide tally(wide counts, wide marks) { return counts - marks; } // a mark is all bits: -1
+
+inline unsigned sum(wide counts) {
   uint64_t halves[2];
-  memcpy(halves, &marks, sizeof halves);
-  return static_cast<unsigned>(((halves[0] & every(1)) + (halves[1] & every(1))) * every(1) >> 56);
+  memcpy(halves, &counts, sizeof halves);
+  return sum(halves[0] + halves[1]);
 }
 
 // The eight characters from `i` on, 0 or 8, as a plain word.
@@ -186,6 +194,7 @@ constexpr uint64_t plain(wide word, int) { return word; }
 #endif
 
 constexpr int WIDE_SIZE = sizeof(wide);
+constexpr int MOST_TALLIED = 255 / WIDE_SIZE; // all their characters are one byte's number
 
 template <class Word> Word load(const char *text) {
   Word word;

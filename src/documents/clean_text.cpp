@@ -217,9 +217,26 @@ words::wide mark_kept(words::wide word) {
          words::in_range(word, FILLER, FILLER);
 }
 
-// Marks what is not ASCII, line ends (and what else comes before CR) and what may begin the filler's entity.
+// Marks line ends (and what else comes before CR) and what may begin the filler's entity.
 words::wide mark_special(words::wide word) {
-  return words::in_range(word, '\0', '\r') | words::in_range(word, '&', '&') | word;
+  return words::in_range(word, '\0', '\r') | words::in_range(word, '&', '&');
+}
+
+// Marks bytes above ASCII that may begin a character which is kept or ends a line, by the bytes after them.
+// All others add nothing.
+words::wide mark_leads(words::wide word, words::wide next) {
+  if constexpr (words::WIDE_SIZE == words::SIZE) {
+    return word; // plain words tell apart characters of ASCII only
+  } else {
+    const auto is = [](words::wide bytes, int c) {
+      return words::in_range(bytes, static_cast<char>(c), static_cast<char>(c));
+    };
+    const words::wide pairs = word & 0xFE;
+    const words::wide greek_capitals = is(word, 0xCE) & words::in_range(next, '\x80', '\xA7');
+    const words::wide cyrillic = is(pairs, 0xD0);
+    const words::wide signs = is(word, 0xC2) | is(pairs, 0xE2) | is(word, 0xEF);
+    return greek_capitals | cyrillic | signs;
+  }
 }
 
 // Where the line ends or something is to be read as a character: not ASCII, or the entity of the filler.
@@ -228,39 +245,93 @@ bool is_stop(const char *at, const char *end) {
          begins_with_filler_entity(at, static_cast<uint32_t>(end - at));
 }
 
-// Passes over a text of ASCII up to a stop, as far as whole words reach. Returns whether it came to one.
+// The first of these places of a plain word that is a stop; null where none is. Adds what is kept before it.
+inline const char *find_stop_in_part(const char *at, const char *end, uint64_t places, uint64_t marks,
+                                     uint32_t &kept) {
+  for (uint64_t stops = places & words::MARKS; stops != 0; stops &= stops - 1) {
+    const char *stop = at + words::first(stops);
+    if (is_stop(stop, end)) {
+      kept += words::count(marks & (stops - 1) & ~stops);
+      return stop;
+    }
+  }
+  kept += words::count(marks);
+  return nullptr;
+}
+
+// The same of a wide word.
+inline const char *find_stop(const char *at, const char *end, words::wide places, words::wide marks,
+                             uint32_t &kept) {
+  const char *stop = find_stop_in_part(at, end, words::plain(places, 0), words::plain(marks, 0), kept);
+  constexpr int second = words::WIDE_SIZE - words::SIZE;
+  if (stop == nullptr && second > 0) {
+    stop =
+        find_stop_in_part(at + second, end, words::plain(places, second), words::plain(marks, second), kept);
+  }
+  return stop;
+}
+
+// Where the words end that are passed over at once.
+const char *end_of_words(const char *at, const char *end) {
+  constexpr ptrdiff_t most = words::MOST_TALLIED * words::WIDE_SIZE;
+  return end - at < most ? end - (end - at) % words::WIDE_SIZE : at + most;
+}
+
+// Passes over words of ASCII up to a stop. Returns whether it came to one.
 bool pass_ascii(const char *&at, const char *end, uint32_t &kept) {
-  for (; end - at >= words::WIDE_SIZE; at += words::WIDE_SIZE) {
+  words::wide counts = {};
+  const char *stop = nullptr;
+  for (const char *const last = end_of_words(at, end); at < last; at += words::WIDE_SIZE) {
     const words::wide word = words::load<words::wide>(at);
     const words::wide marks = mark_kept(word);
     const words::wide special = mark_special(word);
-    if (words::any(special)) {
-      uint32_t before = 0;
-      for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
-        const uint64_t half = words::plain(marks, i);
-        for (uint64_t stops = words::plain(special, i) & words::MARKS; stops != 0; stops &= stops - 1) {
-          const char *stop = at + i + words::first(stops);
-          if (is_stop(stop, end)) {
-            kept += before + words::count(half & (stops - 1) & ~stops);
-            at = stop;
-            return true;
-          }
-        }
-        before += words::count(half);
-      }
+    if (!words::any(special | word)) {
+      counts = words::tally(counts, marks);
+      continue;
     }
-    kept += words::count(marks);
+    if (words::any(word)) {
+      break;
+    }
+    stop = find_stop(at, end, special, marks, kept);
+    if (stop != nullptr) {
+      break;
+    }
   }
-  return false;
+  kept += words::sum(counts);
+  at = stop != nullptr ? stop : at;
+  return stop != nullptr;
+}
+
+// Passes over words of any characters up to a stop. Returns whether it came to one.
+bool pass_words(const char *&at, const char *end, uint32_t &kept) {
+  words::wide counts = {};
+  const char *stop = nullptr;
+  for (const char *const last = end_of_words(at, end - 1); at < last; at += words::WIDE_SIZE) {
+    const words::wide word = words::load<words::wide>(at);
+    const words::wide marks = mark_kept(word);
+    const words::wide places = mark_special(word) | mark_leads(word, words::load<words::wide>(at + 1));
+    if (!words::any(places)) {
+      counts = words::tally(counts, marks);
+      continue;
+    }
+    stop = find_stop(at, end, places, marks, kept);
+    if (stop != nullptr) {
+      break;
+    }
+  }
+  kept += words::sum(counts);
+  at = stop != nullptr ? stop : at;
+  return stop != nullptr;
 }
 
 // Passes over bytes, eight at a time where none of them asks for a closer look, up to one that begins
-// something to be read as a character, or to the end.
-const char *pass_bytes(const char *at, const char *end, uint32_t &kept) {
+// something to be read as a character, or to the end of the stretch and of its last character. Returns
+// whether it came to the former.
+bool pass_bytes(const char *&at, const char *stretch_end, const char *end, uint32_t &kept) {
   const auto adds = [&at](unsigned row, int i) { return 0u + PAIRS.adds[row + byte(at[i])]; };
   const auto row_after = [&at](int i) { return 0u + PAIRS.row_after[byte(at[i])]; };
   unsigned row = 0;
-  for (; end - at >= 8; at += 8) {
+  for (; stretch_end - at >= 8; at += 8) {
     const unsigned sum = adds(row, 0) + adds(row_after(0), 1) + adds(row_after(1), 2) +
                          adds(row_after(2), 3) + adds(row_after(3), 4) + adds(row_after(4), 5) +
                          adds(row_after(5), 6) + adds(row_after(6), 7);
@@ -270,30 +341,51 @@ const char *pass_bytes(const char *at, const char *end, uint32_t &kept) {
     kept += sum;
     row = row_after(7);
   }
-  for (; at < end; ++at) {
+  for (; at < stretch_end || (at < end && row != 0); ++at) {
     const unsigned added = adds(row, 0);
     if (added >= byte_table::LOOK_CLOSER) {
-      return byte(*at) >= 128 ? at - 1 : at; // from a second byte back to the first
+      at -= byte(*at) >= 128 ? 1 : 0; // from a second byte back to the first
+      return true;
     }
     kept += added;
     row = row_after(0);
   }
+  return false;
+}
+
+} // namespace
+
+const char *pass_others(const char *at, const char *end, uint32_t &kept) {
+  int stretch = words::WIDE_SIZE; // to be passed over byte by byte after a stop; the further, the more stops
+  while (at < end) {
+    const bool stopped = pass_words(at, end, kept);
+    if (stopped && byte(*at) < 128) {
+      break;
+    }
+    if (!stopped && end - at > words::WIDE_SIZE) {
+      continue;
+    }
+    const bool is_cyrillic = byte(*at) == 0xD0 || byte(*at) == 0xD1; // of which every other letter would stop
+    const char *const stretch_end = is_cyrillic || end - at < stretch ? end : at + stretch;
+    if (pass_bytes(at, stretch_end, end, kept)) {
+      break;
+    }
+    stretch *= 2;
+  }
   return at;
 }
 
+namespace {
+
 // Passes over bytes up to one that begins something to be read as a character, or to the end.
-const char *pass(const char *at, const char *end, uint32_t &kept) {
-  const bool stopped = pass_ascii(at, end, kept);
-  return stopped && byte(*at) < 128 ? at : pass_bytes(at, end, kept);
+inline const char *pass(const char *at, const char *end, uint32_t &kept) {
+  return pass_ascii(at, end, kept) ? at : pass_others(at, end, kept);
 }
 
 } // namespace
 
 // The next line, whether something of it is kept or not.
-bool line_reader::next_of_any(text_line &line) {
-  if (at_ >= passage_.end) {
-    return false;
-  }
+inline void line_reader::read(text_line &line) {
   const char *const end = passage_.text + passage_.end;
   const char *at = passage_.text + at_;
   uint32_t kept = 0;
@@ -314,16 +406,16 @@ bool line_reader::next_of_any(text_line &line) {
   }
   line.kept = kept;
   line.is_plain = single_bytes && kept == line.end - line.begin;
-  return true;
 }
 
 bool line_reader::next(text_line &line) {
-  do {
-    if (!next_of_any(line)) {
-      return false;
+  while (at_ < passage_.end) {
+    read(line);
+    if (line.kept > 0) {
+      return true;
     }
-  } while (line.kept == 0);
-  return true;
+  }
+  return false;
 }
 
 bool character_reader::next_of_many(kept_character &kept) {

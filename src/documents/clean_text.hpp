@@ -78,6 +78,11 @@ struct text_line {
   bool is_plain; // every byte is a kept character
 };
 
+// Passes over bytes up to one that begins something to be read as a character, or to the end, and adds how
+// many characters of them are kept. Words of ASCII have been passed over before: most lines hold nothing
+// else.
+const char *pass_others(const char *at, const char *end, uint32_t &kept);
+
 // Walks the lines of a passage of which something is kept.
 class line_reader {
 public:
@@ -87,7 +92,7 @@ public:
   bool next(text_line &line);
 
 private:
-  bool next_of_any(text_line &line);
+  void read(text_line &line);
 
   passage passage_;
   uint32_t at_;

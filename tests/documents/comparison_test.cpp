@@ -366,6 +366,43 @@ TEST(Comparison, DisguisedZones) {
   }
 }
 
+// A script: characters that keep nothing, and a few that a zone's may be read from.
+struct script {
+  std::vector<std::string> plain;
+  std::vector<std::string> kept;
+};
+
+std::string run_of_a_script(dice &d) {
+  static const std::vector<script> scripts = {
+      {{"\xCE\xB1", "\xCE\xAF", "\xCF\x80", "\xCF\x8E", "\xCE\xA9", " "}, {"\xCE\x91", "\xCE\xA7"}},
+      {{"\xD0\xB1", "\xD1\x8F", "\xD0\x91", " "}, {"\xD0\x90", "\xD1\x83"}},
+      {{"\xD8\xA7", "\xD9\x84", "\xDB\x8C", "\xD7\xA9", "\xD5\xA1", " "}, {"7"}},
+      {{"\xC3\xA4", "\xC5\x82", "\xC4\x99", "\xC2\xA7", ",", " "}, {"\xC2\xAB", "\xC2\xBB", "&lt;"}},
+      {{"\xE6\x97\x85", "\xE3\x81\x8B", "\xE3\x80\x82"}, {"\xE3\x80\x88", "\xE3\x80\x8A", "\xEF\xBC\xA1"}},
+      {{"\xE0\xA4\x95", "\xE1\x83\x90", "\xEA\xB0\x80", "\xF0\x9F\x98\x80"}, {"\xEF\xBC\x9C"}},
+      {{"\xE2\x80\x99", "\xE2\x82\xAC", "\xE2\x96\x88", "\xEF\xBF\xBD"}, {"\xE2\x80\xB9", "\xE2\x89\xA4"}},
+      {{"\xCE", "\xD0", "\xE2\x80", "\xC2", "\xE3\x80", "\x80", "\xFF", "-"},
+       {"\xCE\xCE\x91", "\xC2\xC2\xAB"}}};
+  const script &its = d.pick(scripts);
+  std::string text;
+  for (unsigned count = d.below(d.one_in(4) ? 300 : 40); count > 0; --count) {
+    text += d.pick(d.one_in(40) ? its.kept : its.plain);
+  }
+  return text;
+}
+
+TEST(Comparison, ZonesAmongOtherScripts) {
+  for (unsigned seed = 0; seed < support::cases(8000u); ++seed) {
+    dice d(seed);
+    std::string text;
+    for (const char c : random_zone(d)) {
+      text += c == '\n' || d.one_in(200) ? run_of_a_script(d) + c : std::string(1, c);
+      text += c == '\n' && d.one_in(3) ? run_of_a_script(d) + "\n" : "";
+    }
+    expect_the_same(text);
+  }
+}
+
 TEST(Comparison, ZonesInOneRun) {
   for (unsigned seed = 0; seed < support::cases(4000u); ++seed) {
     dice d(seed);

@@ -76,6 +76,7 @@ TEST(Words, MarksAreCounted) {
 
 // One marked character, at each place of a wide word.
 TEST(Words, WideMarksAreThoseOfTheirPlainWords) {
+  const words::wide none = {};
   for (int position = 0; position < words::WIDE_SIZE; ++position) {
     std::string text(static_cast<size_t>(words::WIDE_SIZE), 'A');
     text[static_cast<size_t>(position)] = '<';
@@ -83,11 +84,13 @@ TEST(Words, WideMarksAreThoseOfTheirPlainWords) {
     const words::wide fillers = words::in_range(word, '<', '<');
     const words::wide letters = words::in_range(word, 'A', 'Z');
     EXPECT_TRUE(words::any(fillers)) << position;
-    EXPECT_EQ(words::count(fillers), 1u) << position;
-    EXPECT_EQ(words::count(letters), static_cast<unsigned>(words::WIDE_SIZE) - 1) << position;
-    EXPECT_EQ(words::count(fillers | letters), static_cast<unsigned>(words::WIDE_SIZE)) << position;
+    EXPECT_EQ(words::sum(words::tally(none, fillers)), 1u) << position;
+    EXPECT_EQ(words::sum(words::tally(none, letters)), static_cast<unsigned>(words::WIDE_SIZE) - 1)
+        << position;
+    EXPECT_EQ(words::sum(words::tally(none, fillers | letters)), static_cast<unsigned>(words::WIDE_SIZE))
+        << position;
     EXPECT_FALSE(words::any(words::in_range(word, '0', '9'))) << position;
-    EXPECT_EQ(words::count(words::in_range(word, '0', '9')), 0u) << position;
+    EXPECT_EQ(words::sum(words::tally(none, words::in_range(word, '0', '9'))), 0u) << position;
     for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
       EXPECT_EQ(words::plain(word, i), words::load<uint64_t>(text.data() + i)) << position;
     }
@@ -145,12 +148,28 @@ TEST(Words, ProductsAreAddedUp) {
   }
 }
 
+TEST(Words, MarksOfManyWordsAreCounted) {
+  uint64_t plain = 0;
+  words::wide wide = {};
+  const std::string text = "A<B<<CDE<1<2<<<3";
+  for (unsigned i = 1; i <= static_cast<unsigned>(words::MOST_TALLIED); ++i) {
+    plain = words::tally(plain, words::in_range(words::load<uint64_t>(text.data()), '<', '<'));
+    wide = words::tally(wide, words::in_range(words::load<words::wide>(text.data()), '0', 'Z'));
+    EXPECT_EQ(words::sum(plain), 3 * i);
+    EXPECT_EQ(words::sum(wide), i * static_cast<unsigned>(words::WIDE_SIZE));
+  }
+}
+
 TEST(Words, AreStoredAsTheyAreLoaded) {
   for (const std::string_view text : {"ABCDEFGH", "\xFF\x80\x7F\x01 <09"}) {
     char stored[words::SIZE + 1] = {};
     words::store(words::load<uint64_t>(text.data()), stored);
     EXPECT_EQ(std::string_view(stored), text);
   }
+  char stored[words::WIDE_SIZE + 1] = {};
+  const std::string text = "ABCDEFGHIJKLMNOP";
+  words::store(words::load<words::wide>(text.data()), stored);
+  EXPECT_EQ(stored, text.substr(0, words::WIDE_SIZE));
 }
 
 TEST(Words, ThePartsOfAWideWordAreJudgedOneByOne) {
