@@ -25,36 +25,64 @@ bool has_filler(const char *text, int length) {
 
 int two_digits(const char *text) { return (text[0] - '0') * 10 + (text[1] - '0'); }
 
-// What stands where in a line: its letters and fillers, all else being digits.
-struct line_characters {
+// A line, and what stands where in it: its letters and fillers, all else being digits.
+struct zone_line {
+  const char *text = nullptr; // words may be read beyond its end
   places::set letters = 0;
   places::set fillers = 0;
 
   // Writes what the characters count in a check digit to `values`, unless that is null.
   void read(const char *line, int width, eight_numbers *values) {
-    int i = 0;
-    for (; width - i >= words::SIZE; i += words::SIZE) {
-      read(words::load<uint64_t>(line + i), i, values);
+    text = line;
+    places::set all_letters = 0;
+    places::set all_fillers = 0;
+    for (int i = 0; i < width; i += words::WIDE_SIZE) {
+      const words::wide word = words::load<words::wide>(line + i);
+      const words::wide letter_marks = words::in_range(word, 'A', 'Z');
+      const words::wide filler_marks = words::in_range(word, FILLER, FILLER);
+      all_letters |= places_of(letter_marks) << i;
+      all_fillers |= places_of(filler_marks) << i;
+      if (values != nullptr) {
+        values = put(words::less(word, '0') - words::bits(letter_marks, 'A' - '0' - 10) -
+                         words::bits(filler_marks, FILLER - '0'),
+                     values);
+      }
     }
-    if (i < width) {
-      read(words::load<uint64_t>(line + i) & ~(~uint64_t{0} << 8 * (width - i)), i, values);
-    }
+    letters = all_letters;
+    fillers = all_fillers;
   }
 
 private:
-  void read(uint64_t word, int i, eight_numbers *values) {
+  static places::set places_of(words::wide marks) {
+    places::set places = 0;
+    for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
+      places |= places::set{words::places_on_top(words::plain(marks, i)) >> 56} << i;
+    }
+    return places;
+  }
+
+  static eight_numbers *put(words::wide counts, eight_numbers *values) {
     constexpr uint64_t every_other = UINT64_C(0x00FF00FF00FF00FF);
-    const uint64_t letter_marks = words::in_range(word, 'A', 'Z') & words::MARKS;
-    const uint64_t filler_marks = words::in_range(word, FILLER, FILLER) & words::MARKS;
-    letters |= places::set{words::places_on_top(letter_marks) >> 56} << i;
-    fillers |= places::set{words::places_on_top(filler_marks) >> 56} << i;
-    if (values != nullptr) {
-      const uint64_t counts = word - words::every('0') - (letter_marks >> 7) * ('A' - '0' - 10) -
-                              (filler_marks >> 7) * (FILLER - '0');
-      values[i / words::SIZE] = {counts & every_other, counts >> 8 & every_other};
+    for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
+      const uint64_t eight = words::plain(counts, i);
+      *values++ = {eight & every_other, eight >> 8 & every_other};
+    }
+    return values;
+  }
+};
+
+// What keeps the first characters of a word, by their number.
+struct first_characters {
+  uint64_t of[words::SIZE + 1] = {};
+
+  constexpr first_characters() {
+    for (int i = 1; i <= words::SIZE; ++i) {
+      of[i] = of[i - 1] << 8 | 0xFF;
     }
   }
 };
+
+constexpr first_characters FIRST;
 
 // Columns of a line.
 class field_text {
@@ -62,9 +90,9 @@ public:
   const char *text; // words may be read beyond its end
   int length;
 
-  field_text(const char *line, const line_characters &found, const stretch &place)
-      : text(line + place.column), length(place.length), letters_(found.letters >> place.column),
-        fillers_(found.fillers >> place.column) {}
+  field_text(const zone_line &line, const stretch &place)
+      : text(line.text + place.column), length(place.length), letters_(line.letters >> place.column),
+        fillers_(line.fillers >> place.column) {}
 
   places::set letters() const { return letters_ & all(); }
   places::set fillers() const { return fillers_ & all(); }
@@ -83,11 +111,7 @@ public:
   }
 
   // Copies the columns as they stand. Whole words are written, NUL after the text.
-  void copy(char *out) const {
-    if (length > 0) {
-      copy_columns(out, 0, length, 0);
-    }
-  }
+  void copy(char *out) const { copy_columns(out, 0, length, 0); }
 
   // Copies the columns without the fillers at both ends, each run of others as one space. Returns the length.
   int copy_words(char *out) const {
@@ -108,20 +132,18 @@ public:
 private:
   places::set all() const { return places::before(length); }
 
-  // Changes each filler by these bits. There is at least one column.
+  // Changes each filler by these bits.
   void copy_columns(char *out, int begin, int end, unsigned char of_fillers) const {
     const char *from = text + begin;
     int left = end - begin;
     for (; left > words::SIZE; left -= words::SIZE, from += words::SIZE, out += words::SIZE) {
       words::store(changed(words::load<uint64_t>(from), of_fillers), out);
     }
-    const uint64_t kept = ~uint64_t{0} >> 8 * (words::SIZE - left);
-    words::store(changed(words::load<uint64_t>(from), of_fillers) & kept, out);
+    words::store(changed(words::load<uint64_t>(from), of_fillers) & FIRST.of[left], out);
   }
 
   static uint64_t changed(uint64_t word, unsigned char of_fillers) {
-    const uint64_t marks = words::in_range(word, FILLER, FILLER) & words::MARKS;
-    return word ^ (marks >> 7) * of_fillers;
+    return word ^ words::bits(words::in_range(word, FILLER, FILLER), of_fillers);
   }
 
   int copy_runs(char *out, int begin, int end) const {
@@ -143,11 +165,11 @@ private:
 
 // Copies a line of at least a word.
 void copy_line(char *out, const char *line, int width) {
-  const int last = width - words::SIZE; // the last word may overlap the one before
-  for (int i = 0; i < last; i += words::SIZE) {
-    words::store(words::load<uint64_t>(line + i), out + i);
+  const int last = width - words::WIDE_SIZE; // the last word may overlap the one before
+  for (int i = 0; i < last; i += words::WIDE_SIZE) {
+    words::store(words::load<words::wide>(line + i), out + i);
   }
-  words::store(words::load<uint64_t>(line + last), out + last);
+  words::store(words::load<words::wide>(line + last), out + last);
 }
 
 // A date as ISO 8601 has it: the year's first two digits, then those of the zone, XX for what is unknown.
@@ -214,11 +236,9 @@ public:
   }
 
 private:
-  const char *at(const stretch &place) const { return zone_.lines[place.line] + place.column; }
+  const char *at(const stretch &place) const { return lines_[place.line].text + place.column; }
 
-  field_text text_of(const stretch &place) const {
-    return field_text(zone_.lines[place.line], lines_[place.line], place);
-  }
+  field_text text_of(const stretch &place) const { return field_text(lines_[place.line], place); }
 
   // Null where the layout has no such check digit.
   varnel_check *check_of(int field) {
@@ -261,8 +281,9 @@ private:
 
   void compute_checks() {
     out_.check_count = form_.check_count;
+    const weighed_words *const weighed = ZONE_WEIGHTS.checks[form_.id];
     for (int i = 0; i < form_.check_count; ++i) {
-      compute(form_.checks[i], digit_of(ZONE_WEIGHTS.checks[form_.id][i], values_), out_.checks[i]);
+      compute(form_.checks[i], digit_of(weighed[i], values_), out_.checks[i]);
     }
     const varnel_check *composite = check_of(VARNEL_COMPOSITE);
     composite_holds_ = composite != nullptr && composite->holds;
@@ -275,7 +296,7 @@ private:
     check.field = place.field;
     check.line = place.line;
     check.column = place.column;
-    check.found = zone_.lines[place.line][place.column];
+    check.found = lines_[place.line].text[place.column];
     check.expected = digit;
     check.holds =
         check.found == check.expected ||
@@ -385,21 +406,24 @@ private:
     }
     const varnel_check *check = check_of(f.field);
     const bool fails = check != nullptr && !check->holds;
-    note(field, fails);
-    if (fails && field.status == VARNEL_STATUS_OK) {
-      field.status = VARNEL_STATUS_CHECK_FAILED;
+    if (field.status == VARNEL_STATUS_OK && !fails) {
+      field.proof = static_cast<uint8_t>(proof_of(field, f.kind, check));
+    } else {
+      note(field, fails);
     }
-    field.proof = static_cast<uint8_t>(proof_of(field, f.kind, check));
   }
 
-  void note(const varnel_inspected_field &field, bool fails) {
-    if (field.status == VARNEL_STATUS_EMPTY) {
-      empty_ |= set_of(field.field);
-    } else if (field.status != VARNEL_STATUS_OK) {
-      wrong_ |= set_of(field.field);
-    }
+  // What is wrong with a field, for the findings.
+  void note(varnel_inspected_field &field, bool fails) {
     if (fails) {
       failing_ |= set_of(field.field);
+    }
+    if (field.status == VARNEL_STATUS_EMPTY) {
+      empty_ |= set_of(field.field);
+    } else if (field.status == VARNEL_STATUS_OK) {
+      field.status = VARNEL_STATUS_CHECK_FAILED;
+    } else {
+      wrong_ |= set_of(field.field);
     }
   }
 
@@ -558,10 +582,8 @@ private:
     }
   }
 
+  // Of a field that is right.
   int proof_of(const varnel_inspected_field &field, field_kind kind, const varnel_check *check) const {
-    if (field.status != VARNEL_STATUS_OK) {
-      return VARNEL_PROOF_NONE;
-    }
     if (kind == field_kind::state) {
       return is_listed_ ? VARNEL_PROOF_LIST : VARNEL_PROOF_NONE;
     }
@@ -667,7 +689,7 @@ private:
   const layout &form_;
   const date reference_;
   varnel_inspection &out_;
-  line_characters lines_[VARNEL_ZONE_LINES];
+  zone_line lines_[VARNEL_ZONE_LINES];
   eight_numbers values_[ZONE_WORDS]; // of the lines that check digits cover
   // Sets of fields: empty, of another status that is a finding, and with a check digit that does not hold.
   uint32_t empty_ = 0;

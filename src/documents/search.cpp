@@ -6,21 +6,21 @@ namespace documents {
 
 namespace {
 
-// Eight characters of a zone, small letters as capitals.
-uint64_t as_capitals(uint64_t word) {
-  constexpr int to_bit_of_case = 2; // from the mark, a character's top bit
-  return word ^ (words::in_range(word, 'a', 'z') & words::MARKS) >> to_bit_of_case;
+// Characters of a zone, small letters as capitals.
+words::wide as_capitals(words::wide word) {
+  return word ^ words::bits(words::in_range(word, 'a', 'z'), 'a' ^ 'A');
 }
 
 // Reads the bytes of a plain line, of which every byte is a kept character.
 void read_plain_line(const char *text, uint32_t begin, int row, int width, zone_reading &zone) {
   zone.is_plain[row] = true;
   zone.begin[row] = begin;
-  const int last = width - words::SIZE; // the last word may overlap the one before
-  for (int i = 0; i < last; i += words::SIZE) {
-    words::store(as_capitals(words::load<uint64_t>(text + begin + i)), zone.lines[row] + i);
+  const char *const line = text + begin;
+  const int last = width - words::WIDE_SIZE; // the last word may overlap the one before
+  for (int i = 0; i < last; i += words::WIDE_SIZE) {
+    words::store(as_capitals(words::load<words::wide>(line + i)), zone.lines[row] + i);
   }
-  words::store(as_capitals(words::load<uint64_t>(text + begin + last)), zone.lines[row] + last);
+  words::store(as_capitals(words::load<words::wide>(line + last)), zone.lines[row] + last);
 }
 
 // Reads a line's characters into as many lines of the zone as it holds, the first of them `row`.
@@ -132,6 +132,9 @@ void read_zone(const char *text, const line_window &window, candidate c,
   zone.differing = 0;
   for (int i = 0; i < VARNEL_ZONE_LINES; ++i) {
     zone.is_plain[i] = zone.dropped[i] = false;
+  }
+  for (int i = 0; i < c.form.lines; ++i) {
+    words::store(uint64_t{0}, zone.lines[i] + c.form.width); // read with the line's last word
   }
   const text_line *lines = window.last(c.lines);
   for (int i = 0; i < c.lines; ++i) {

@@ -17,8 +17,9 @@ struct eight_numbers {
   uint64_t odd;
 };
 
-// How many words a line takes. The words of a zone are those of its lines, one line after the other.
-constexpr int words_of_line(int width) { return (width + words::SIZE - 1) / words::SIZE; }
+// How many words a line takes, of which two are read at once. The words of a zone are those of its lines, one
+// line after the other.
+constexpr int words_of_line(int width) { return (width + 2 * words::SIZE - 1) / (2 * words::SIZE) * 2; }
 
 constexpr int ZONE_WORDS = VARNEL_ZONE_LINES * words_of_line(td1::LINE_LENGTH);
 static_assert(ZONE_WORDS >= 2 * words_of_line(td3::LINE_LENGTH));
