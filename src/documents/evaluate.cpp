@@ -31,8 +31,8 @@ struct zone_line {
   places::set letters = 0;
   places::set fillers = 0;
 
-  // Writes what the characters count in a check digit to `values`, unless that is null.
-  void read(const char *line, int width, eight_numbers *values) {
+  // Writes what the characters count in a check digit to `counts`, unless that is null.
+  void read(const char *line, int width, char *counts) {
     text = line;
     places::set all_letters = 0;
     places::set all_fillers = 0;
@@ -42,10 +42,10 @@ struct zone_line {
       const words::wide filler_marks = words::in_range(word, FILLER, FILLER);
       all_letters |= places_of(letter_marks) << i;
       all_fillers |= places_of(filler_marks) << i;
-      if (values != nullptr) {
-        values = put(words::less(word, '0') - words::bits(letter_marks, 'A' - '0' - 10) -
+      if (counts != nullptr) {
+        words::store(words::less(word, '0') - words::bits(letter_marks, 'A' - '0' - 10) -
                          words::bits(filler_marks, FILLER - '0'),
-                     values);
+                     counts + i);
       }
     }
     letters = all_letters;
@@ -59,15 +59,6 @@ private:
       places |= places::set{words::places_on_top(words::plain(marks, i)) >> 56} << i;
     }
     return places;
-  }
-
-  static eight_numbers *put(words::wide counts, eight_numbers *values) {
-    constexpr uint64_t every_other = UINT64_C(0x00FF00FF00FF00FF);
-    for (int i = 0; i < words::WIDE_SIZE; i += words::SIZE) {
-      const uint64_t eight = words::plain(counts, i);
-      *values++ = {eight & every_other, eight >> 8 & every_other};
-    }
-    return values;
   }
 };
 
@@ -253,10 +244,10 @@ private:
   void read_lines() {
     out_.layout = form_.id;
     out_.line_count = out_.source_count = form_.lines;
-    eight_numbers *values = values_;
-    for (int line = 0; line < form_.lines; ++line, values += words_of_line(form_.width)) {
+    char *counts = counts_;
+    for (int line = 0; line < form_.lines; ++line, counts += room_for_line(form_.width)) {
       const bool is_covered = (ZONE_WEIGHTS.covered_lines[form_.id] & 1 << line) != 0;
-      lines_[line].read(zone_.lines[line], form_.width, is_covered ? values : nullptr);
+      lines_[line].read(zone_.lines[line], form_.width, is_covered ? counts : nullptr);
       copy_line(out_.zone[line], zone_.lines[line], form_.width);
       out_.source[line] = source_of({static_cast<uint8_t>(line), 0, form_.width});
     }
@@ -281,9 +272,9 @@ private:
 
   void compute_checks() {
     out_.check_count = form_.check_count;
-    const weighed_words *const weighed = ZONE_WEIGHTS.checks[form_.id];
+    const weighed_stretch *const weighed = ZONE_WEIGHTS.checks[form_.id];
     for (int i = 0; i < form_.check_count; ++i) {
-      compute(form_.checks[i], digit_of(weighed[i], values_), out_.checks[i]);
+      compute(form_.checks[i], digit_of(weighed[i], counts_), out_.checks[i]);
     }
     const varnel_check *composite = check_of(VARNEL_COMPOSITE);
     composite_holds_ = composite != nullptr && composite->holds;
@@ -690,7 +681,7 @@ private:
   const date reference_;
   varnel_inspection &out_;
   zone_line lines_[VARNEL_ZONE_LINES];
-  eight_numbers values_[ZONE_WORDS]; // of the lines that check digits cover
+  char counts_[ZONE_ROOM]; // in check digits, of the lines that these cover
   // Sets of fields: empty, of another status that is a finding, and with a check digit that does not hold.
   uint32_t empty_ = 0;
   uint32_t wrong_ = 0;

@@ -11,7 +11,7 @@
 namespace documents {
 
 // Room for a line from each column of which a whole word can be read.
-constexpr int ROW_WIDTH = VARNEL_ZONE_WIDTH + words::SIZE;
+constexpr int ROW_WIDTH = VARNEL_ZONE_WIDTH + words::WIDE_SIZE;
 
 // The characters of a zone, which are capitals, digits and fillers, and where they were read.
 struct zone_reading {

@@ -134,7 +134,7 @@ void read_zone(const char *text, const line_window &window, candidate c,
     zone.is_plain[i] = zone.dropped[i] = false;
   }
   for (int i = 0; i < c.form.lines; ++i) {
-    words::store(uint64_t{0}, zone.lines[i] + c.form.width); // read with the line's last word
+    words::store(words::wide{}, zone.lines[i] + c.form.width); // read with the line's last word
   }
   const text_line *lines = window.last(c.lines);
   for (int i = 0; i < c.lines; ++i) {

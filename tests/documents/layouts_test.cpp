@@ -175,25 +175,23 @@ TEST(Layouts, CheckDigitsAndWhatTheyCover) {
 }
 
 // A zone of each layout, every column of it another character than the one before.
-TEST(Layouts, WeightsOfWordsAreThoseOfCharacters) {
+TEST(Layouts, WeightsOfWholeZonesAreThoseOfStretches) {
   const std::string characters = "7K<P03ZA9<B5XQ1";
   for (int id = VARNEL_LAYOUT_TD1; id < LAYOUT_COUNT; ++id) {
     const layout &l = LAYOUTS[id];
     char lines[VARNEL_ZONE_LINES][VARNEL_ZONE_WIDTH] = {};
-    eight_numbers values[ZONE_WORDS] = {};
+    char counts[ZONE_ROOM] = {};
     for (int i = 0; i < l.lines * l.width; ++i) {
       const int line = i / l.width;
       const int column = i % l.width;
       const char c = characters[static_cast<size_t>(i * i % 101) % characters.size()];
       lines[line][column] = c;
-      eight_numbers &eight = values[line * words_of_line(l.width) + column / 8];
-      (column % 2 == 0 ? eight.even : eight.odd) |= static_cast<uint64_t>(check_value(c))
-                                                    << 16 * (column % 8 / 2);
+      counts[line * room_for_line(l.width) + column] = static_cast<char>(check_value(c));
     }
     for (int i = 0; i < l.check_count; ++i) {
       const char expected =
           expected_digit(l.checks[i], [&lines](stretch s) { return lines[s.line] + s.column; });
-      EXPECT_EQ(digit_of(ZONE_WEIGHTS.checks[id][i], values), expected) << id << " " << i;
+      EXPECT_EQ(digit_of(ZONE_WEIGHTS.checks[id][i], counts), expected) << id << " " << i;
     }
   }
 }
