@@ -41,15 +41,15 @@ char *put_escaped_string(char *at, const char *text) {
 }
 
 char *put_long_number(char *at, unsigned value) {
-  int length = 0;
-  for (unsigned left = value; left > 0; left /= 10) {
-    ++length;
+  char pairs[10];
+  size_t begin = sizeof pairs;
+  for (; value >= 100; value /= 100) {
+    begin -= 2;
+    put_two_digits(pairs + begin, value % 100);
   }
-  for (int i = length - 1; i >= 0; --i) {
-    at[i] = static_cast<char>('0' + value % 10);
-    value /= 10;
-  }
-  return at + length;
+  at = put_number(at, value);
+  memcpy(at, pairs + begin, sizeof pairs - begin);
+  return at + (sizeof pairs - begin);
 }
 
 } // namespace documents

@@ -72,10 +72,23 @@ char *put_string_or_null(char *at, const char *text);
 // Any string without control characters.
 char *put_escaped_string(char *at, const char *text);
 
+// The digits of the numbers below 100.
+struct digit_pairs {
+  char of[100][2] = {};
+
+  constexpr digit_pairs() {
+    for (int i = 0; i < 100; ++i) {
+      of[i][0] = static_cast<char>('0' + i / 10);
+      of[i][1] = static_cast<char>('0' + i % 10);
+    }
+  }
+};
+
+inline constexpr digit_pairs DIGIT_PAIRS;
+
 // The two digits of a number below 100.
 inline char *put_two_digits(char *at, unsigned value) {
-  at[0] = static_cast<char>('0' + value / 10);
-  at[1] = static_cast<char>('0' + value % 10);
+  memcpy(at, DIGIT_PAIRS.of[value], 2);
   return at + 2;
 }
 
