@@ -73,6 +73,57 @@ TEST(RepairOfNames, PrintedOnThePage) {
   }
 }
 
+// What fillers are read as: alone before misread ones it is one of them.
+TEST(RepairOfNames, LettersThatFillersAreReadAs) {
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    const bool is_filler = std::string("CDEGKLRSXY").find(letter) != std::string::npos;
+    const std::string names = "P<UTOERIKSSON<<ANNA";
+    const std::string as_read = names + "<" + letter + "<<ppp";
+    SCOPED_TRACE(as_read);
+    const varnel_inspection inspection = inspect(filled(as_read) + LOW, with_repair(1));
+    EXPECT_EQ(zone_of(inspection), filled(is_filler ? names : names + "<" + letter) + LOW);
+  }
+}
+
+// K and X before letters that they begin no name with, and K after letters that it ends none after, where the
+// line is too long by one. The K of BROOK is not among them.
+TEST(RepairOfNames, ImpossibleLetters) {
+  const auto zone_without = [](const std::string &as_read, const std::string &names) {
+    const varnel_inspection inspection = inspect(filled(as_read).substr(0, 44) + "<\n" + LOW, with_repair(1));
+    return zone_of(inspection) == filled(names) + LOW && inspection.verdict == VARNEL_VERDICT_REPAIRED;
+  };
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    SCOPED_TRACE(letter);
+    const auto is_one_of = [letter](const std::string &letters) {
+      return letters.find(letter) != std::string::npos;
+    };
+    const std::string brook = "P<UTOBROOK<<ANNA<";
+    EXPECT_EQ(zone_without(brook + "K" + letter + "ORA", brook + letter + "ORA"),
+              is_one_of("BCDFGJKMPQSTXZ"));
+    EXPECT_EQ(zone_without(brook + "X" + letter + "ORA", brook + letter + "ORA"), !is_one_of("AEIOUY"));
+    EXPECT_EQ(zone_without(brook + "RA" + letter + "K", brook + "RA" + letter), is_one_of("BDFGHJMPQTVXZ"));
+  }
+}
+
+// Digits in names are the letters that they look like.
+TEST(RepairOfNames, DigitsInNames) {
+  expect({1, filled("P<UTO0R1N2A<<GUBRA") + LOW, "repaired", filled("P<UTOORINZA<<GUBRA") + LOW,
+          "0:5 0>O class, 0:7 1>I class, 0:9 2>Z class", ""});
+  expect({1, filled("P<UTOORINZA5<<6U8RA") + LOW, "repaired", filled("P<UTOORINZAS<<GUBRA") + LOW,
+          "0:11 5>S class, 0:14 6>G class, 0:16 8>B class", ""});
+  // So many would make names of much that is none, and a zone of much that is none: then the number is
+  // doubted.
+  expect({1, filled("P<UTO0R1N2A5<<6UBRA") + LOW, "repaired", filled("P<UTOORINZAS<<GUBRA") + LOW,
+          "0:5 0>O class, 0:7 1>I class, 0:9 2>Z class, 0:11 5>S class, 0:14 6>G class", ""});
+  expect({1, filled("P<UTO0R1N2A5<<6U8RA") + LOW, "doubtful", filled("P<UTOORINZAS<<GUBRA") + LOW,
+          "0:5 0>O class, 0:7 1>I class, 0:9 2>Z class, 0:11 5>S class, 0:14 6>G class, 0:16 8>B class",
+          "unproven documentNumber"});
+  for (const char digit : {'3', '4', '7', '9'}) {
+    const std::string names = std::string("P<UTOERIKSSON<<ANN") + digit;
+    EXPECT_EQ(findings_of(inspect(filled(names) + LOW, with_repair(1))), "badCharacters secondaryIdentifier");
+  }
+}
+
 // In a line that is too short, too.
 TEST(RepairOfNames, EmptyPrimaryIdentifier) {
   expect({1, filled("P<UTO<<ANNA<<<<<<ss").substr(0, 43) + "\n" + LOW, "repaired",

@@ -78,6 +78,53 @@ TEST(RepairOfUnits, States) {
   expect({2, top + LOW, "repaired", "P<OMN" + TOP.substr(5) + LOW, "0:2 Q>O class", ""});
 }
 
+// Each digit stands for letters: the one that makes a listed code of the three.
+TEST(RepairOfUnits, DigitsInStates) {
+  const struct {
+    const char *as_read;
+    const char *state;
+    const char *changes;
+  } table[] = {
+      {"AG0", "AGO", "1:12 0>O class"}, {"AN0", "AND", "1:12 0>D class"}, {"GN0", "GNQ", "1:12 0>Q class"},
+      {"BD1", "BDI", "1:12 1>I class"}, {"A1B", "ALB", "1:11 1>L class"}, {"AN1", "ANT", "1:12 1>T class"},
+      {"D1I", "DJI", "1:11 1>J class"}, {"A2E", "AZE", "1:11 2>Z class"}, {"4BW", "ABW", "1:10 4>A class"},
+      {"D4I", "DJI", "1:11 4>J class"}, {"A5M", "ASM", "1:11 5>S class"}, {"D5I", "DJI", "1:11 5>J class"},
+      {"AF6", "AFG", "1:12 6>G class"}, {"A6W", "ABW", "1:11 6>B class"}, {"AN7", "ANT", "1:12 7>T class"},
+      {"C7M", "CYM", "1:11 7>Y class"}, {"A7E", "AZE", "1:11 7>Z class"}, {"A8W", "ABW", "1:11 8>B class"},
+      {"A8M", "ASM", "1:11 8>S class"},
+  };
+  for (const auto &row : table) {
+    expect({1, TOP + with_nationality(row.as_read), "repaired", TOP + with_nationality(row.state),
+            row.changes, ""});
+  }
+  for (const char *state : {"A3E", "A9E", "AG3"}) {
+    expect({1, TOP + with_nationality(state), "doubtful", "", "", "badCharacters nationality"});
+  }
+}
+
+TEST(RepairOfUnits, TwinsInStates) {
+  const struct {
+    const char *as_read;
+    const char *state;
+    const char *changes;
+  } table[] = {
+      {"AG0O", "AGO", "1:12 0> twin"}, {"AGO0", "AGO", "1:13 0> twin"}, {"A1IA", "AIA", "1:11 1> twin"},
+      {"AI1A", "AIA", "1:12 1> twin"}, {"A2ZE", "AZE", "1:11 2> twin"}, {"AZ2E", "AZE", "1:12 2> twin"},
+      {"A5SM", "ASM", "1:11 5> twin"}, {"AS5M", "ASM", "1:12 5> twin"}, {"A8BW", "ABW", "1:11 8> twin"},
+      {"AB8W", "ABW", "1:12 8> twin"}, {"AF6G", "AFG", "1:12 6> twin"}, {"AFG6", "AFG", "1:13 6> twin"},
+      {"D3JI", "DJI", "1:11 3> twin"}, {"DJ3I", "DJI", "1:12 3> twin"}, {"OCAF", "CAF", "1:10 O> twin"},
+      {"AGCO", "AGO", "1:12 C> twin"}, {"BDTI", "BDI", "1:12 T> twin"}, {"ANIT", "ANT", "1:12 I> twin"},
+      {"AN1T", "ANT", "1:12 1> twin"}, {"ANT1", "ANT", "1:13 1> twin"}, {"A1LA", "ALA", "1:11 1> twin"},
+      {"AL1A", "ALA", "1:12 1> twin"}, {"AN0D", "AND", "1:12 0> twin"}, {"AND0", "AND", "1:13 0> twin"},
+      {"GN0Q", "GNQ", "1:12 0> twin"}, {"GNQ0", "GNQ", "1:13 0> twin"}, {"ARRE", "ARE", "1:11 R> twin"},
+      {"ARRE", "ARE", "1:11 R> twin"},
+  };
+  for (const auto &row : table) {
+    expect({1, TOP + with_nationality(row.as_read), "repaired", TOP + with_nationality(row.state),
+            row.changes, ""});
+  }
+}
+
 // A nationality that ends a line has lost the data after it.
 TEST(RepairOfUnits, NoStateEndsALine) {
   const varnel_inspection inspection =

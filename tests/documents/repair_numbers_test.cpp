@@ -1,0 +1,147 @@
+// Numbers that an optical reader misread: the look-alikes that a check digit may decide for, those that stand
+// against them, digits read as letters, and characters read twice.
+#include "repairing.hpp"
+
+namespace {
+
+using namespace repairing;
+
+// The six look-alikes that a digit may decide for, each the only one that makes it hold.
+TEST(RepairOfNumbers, DecisiveLookAlikes) {
+  const struct {
+    std::string as_read;
+    std::string low;
+    const char *changes;
+  } table[] = {
+      {"HFM0N39397UTO7408122F1204159ZE184226B<<<<<18", "HFMON39397UTO7408122F1204159ZE184226B<<<<<18",
+       "1:3 0>O digit"},
+      {"HFMON39399UTO7408122F1204159ZE184226B<<<<<14", "HFM0N39399UTO7408122F1204159ZE184226B<<<<<14",
+       "1:3 O>0 digit"},
+      {"HFM1N39395UTO7408122F1204159ZE184226B<<<<<12", "HFMIN39395UTO7408122F1204159ZE184226B<<<<<12",
+       "1:3 1>I digit"},
+      {"HFMIN39396UTO7408122F1204159ZE184226B<<<<<10", "HFM1N39396UTO7408122F1204159ZE184226B<<<<<10",
+       "1:3 I>1 digit"},
+      {"HFMSN39394UTO7408122F1204159ZE184226B<<<<<14", "HFM5N39394UTO7408122F1204159ZE184226B<<<<<14",
+       "1:3 S>5 digit"},
+      {"HFMBN39395UTO7408122F1204159ZE184226B<<<<<12", "HFM8N39395UTO7408122F1204159ZE184226B<<<<<12",
+       "1:3 B>8 digit"},
+  };
+  for (const auto &row : table) {
+    expect({1, TOP + row.as_read + "\n", "doubtful", "", "",
+            "checkFailed documentNumber, checkFailed composite"});
+    expect({2, TOP + row.as_read + "\n", "repaired", TOP + row.low + "\n", row.changes, ""});
+  }
+}
+
+// For no other does it decide, though it alone makes the digit hold.
+TEST(RepairOfNumbers, OtherLookAlikes) {
+  for (const char *low : {
+           "HFMTN39395UTO7408122F1204159ZE184226B<<<<<12", // T for I
+           "HFMLN39395UTO7408122F1204159ZE184226B<<<<<12", // L for I
+           "HFMEN39393UTO7408122F1204159ZE184226B<<<<<16", // E for C
+           "HFMIN39392UTO7408122F1204159ZE184226B<<<<<18", // I for J
+           "HFMUN39392UTO7408122F1204159ZE184226B<<<<<18", // U for J
+           "HFMZN39393UTO7408122F1204159ZE184226B<<<<<16", // Z for 2
+           "HFM2N39394UTO7408122F1204159ZE184226B<<<<<14", // 2 for Z
+           "HFM5N39395UTO7408122F1204159ZE184226B<<<<<12", // 5 for S
+           "HFM8N39396UTO7408122F1204159ZE184226B<<<<<10", // 8 for B
+           "HFMQN39399UTO7408122F1204159ZE184226B<<<<<14", // Q for 0
+           "HFMDN39399UTO7408122F1204159ZE184226B<<<<<14", // D for 0
+           "HFM0N39390UTO7408122F1204159ZE184226B<<<<<12", // 0 for D
+           "HFM0N39391UTO7408122F1204159ZE184226B<<<<<10", // 0 for Q
+           "HFM4N39396UTO7408122F1204159ZE184226B<<<<<10", // 4 for 1
+           "HFMAN39397UTO7408122F1204159ZE184226B<<<<<18", // A for 4
+           "HFM7N39394UTO7408122F1204159ZE184226B<<<<<14", // 7 for Z
+           "HFMGN39397UTO7408122F1204159ZE184226B<<<<<18", // G for 4
+           "HFMTN39396UTO7408122F1204159ZE184226B<<<<<10", // T for 1
+           "HFMTN39398UTO7408122F1204159ZE184226B<<<<<16", // T for 7
+       }) {
+    expect({2, TOP + low + "\n", "doubtful", "", "", "checkFailed documentNumber, checkFailed composite"});
+  }
+}
+
+// Every look-alike is a rival: an O for 0 or S for 5 would make the digit hold, but so would another one.
+TEST(RepairOfNumbers, RivalLookAlikes) {
+  for (const char *low : {
+           "SFTRN39391UTO7408122F1204159ZE184226B<<<<<10", // T for I
+           "SFMLN39392UTO7408122F1204159ZE184226B<<<<<18", // L for I
+           "HOERN39395UTO7408122F1204159ZE184226B<<<<<12", // E for C
+           "HSIRN39394UTO7408122F1204159ZE184226B<<<<<14", // I for J
+           "SFURN39392UTO7408122F1204159ZE184226B<<<<<18", // U for J
+           "SFMZN39390UTO7408122F1204159ZE184226B<<<<<12", // Z for 2
+           "S2MRN39395UTO7408122F1204159ZE184226B<<<<<12", // 2 for Z
+           "S5MRN39394UTO7408122F1204159ZE184226B<<<<<14", // 5 for S
+           "S8MRN39393UTO7408122F1204159ZE184226B<<<<<16", // 8 for B
+           "OQMRN39392UTO7408122F1204159ZE184226B<<<<<18", // Q for 0
+           "SFMDN39396UTO7408122F1204159ZE184226B<<<<<10", // D for 0
+           "S0MRN39399UTO7408122F1204159ZE184226B<<<<<14", // 0 for D
+           "OFM0N39390UTO7408122F1204159ZE184226B<<<<<12", // 0 for Q
+           "SFM4N39393UTO7408122F1204159ZE184226B<<<<<16", // 4 for 1
+           "OAMRN39394UTO7408122F1204159ZE184226B<<<<<14", // A for 4
+           "HO7RN39398UTO7408122F1204159ZE184226B<<<<<16", // 7 for Z
+           "HOGRN39397UTO7408122F1204159ZE184226B<<<<<18", // G for 4
+           "OFTRN39396UTO7408122F1204159ZE184226B<<<<<10", // T for 1
+           "HOTRN39390UTO7408122F1204159ZE184226B<<<<<12", // T for 7
+       }) {
+    expect({2, TOP + low + "\n", "doubtful", "", "", "checkFailed documentNumber, checkFailed composite"});
+  }
+}
+
+// The check digit of a visa's number, read as a letter.
+TEST(RepairOfNumbers, LettersForDigits) {
+  const struct {
+    const char *letters;
+    const char *number; // with its digit
+  } table[] = {
+      {"OQDUCocdq", "L892272C30"}, {"ILTJlit", "L892422C31"}, {"Zz", "L892292C32"}, {"Ayh", "L892692C34"},
+      {"Ss", "L892222C35"},        {"Gb", "L892232C36"},      {"Bg", "L892322C38"},
+  };
+  const std::string top = "V" + TOP.substr(1);
+  const std::string rest = "UTO6908061F9406236ZE184226B<<<<<<<\n";
+  for (const auto &row : table) {
+    const std::string number = row.number;
+    for (const char letter : std::string(row.letters)) {
+      expect({1, top + number.substr(0, 9) + letter + rest, "repaired", top + number + rest,
+              std::string("1:9 ") + letter + ">" + number[9] + " class", ""});
+    }
+  }
+  for (const char letter : std::string("EFHKMNPRVWXYfgkmnprvwx")) {
+    const varnel_inspection inspection = support::inspect(top + "L892272C3" + letter + rest, with_repair(2));
+    EXPECT_EQ(findings_of(inspection), "checkFailed documentNumber") << letter;
+  }
+}
+
+// A line too long by one, with one character of the number read twice.
+TEST(RepairOfNumbers, Twins) {
+  const struct {
+    std::string as_read;
+    std::string low;
+    const char *changes;
+  } table[] = {
+      {"HF0O3339398UTO7408122F1204159ZE184226B<<<<<16", "HF03339398UTO7408122F1204159ZE184226B<<<<<16",
+       "1:3 O> twin"},
+      {"HFO03339398UTO7408122F1204159ZE184226B<<<<<16", "HF03339398UTO7408122F1204159ZE184226B<<<<<16",
+       "1:2 O> twin"},
+      {"HF1I3339399UTO7408122F1204159ZE184226B<<<<<14", "HF13339399UTO7408122F1204159ZE184226B<<<<<14",
+       "1:3 I> twin"},
+      {"HFI13339399UTO7408122F1204159ZE184226B<<<<<14", "HF13339399UTO7408122F1204159ZE184226B<<<<<14",
+       "1:2 I> twin"},
+      {"HF5S3339393UTO7408122F1204159ZE184226B<<<<<16", "HF53339393UTO7408122F1204159ZE184226B<<<<<16",
+       "1:3 S> twin"},
+      {"HFS53339393UTO7408122F1204159ZE184226B<<<<<16", "HF53339393UTO7408122F1204159ZE184226B<<<<<16",
+       "1:2 S> twin"},
+      {"HF8B3339396UTO7408122F1204159ZE184226B<<<<<10", "HF83339396UTO7408122F1204159ZE184226B<<<<<10",
+       "1:3 B> twin"},
+      {"HFB83339396UTO7408122F1204159ZE184226B<<<<<10", "HF83339396UTO7408122F1204159ZE184226B<<<<<10",
+       "1:2 B> twin"},
+      {"HF2Z3339390UTO7408122F1204159ZE184226B<<<<<12", "HF23339390UTO7408122F1204159ZE184226B<<<<<12",
+       "1:3 Z> twin"},
+      {"HFZ23339390UTO7408122F1204159ZE184226B<<<<<12", "HF23339390UTO7408122F1204159ZE184226B<<<<<12",
+       "1:2 Z> twin"},
+  };
+  for (const auto &row : table) {
+    expect({2, TOP + row.as_read + "\n", "repaired", TOP + row.low + "\n", row.changes, ""});
+  }
+}
+
+} // namespace
