@@ -406,6 +406,7 @@ inline void line_reader::read(text_line &line) {
   }
   line.kept = kept;
   line.is_plain = single_bytes && kept == line.end - line.begin;
+  line.fillers = presence::unknown;
 }
 
 bool line_reader::next(text_line &line) {
@@ -416,6 +417,41 @@ bool line_reader::next(text_line &line) {
     }
   }
   return false;
+}
+
+namespace {
+
+// The bytes that a filler, or what stands in for it, may begin with.
+struct filler_table {
+  bool may_begin[256] = {};
+
+  constexpr filler_table() {
+    constexpr int first_bytes[] = {FILLER, '&', 0xC2, 0xE2, 0xE3, 0xEF};
+    for (const int c : first_bytes) {
+      may_begin[c] = true;
+    }
+  }
+};
+
+constexpr filler_table FILLERS;
+
+// The first byte of a filler stands in no other character: all that follow a first byte are of another kind.
+bool find_filler(const char *text, const text_line &line) {
+  for (uint32_t at = line.begin; at < line.end; ++at) {
+    if (FILLERS.may_begin[byte(text[at])] && read_character(text + at, line.end - at).as == FILLER) {
+      return true;
+    }
+  }
+  return false;
+}
+
+} // namespace
+
+bool has_filler(const char *text, text_line &line) {
+  if (line.fillers == presence::unknown) {
+    line.fillers = find_filler(text, line) ? presence::some : presence::none;
+  }
+  return line.fillers == presence::some;
 }
 
 bool character_reader::next_of_many(kept_character &kept) {

@@ -70,18 +70,24 @@ struct passage {
   uint32_t end;
 };
 
+enum class presence : uint8_t { unknown, none, some };
+
 // A line of the text: its bytes, without its line end, and how many characters of it are kept.
 struct text_line {
   uint32_t begin;
   uint32_t end;
   uint32_t kept;
   bool is_plain; // every byte is a kept character
+  presence fillers;
 };
 
 // Passes over bytes up to one that begins something to be read as a character, or to the end, and adds how
 // many characters of them are kept. Words of ASCII have been passed over before: most lines hold nothing
 // else.
 const char *pass_others(const char *at, const char *end, uint32_t &kept);
+
+// Whether a filler is among the kept characters of a line, which remembers it.
+bool has_filler(const char *text, text_line &line);
 
 // Walks the lines of a passage of which something is kept.
 class line_reader {

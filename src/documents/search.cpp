@@ -89,6 +89,7 @@ public:
 
   // Oldest first. Before the first line of the text stand lines that keep nothing.
   const text_line *last(int count) const { return lines_ + (VARNEL_ZONE_LINES - count); }
+  text_line *last(int count) { return lines_ + (VARNEL_ZONE_LINES - count); }
 
   bool has_width(int count, int width) const {
     for (int i = VARNEL_ZONE_LINES - 1; i >= VARNEL_ZONE_LINES - count; --i) {
@@ -203,7 +204,7 @@ private:
   }
 
   // The least distance wins, then the last on the page, then the wider: the order in which windows come.
-  void consider_near_miss(const text_line *window, shape s) {
+  void consider_near_miss(text_line *window, shape s) {
     int sum = 0;
     for (int i = s.lines - 1; i >= 0; --i) {
       if (!is_near(window[i].kept, s.width)) {
@@ -222,14 +223,10 @@ private:
     }
   }
 
-  bool has_filler(const text_line *lines, int count) const {
+  bool has_filler(text_line *lines, int count) const {
     for (int i = 0; i < count; ++i) {
-      character_reader characters(passage_.text, lines[i]);
-      kept_character kept;
-      while (characters.next(kept)) {
-        if (kept.c == FILLER) {
-          return true;
-        }
+      if (documents::has_filler(passage_.text, lines[i])) {
+        return true;
       }
     }
     return false;

@@ -371,6 +371,24 @@ TEST(Search, RefusalsForALength) {
   EXPECT_EQ(nearest(line(44) + "noise\n" + line(43)), "null");
 }
 
+// Lines of letters that are nearly a zone where one of them has a filler, or what stands for one or two.
+TEST(Search, AFillerOfAnyKindTellsANearMiss) {
+  const auto code_of = [](const std::string &in_first_line) {
+    const std::string text = std::string(40, 'Q') + in_first_line + "\n" + std::string(42, 'Q') + "\n";
+    return inspected(text)["findings"][0]["code"].get<std::string>();
+  };
+  for (const char *filler :
+       {"<", "&lt;", "\uFF1C", "\u2039", "\u203A", "\u2264", "\u3008", "\u27E8", "\u2329", "\u00AB", "\u00BB",
+        "\u300A", "\u00E9\u0416\u3042<", "\xE3\x80<", "\xC2&lt;"}) {
+    EXPECT_EQ(code_of(filler), "length") << filler;
+  }
+  for (const char *other :
+       {"", ">", "&gt;", "&lt", "\uFF1D", "\u2038", "\u2265", "\u3007", "\u27E9", "\u00AA", "\u300B",
+        "\uFF2C", "\u0416\u041C", "\xE3\x80", "\xEF\xBC", "\x9C\xBC\xEF", "\xC2"}) {
+    EXPECT_EQ(code_of(other), "noZone") << other;
+  }
+}
+
 // ---- all zones --------------------------------------------------------------------------------------
 
 TEST(All, InTheOrderOfThePageUpToTheRoom) {
