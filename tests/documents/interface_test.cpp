@@ -99,6 +99,17 @@ TEST(Json, RoomIsAsSnprintfHasIt) {
   EXPECT_EQ(varnel_inspection_json(&inspection, nullptr, 1), ERR_INVALID_ARGS);
 }
 
+TEST(Json, NumbersOfEveryLength) {
+  varnel_inspection inspection = inspect(SPECIMEN);
+  inspection.source_count = 1;
+  for (const uint32_t number : {0u, 7u, 10u, 42u, 100u, 105u, 999u, 1000u, 1999u, 10000u, 65536u, 123456u,
+                                1000000u, 10203040u, 999999999u, 1000000000u, 4294967295u}) {
+    inspection.source[0].end = number;
+    const std::string written = R"("source":[{"start":0,"end":)" + std::to_string(number) + "}],";
+    EXPECT_NE(support::to_json(inspection).find(written), std::string::npos) << number;
+  }
+}
+
 TEST(Json, ChangesAndOtherVerdicts) {
   varnel_inspection inspection = inspect(SPECIMEN);
   inspection.verdict = VARNEL_VERDICT_REPAIRED;
