@@ -277,8 +277,35 @@ const char *end_of_words(const char *at, const char *end) {
   return end - at < most ? end - (end - at) % words::WIDE_SIZE : at + most;
 }
 
-// Passes over words of ASCII up to a stop. Returns whether it came to one.
-bool pass_ascii(const char *&at, const char *end, uint32_t &kept) {
+// What keeps the last bytes of a word, from the place of their number on.
+struct last_bytes {
+  char keep[2 * words::WIDE_SIZE] = {};
+
+  constexpr last_bytes() {
+    for (int i = words::WIDE_SIZE; i < 2 * words::WIDE_SIZE; ++i) {
+      keep[i] = '\xFF';
+    }
+  }
+};
+
+constexpr last_bytes LAST;
+
+// Passes over the last bytes of a text, fewer than a word, where they are of ASCII. What the word that they
+// end has before them, which was passed over already, counts as spaces.
+const char *pass_end(const char *&at, const char *end, uint32_t &kept) {
+  const words::wide keep = words::load<words::wide>(LAST.keep + (end - at));
+  const words::wide last = words::load<words::wide>(end - words::WIDE_SIZE) & keep;
+  const words::wide word = last | words::bits(~keep, ' ');
+  if (words::any(word)) {
+    return nullptr;
+  }
+  at = end;
+  return find_stop(end - words::WIDE_SIZE, end, mark_special(word), mark_kept(word), kept);
+}
+
+// Passes over ASCII up to a stop. Returns whether it came to one; else it came to a byte that is not of
+// ASCII, or as far as words reach.
+bool pass_ascii(const char *begin, const char *&at, const char *end, uint32_t &kept) {
   words::wide counts = {};
   const char *stop = nullptr;
   for (const char *const last = end_of_words(at, end); at < last; at += words::WIDE_SIZE) {
@@ -296,6 +323,9 @@ bool pass_ascii(const char *&at, const char *end, uint32_t &kept) {
     if (stop != nullptr) {
       break;
     }
+  }
+  if (stop == nullptr && end - at < words::WIDE_SIZE && end - begin >= words::WIDE_SIZE) {
+    stop = pass_end(at, end, kept);
   }
   kept += words::sum(counts);
   at = stop != nullptr ? stop : at;
@@ -378,8 +408,8 @@ const char *pass_others(const char *at, const char *end, uint32_t &kept) {
 namespace {
 
 // Passes over bytes up to one that begins something to be read as a character, or to the end.
-inline const char *pass(const char *at, const char *end, uint32_t &kept) {
-  return pass_ascii(at, end, kept) ? at : pass_others(at, end, kept);
+inline const char *pass(const char *begin, const char *at, const char *end, uint32_t &kept) {
+  return pass_ascii(begin, at, end, kept) || at == end ? at : pass_others(at, end, kept);
 }
 
 } // namespace
@@ -392,7 +422,7 @@ inline void line_reader::read(text_line &line) {
   bool single_bytes = true;
   line.begin = at_;
   line.end = at_ = passage_.end;
-  while ((at = pass(at, end, kept)) < end) {
+  while ((at = pass(passage_.text, at, end, kept)) < end) {
     const character c = is_line_end_of_ascii(*at) ? character{kind::line_end, '\0', 1}
                                                   : read_character(at, static_cast<uint32_t>(end - at));
     if (c.kind == kind::line_end) {

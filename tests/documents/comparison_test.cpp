@@ -403,6 +403,18 @@ TEST(Comparison, ZonesAmongOtherScripts) {
   }
 }
 
+// Its last bytes are fewer than a word, or none.
+TEST(Comparison, TextsOfAnyLength) {
+  for (unsigned seed = 0; seed < support::cases(2000u); ++seed) {
+    dice d(seed);
+    const std::string zone = disguised(d, random_zone(d));
+    const size_t begin = d.one_in(2) ? 0 : d.below(static_cast<unsigned>(zone.size()));
+    expect_the_same(zone.substr(begin, 1 + d.below(static_cast<unsigned>(zone.size()))));
+    expect_the_same(zone.substr(0, zone.size() - 1));
+    expect_the_same(zone + std::string(d.below(40), ' '));
+  }
+}
+
 TEST(Comparison, ZonesInOneRun) {
   for (unsigned seed = 0; seed < support::cases(4000u); ++seed) {
     dice d(seed);
