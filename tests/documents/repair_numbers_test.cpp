@@ -33,6 +33,40 @@ TEST(RepairOfNumbers, DecisiveLookAlikes) {
   }
 }
 
+// It stays as it was read where the composite fails after the change.
+TEST(RepairOfNumbers, CompositesThatFail) {
+  expect({2, TOP + "HFMON39399UTO7408122F1204159ZE184226B<<<<<15\n", "doubtful", "", "",
+          "checkFailed documentNumber, checkFailed composite"});
+  expect({2,
+          "I<UTOD2314589O7<<<<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<7\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
+          "doubtful", "", "", "checkFailed documentNumber, checkFailed composite"});
+}
+
+// A change that makes the number's digit hold, but not the composite, is no match for a twin that leaves
+// both.
+TEST(RepairOfNumbers, TwinsOnCards) {
+  const std::string rest = "7408122F1204159UTO<<<<<<<<<<<4\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n";
+  expect({2, "I<UTOHF0O3339398<<<<<<<<<<<<<<<\n" + rest, "repaired",
+          "I<UTOHF03339398<<<<<<<<<<<<<<<\n" + rest, "0:8 O> twin", ""});
+  expect({1, "I<UTOHF0O3339398<<<<<<<<<<<<<<<\n" + rest, "doubtful",
+          "I<UTOHF0O3339398<<<<<<<<<<<<<<\n" + rest, "0:30 <> filler",
+          "checkFailed documentNumber, checkFailed composite"});
+}
+
+// Numbers that would hold as well with look-alikes, on cards: of nine characters, and long ones by either
+// rule.
+TEST(RepairOfNumbers, DoubtsOnCards) {
+  for (const char *zone :
+       {"I<UTO00ABO1O2<4<<<<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<2\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
+        "I<UTO00ABO1O2X<353<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<2\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
+        "I<UTO00ABO1O2X<351<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<8\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n"}) {
+    ASSERT_EQ(findings_of(support::inspect(zone)), "");
+    for (const int level : LEVELS) {
+      expect({level, zone, "doubtful", "", "", "unproven documentNumber"});
+    }
+  }
+}
+
 // For no other does it decide, though it alone makes the digit hold.
 TEST(RepairOfNumbers, OtherLookAlikes) {
   for (const char *low : {

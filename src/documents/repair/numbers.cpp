@@ -198,6 +198,8 @@ void judge_number(number_unit &number, const surroundings &around) {
     text[column] = taken.printed;
     number.holds = true;
     number.changed = true;
+    number.column = static_cast<uint8_t>(column);
+    number.read = taken.read;
     number.cost += cost::LOOKALIKE;
   }
 }

@@ -52,11 +52,16 @@ stretch data_after_dates(const layout &form) {
   return personal_number != nullptr ? personal_number->place : data->place;
 }
 
+// A layout without a composite has none that fails.
+bool composite_holds(const reading &r) {
+  const check_place *composite = LAYOUTS[r.layout].find_check(VARNEL_COMPOSITE);
+  return composite == nullptr || check_holds(r, *composite);
+}
+
 // Whether the composite holds, and a personal number's digit.
 bool data_digits_hold(const reading &r) {
   const layout &form = LAYOUTS[r.layout];
-  const check_place *composite = form.find_check(VARNEL_COMPOSITE);
-  if (composite != nullptr && !check_holds(r, *composite)) {
+  if (!composite_holds(r)) {
     return false;
   }
   const check_place *personal = form.find_check(VARNEL_PERSONAL_NUMBER);
@@ -477,11 +482,19 @@ private:
   }
 
   // What a number's digit says, now that what follows it is known.
-  void conclude(const number_unit &number, reading &r) const {
+  void conclude(number_unit number, reading &r) const {
+    const stretch place = form_.find(VARNEL_DOCUMENT_NUMBER)->place;
+    if (number.changed && !composite_holds(r)) {
+      r.lines[place.line].text[place.column + number.column] = number.read;
+      number.holds = number.changed = false;
+    }
     const long_number whole = find_long_number(r);
     const bool unproven = whole.length > 0 ? is_unproven(whole.text, whole.length, around_)
                                            : number.unproven || (number.changed && has_rare_lookalike(r));
     r.failures = static_cast<uint8_t>(r.failures + (whole.length == 0 && !number.holds));
+    const int failing = composite_holds(r) ? 0 : cost::COMPOSITE_FAILS;
+    r.cost += failing;
+    r.excused += failing;
     r.doubts |= unproven ? 1u << VARNEL_DOCUMENT_NUMBER : 0;
   }
 

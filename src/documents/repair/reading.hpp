@@ -13,7 +13,7 @@ struct reading {
   uint8_t layout;   // VARNEL_LAYOUT_NONE: there is none
   uint8_t failures; // dates, numbers, personal numbers and composites that do not hold
   int cost;
-  int excused;     // of it: for fillers lost or doubled at the ends of lines, and dates that fail
+  int excused; // of it: for fillers lost or doubled at the ends of lines, and dates and composites that fail
   uint32_t doubts; // 1 << field: the value may have been misread
   characters lines[VARNEL_ZONE_LINES];
 };

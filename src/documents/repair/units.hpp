@@ -52,8 +52,9 @@ constexpr int HEAD_DROPPED = 40;
 constexpr int LOOKALIKE = 50;
 constexpr int FILLER = 80; // one more or less within a unit
 constexpr int INNER_FILLER = 120;
-constexpr int WRONG = 150;  // a character that cannot stand there
-constexpr int TWIN = 200;   // a character dropped
+constexpr int WRONG = 150; // a character that cannot stand there
+constexpr int TWIN = 200;  // a character dropped
+constexpr int COMPOSITE_FAILS = 300;
 constexpr int FAILS = 1000; // a date: only where there is no other reading
 } // namespace cost
 
@@ -93,7 +94,9 @@ char read_sex(char c, int &cost);
 struct number_unit {
   bool holds;
   bool unproven;
-  bool changed; // for its digit
+  bool changed;   // for its digit
+  uint8_t column; // of what was changed, and what was read there
+  char read;
   int cost;
   characters text;
 };
