@@ -103,6 +103,22 @@ TEST(RepairOfLines, Noise) {
   }
 }
 
+// A short word before a line does not belong to it, and leaves the names in doubt.
+TEST(RepairOfLines, ShortWordsBeforeALine) {
+  const std::string card[] = {"I<UTOD231458907<<<<<<<<<<<<<<<\n", "7408122F1204159UTO<<<<<<<<<<<6\n",
+                              "ERIKSSON<<ANNA<MARIA<<<<<<<<<<\n"};
+  for (const std::string word : {"2 ", "AB "}) {
+    expect({1, word + TOP + LOW, "doubtful", TOP + LOW, "", "unproven secondaryIdentifier"});
+    expect({1, word + card[0] + card[1] + card[2], "doubtful", card[0] + card[1] + card[2], "",
+            "unproven secondaryIdentifier"});
+    expect({1, card[0] + word + card[1] + card[2], "doubtful", card[0] + card[1] + card[2], "",
+            "unproven secondaryIdentifier"});
+  }
+  expect({1, TOP + "ABC " + LOW, "doubtful", TOP + LOW, "", "unproven secondaryIdentifier"});
+  EXPECT_EQ(zone_of(inspect("ABC " + TOP + LOW, with_repair(1))), "");
+  EXPECT_EQ(zone_of(inspect(TOP + "ABCD " + LOW, with_repair(1))), "");
+}
+
 // A text of another script has more than 60 characters beyond ASCII: with so many a line is none of a zone,
 // and what the text has is taken as it stands.
 TEST(RepairOfLines, CharactersBeyondAscii) {

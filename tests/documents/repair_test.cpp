@@ -42,6 +42,9 @@ TEST(Repair, ClassOfCharacters) {
        TD2_TOP + "D231458907UTO7408122F12041594<<<<<<4\n", "1:35 g>4 class", ""},
       {1, TD2_TOP + "D231458907UTO7408122F12041595<<<<<<g\n", "doubtful",
        TD2_TOP + "D231458907UTO7408122F12041595<<<<<<G\n", "", "checkFailed composite"},
+      // Two characters that could be one read twice are two in a date of seven.
+      {1, TOP + "L898902C36UTO8O01014F1204159ZE184226B<<<<<16\n", "repaired",
+       TOP + "L898902C36UTO8001014F1204159ZE184226B<<<<<16\n", "1:14 O>0 class", ""},
       // A date is never given another digit.
       {2, TOP + "L898902C36UTO7408122F1204189ZE184226B<<<<<10\n", "doubtful", "", "",
        "checkFailed expiryDate, checkFailed composite"},

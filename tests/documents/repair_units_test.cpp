@@ -72,6 +72,8 @@ TEST(RepairOfUnits, States) {
     expect({1, TOP + with_nationality(row.state), row.verdict, TOP + with_nationality(row.read), row.changes,
             row.findings});
   }
+  expect({1, "P<ISL" + TOP.substr(5) + with_nationality("TSL"), "repaired",
+          "P<ISL" + TOP.substr(5) + with_nationality("ISL"), "1:10 T>I class", ""});
   // The issuing state has one of O, D and Q for another at the level of digits.
   const std::string top = "P<QMN" + TOP.substr(5);
   expect({1, top + LOW, "doubtful", "", "", "unknown issuingState"});
@@ -186,6 +188,20 @@ TEST(RepairOfUnits, NumbersWithFillers) {
       expect({level, TOP + low, "doubtful", "", "", "empty documentNumber"});
     }
   }
+}
+
+// Fillers lost from the number and the state after it; and the most characters that may stand before the dates.
+TEST(RepairOfUnits, BeginningsOfLinesTooShortOrLong) {
+  const std::string low = "L898902<<7D<<6908061F9406236ZE184226B<<<<<<<\n";
+  expect({1, VISA_TOP + "L8989027D<<6908061F9406236ZE184226B<<<<<<<\n", "repaired", VISA_TOP + low,
+          "1:7 >< filler, 1:8 >< filler", ""});
+  expect({1, VISA_TOP + "L8989027D<6908061F9406236ZE184226B<<<<<<<\n", "repaired", VISA_TOP + low,
+          "1:7 >< filler, 1:8 >< filler, 1:12 >< filler", ""});
+  expect({1, VISA_TOP + "ABC L898902C<K3D<<<6908061F9406236ZE184226B<<<<<<<\n", "doubtful",
+          VISA_TOP + "L898902C<3D<<6908061F9406236ZE184226B<<<<<<<\n", "1:9 K> filler, 1:13 <> filler",
+          "unproven secondaryIdentifier, unproven documentNumber"});
+  expect({1, VISA_TOP + "A<<<<<<<<0UTO69O8061F9406236ZE184226B<<<<<<<\n", "repaired",
+          VISA_TOP + "A<<<<<<<<0UTO6908061F9406236ZE184226B<<<<<<<\n", "1:15 O>0 class", ""});
 }
 
 // A number may go on in the optional data up to its end (Doc 9303-6).
