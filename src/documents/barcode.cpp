@@ -240,13 +240,10 @@ bool has_type_letters(const barcode_card &card, const header &head, int at, cons
 constexpr int step(int n) { return n % 2 == 0 ? -(n / 2) : (n + 1) / 2; }
 
 int find_near_offset(const barcode_card &card, const header &head, const char *type, int declared) {
-  if (declared == NOWHERE) {
-    return NOWHERE;
-  }
-  // In a jurisdiction's subfile without type letters, those of the first identifier look like them.
-  const bool stands = has_type_letters(card, head, declared, type) && is_at_line_start(card, head, declared);
-  if (stands &&
-      (elements_follow(card, declared + 2, type) || !known_element_at(card, declared, card.size, type))) {
+  // Letters after which no element is known; yet in a jurisdiction's subfile without type letters, those of
+  // the first identifier look like them.
+  if (has_type_letters(card, head, declared, type) && is_at_line_start(card, head, declared) &&
+      !known_element_at(card, declared, card.size, type)) {
     return declared;
   }
   for (int n = 0; n <= 2 * OFFSET_REACH; ++n) {
@@ -270,7 +267,7 @@ bool is_taken(const subfile *earlier, int count, int start) {
 // The first such letters in the body that begin a line, an earlier designator's apart.
 int find_in_body(const barcode_card &card, const header &head, const subfile *earlier, int count,
                  const char *type) {
-  for (int at = head.body; at + 2 <= card.size; ++at) {
+  for (int at = head.body; at < card.size; ++at) {
     if (is_at_line_start(card, head, at) && has_text(card, at, type, 2) &&
         elements_follow(card, at + 2, type) && !is_taken(earlier, count, at)) {
       return at;
@@ -534,7 +531,7 @@ void find_undivided_subfile(barcode_card &card, const header &head, subfile *sub
   subfile &found = subfiles[number];
   found = subfile{NOWHERE, NOWHERE, NOWHERE, NOWHERE};
   int times = 0;
-  for (int at = head.body + 2; at + 5 <= card.size; ++at) {
+  for (int at = head.body + 2; at < card.size; ++at) {
     if (has_text(card, at, type, 2) && begins_with_type(identifier_at(card, at + 2, card.size).key, type)) {
       found.start = at;
       found.elements = at + 2;

@@ -189,7 +189,7 @@ int version_slot(const barcode_card &card, int key) {
 }
 
 bool find_places(division &d) {
-  for (int at = d.start; at + 3 <= d.end; ++at) {
+  for (int at = d.start; at < d.end; ++at) {
     const identifier found = identifier_at(*d.card, at, d.end);
     if (found.key == 0 || found.small) {
       continue;

@@ -194,9 +194,7 @@ private:
     while (!reader.at_end()) {
       const text_position at = reader.position();
       const char32_t c = reader.next();
-      const bool is_character =
-          c < 0x80 && (ascii::is_upper(static_cast<int>(c)) || ascii::is_digit(static_cast<int>(c)));
-      if (is_character) {
+      if (ascii::is_upper(static_cast<int>(c)) || ascii::is_digit(static_cast<int>(c))) {
         out.put(static_cast<char>(c));
         if (out.length() > (out.components() > 1 ? room : unseparated_room)) {
           return refuse(field, VARNEL_COMPOSE_TOO_LONG, at);

@@ -335,6 +335,18 @@ TEST(Looks, NumbersThatNoneShows) {
   }
 }
 
+// What the inspection of each look changed for a digit is taken back where numbers are not to be changed.
+TEST(Looks, MayBeAskedAtAnotherLevel) {
+  varnel_looks looks = {};
+  const std::string text = with_number("L8989O2C36");
+  ASSERT_EQ(varnel_looks_add(&looks, text.data(), text.size(), &DIGITS), ERR_OK);
+  ASSERT_EQ(zone_of(looks.last), TOP + LOW);
+  varnel_inspection inspection;
+  ASSERT_EQ(varnel_looks_inspect(&looks, &COLUMNS, &inspection), ERR_OK);
+  EXPECT_EQ(zone_of(inspection), text);
+  EXPECT_EQ(findings_of(inspection), "checkFailed documentNumber, checkFailed composite");
+}
+
 // A number that goes on in the optional data is one look's, data and all.
 TEST(Looks, LongNumbers) {
   std::string other = LONG_NUMBER; // its digit does not hold
