@@ -322,15 +322,16 @@ void find_subfile(barcode_card &card, const header &head, subfile *subfiles, int
   }
 }
 
-// The start of the next subfile in the text, or the text's end.
-int limit_of(const barcode_card &card, const subfile *subfiles, int count, int start) {
+// Where a subfile's elements end at the latest: where the next in the text starts, or at the text's end. One
+// that starts within its type letters leaves it none.
+int limit_of(const barcode_card &card, const subfile *subfiles, int count, const subfile &sub) {
   int limit = card.size;
   for (int i = 0; i < count; ++i) {
-    if (subfiles[i].start > start && subfiles[i].start < limit) {
+    if (subfiles[i].start > sub.start && subfiles[i].start < limit) {
       limit = subfiles[i].start;
     }
   }
-  return limit;
+  return limit > sub.elements ? limit : sub.elements;
 }
 
 // ---- lines ----------------------------------------------------------------------------------------------
@@ -500,7 +501,7 @@ bool read_subfile(barcode_card &card, const header &head, const subfile *subfile
   const subfile &sub = subfiles[number];
   const char *type = card.info->subfiles[number];
   const int designator = head.designators + number * DESIGNATOR_LENGTH;
-  const int limit = limit_of(card, subfiles, head.count, sub.start);
+  const int limit = limit_of(card, subfiles, head.count, sub);
   if (has_printed_return(card, sub, limit)) {
     add_finding(card.info, VARNEL_BARCODE_PRINTED_RETURN, limit - 1, type);
     read_lines(card, sub, limit - 1, false, type);

@@ -788,6 +788,14 @@ TEST(Barcode, FindsSubfilesInAnotherOrderThanListed) {
   EXPECT_EQ(reading.findings(), "unknownElement@43:ZVA");
 }
 
+// The letters of one may begin within those of another, which then has no elements.
+TEST(Barcode, ReadsSubfilesWhoseLettersOverlap) {
+  const Reading reading("@\n\x1E\rANSI 636000100002ID00410028DL00420027IDLDAQT1\nDCSOAK\nDBB02281990\r");
+  EXPECT_EQ(reading.status, ERR_OK);
+  EXPECT_EQ(reading.values(), "|OAK||T1|19900228|||USA|VA||ID|");
+  EXPECT_EQ(reading.findings(), "jurisdictionByIssuer@9:DAJ length@27:ID terminatorMissing@43:ID");
+}
+
 TEST(Barcode, ReadsEightSubfiles) {
   Card many = virginian();
   for (const char *type : {"ZA", "ZB", "ZC", "ZD", "ZE", "ZF"}) {
@@ -1464,6 +1472,18 @@ TEST(Barcode, ReadsBackWhatWasComposed) {
 }
 
 // Whatever the bytes: an answer, or a refusal with a reason; never for want of room.
+static void expect_answer(const std::string &text) {
+  const Reading reading(text);
+  ASSERT_TRUE(reading.status == ERR_OK || reading.status == ERR_INVALID_FORMAT) << reading.status;
+  if (reading.status == ERR_INVALID_FORMAT) {
+    ASSERT_GT(reading.info.finding_count, 0);
+    ASSERT_GE(reading.info.findings[reading.info.finding_count - 1].code, VARNEL_BARCODE_REFUSED);
+  }
+  ASSERT_TRUE(nlohmann::json::accept(reading.json())) << reading.json();
+  for (int i = 0; i < reading.info.finding_count; ++i)
+    ASSERT_LE(reading.info.findings[i].offset, text.size());
+}
+
 TEST(Barcode, AnswersForAnyBytes) {
   std::mt19937 random(2020);
   const std::string seeds[] = {
@@ -1490,14 +1510,31 @@ TEST(Barcode, AnswersForAnyBytes) {
         text = text.substr(at) + text.substr(0, at / 2);
       }
     }
-    const Reading reading(text);
-    ASSERT_TRUE(reading.status == ERR_OK || reading.status == ERR_INVALID_FORMAT) << reading.status;
-    if (reading.status == ERR_INVALID_FORMAT) {
-      ASSERT_GT(reading.info.finding_count, 0);
-      ASSERT_GE(reading.info.findings[reading.info.finding_count - 1].code, VARNEL_BARCODE_REFUSED);
+    expect_answer(text);
+  }
+}
+
+// Subfiles of any types with any elements, at offsets that may point anywhere.
+TEST(Barcode, AnswersForAnySubfiles) {
+  std::mt19937 random(2013);
+  const std::string types[] = {"DL", "ID", "EN", "ZV", "ZI", "ZD"};
+  const std::string ids[] = {"DAQ", "DCS", "DBB", "DAA", "DCA", "DAG", "ZVA", "ZVB", "XYZ", "daq", "LDA"};
+  const std::string values[] = {"", "T1", "OAK", "01011990", "NONE", "A,B", "ZV", "ZVZVA", "IDL", "M"};
+  for (int round = 0; round < support::cases(10000); ++round) {
+    Card any = {below(random, 11), "636000", {}};
+    for (int subfile = below(random, 4); subfile >= 0; --subfile) {
+      any.subfiles.push_back({types[below(random, 6)], {}});
+      for (int element = below(random, 4); element > 0; --element)
+        any.subfiles.back().elements.push_back({ids[below(random, 11)], values[below(random, 10)]});
     }
-    ASSERT_TRUE(nlohmann::json::accept(reading.json())) << reading.json();
-    for (int i = 0; i < reading.info.finding_count; ++i)
-      ASSERT_LE(reading.info.findings[i].offset, text.size());
+    std::string text = any.text();
+    for (int edits = below(random, 4); edits > 0; --edits) {
+      const std::size_t at = 21 + random() % (text.size() - 21);
+      if (below(random, 2) == 0)
+        text[at] = "0123456789\r\n"[below(random, 12)];
+      else
+        text.erase(at, 2);
+    }
+    expect_answer(round % 4 == 0 ? without(text, "\n\r") : text);
   }
 }
