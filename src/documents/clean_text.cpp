@@ -386,7 +386,7 @@ bool pass_bytes(const char *&at, const char *stretch_end, const char *end, uint3
 } // namespace
 
 const char *pass_others(const char *at, const char *end, uint32_t &kept) {
-  int stretch = words::WIDE_SIZE; // to be passed over byte by byte after a stop; the further, the more stops
+  int stretch = words::SIZE; // to be passed over byte by byte after a stop; the further, the more stops
   while (at < end) {
     const bool stopped = pass_words(at, end, kept);
     if (stopped && byte(*at) < 128) {
