@@ -353,7 +353,7 @@ TEST(Repair, LinesTooLong) {
     return TOP.substr(0, 30) + std::string(symbols, '$') + "\n" + misread;
   };
   EXPECT_EQ(zone_of(inspect(with_symbols(28), with_repair(1))), TOP + LOW);
-  for (const size_t symbols : {29, 30, 31}) { // with them 59, 60 and 61
+  for (const size_t symbols : {29u, 30u, 31u}) { // with them 59, 60 and 61
     EXPECT_EQ(zone_of(inspect(with_symbols(symbols), with_repair(1))), "");
   }
 }
