@@ -383,6 +383,12 @@ bool pass_bytes(const char *&at, const char *stretch_end, const char *end, uint3
   return false;
 }
 
+// Whether words that are passed over from this byte on would come to another stop soon: plain words at
+// anything that is not ASCII, wide ones at every other letter of Cyrillic.
+constexpr bool stops_soon(char c) {
+  return words::WIDE_SIZE == words::SIZE || byte(c) == 0xD0 || byte(c) == 0xD1;
+}
+
 } // namespace
 
 const char *pass_others(const char *at, const char *end, uint32_t &kept) {
@@ -395,8 +401,7 @@ const char *pass_others(const char *at, const char *end, uint32_t &kept) {
     if (!stopped && end - at > words::WIDE_SIZE) {
       continue;
     }
-    const bool is_cyrillic = byte(*at) == 0xD0 || byte(*at) == 0xD1; // of which every other letter would stop
-    const char *const stretch_end = is_cyrillic || end - at < stretch ? end : at + stretch;
+    const char *const stretch_end = stops_soon(*at) || end - at < stretch ? end : at + stretch;
     if (pass_bytes(at, stretch_end, end, kept)) {
       break;
     }
