@@ -46,6 +46,26 @@ TEST(RepairOfUnits, DocumentCodes) {
   }
 }
 
+// Of one character less, or one more: a filler lost or read twice, or a letter that is one beside the second.
+TEST(RepairOfUnits, LengthsOfDocumentCodes) {
+  const struct {
+    const char *as_read;
+    const char *code;
+    const char *changes;
+  } table[] = {
+      {"P", "P<", "0:1 >< filler"}, {"P<<", "P<", "0:1 <> filler"}, {"PT<", "P<", "0:1 T> filler"},
+      {"PTM", "PM", "0:1 T> twin"}, {"PMK", "PM", "0:2 K> twin"},   {"I", "I<", "0:1 >< filler"},
+      {"IRS", "IR", "0:2 S> twin"},
+  };
+  for (const auto &row : table) {
+    const std::string rest = row.code[0] == 'P' ? TOP + LOW : TD2_TOP + TD2_LOW;
+    expect({1, row.as_read + rest.substr(2), "repaired", row.code + rest.substr(2), row.changes, ""});
+  }
+  for (const char *code : {"PM<", "PMT", "PMM"}) {
+    EXPECT_EQ(zone_of(inspect(code + TOP.substr(2) + LOW, with_repair(1))), "");
+  }
+}
+
 TEST(RepairOfUnits, States) {
   const struct {
     const char *state;
@@ -66,6 +86,8 @@ TEST(RepairOfUnits, States) {
       {"UJO", "doubtful", "UJO", "", "unknown nationality"},
       {"JTO", "repaired", "UTO", "1:10 J>U class", ""},
       {"UIO", "repaired", "UTO", "1:11 I>T class", ""},
+      {"ETO", "doubtful", "ETO", "", "unknown nationality"},
+      {"CTO", "doubtful", "CTO", "", "unknown nationality"},
       {"JIO", "doubtful", "JIO", "", "unknown nationality"},
   };
   for (const auto &row : table) {
@@ -190,7 +212,8 @@ TEST(RepairOfUnits, NumbersWithFillers) {
   }
 }
 
-// Fillers lost from the number and the state after it; and the most characters that may stand before the dates.
+// Fillers lost from the number and the state after it; and the most characters that may stand before the
+// dates.
 TEST(RepairOfUnits, BeginningsOfLinesTooShortOrLong) {
   const std::string low = "L898902<<7D<<6908061F9406236ZE184226B<<<<<<<\n";
   expect({1, VISA_TOP + "L8989027D<<6908061F9406236ZE184226B<<<<<<<\n", "repaired", VISA_TOP + low,
@@ -233,6 +256,8 @@ TEST(RepairOfUnits, NumbersPrintedOnThePage) {
       {"in small letters", zone + "\nno 00abo1o2.", ""},
       {"with a letter before it", zone + "\nN00ABO1O2", "unproven documentNumber"},
       {"with a digit after it", zone + "\n00ABO1O25", "unproven documentNumber"},
+      {"with another first character", zone + "\nO0ABO1O2", "unproven documentNumber"},
+      {"with another last character", zone + "\n00ABO1OZ", "unproven documentNumber"},
       {"in part", zone + "\n00ABO1O", "unproven documentNumber"},
       {"4 KiB before", "00ABO1O2\n" + prose(4087) + zone, ""},
       {"farther before", "00ABO1O2\n" + prose(4088) + zone, "unproven documentNumber"},

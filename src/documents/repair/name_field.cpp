@@ -88,7 +88,7 @@ public:
     const auto doubt = [&](bool condition, uint32_t part) { doubted |= condition ? part : 0; };
     const word *last_of_primary = nullptr;
     const word *first_of_secondary = nullptr;
-    doubt(noisy || has_strange_tail_ || surplus_ > 0, SECONDARY);
+    doubt(noisy || has_strange_tail_ || has_surplus_, SECONDARY);
     for (int i = 0; i < word_count_; ++i) {
       const word &w = words_[i];
       doubt(is_doubtful(w) || (noisy && has_twin(w)), w.part());
@@ -212,7 +212,7 @@ private:
   void look_at_tail() {
     const bool is_pure = is_pure_tail();
     is_dirty_ = !is_pure || size_ != width_ || has_gap_in_word();
-    surplus_ = tail_ > width_ ? tail_ - width_ : is_pure && size_ > width_ ? size_ - width_ : 0;
+    has_surplus_ = tail_ > width_ || (is_pure && size_ > width_);
     for (int i = tail_; i < size_; ++i) {
       const char c = read_[i];
       is_dirty_ = is_dirty_ || (i > tail_ && line_.has_gap(from_[i]));
@@ -408,8 +408,8 @@ private:
   uint8_t from_[LONGEST_LINE]; // places in the line
   word words_[MOST_WORDS] = {};
   int word_count_ = 0;
-  int tail_ = 0;          // where the fillers after the last word begin
-  int surplus_ = 0;       // characters too many that nothing explains
+  int tail_ = 0;             // where the fillers after the last word begin
+  bool has_surplus_ = false; // of characters that nothing explains
   bool is_dirty_ = false; // the tail is not fillers alone, the length is wrong, or white space stands within
   bool has_strange_tail_ = false;   // something stands in it that no filler is read as
   bool reads_fillers_as_s_ = false; // in capitals

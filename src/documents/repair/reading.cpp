@@ -284,7 +284,8 @@ private:
   // neither. The other is a letter that was read twice, or a filler that was.
   static int find_second_letter(const char *code) {
     const int second = is_filler_noise(code[2]) ? 1 : 2;
-    const bool other_is_noise = second == 1 || is_filler_noise(code[1]) || code[1] == 'T';
+    const bool both_are_fillers = code[1] == FILLER && code[2] == FILLER;
+    const bool other_is_noise = second == 1 || both_are_fillers || is_filler_noise(code[1]) || code[1] == 'T';
     return other_is_noise && (code[second] == FILLER || ascii::is_upper(code[second])) ? second : 0;
   }
 
