@@ -103,6 +103,14 @@ TEST(RepairOfLines, Noise) {
   }
 }
 
+// Lines without fillers and digits may stand between those of a zone, as headings do.
+TEST(RepairOfLines, HeadingsBetween) {
+  for (const char *heading :
+       {"REPUBLIC OF UTOPIA AND MORE\n", "R\xC3\x89PUBLIQUE UTOPIENNE \xC2\xA9\xC3\x89\n"}) {
+    expect({1, MISREAD_TOP + heading + FULL_LOW, "repaired", READ_TOP + FULL_LOW, "0:4 0>O class", ""});
+  }
+}
+
 // A short word before a line does not belong to it, and leaves the names in doubt.
 TEST(RepairOfLines, ShortWordsBeforeALine) {
   const std::string card[] = {"I<UTOD231458907<<<<<<<<<<<<<<<\n", "7408122F1204159UTO<<<<<<<<<<<6\n",

@@ -43,6 +43,9 @@ TEST(RepairOfNames, EndsOfNamesBeforeMisreadFillers) {
       {"", "P<UTOVANSLOW<<ANNA<MARIA<<<<5", "P<UTOVANSLOW<<ANNA<MARIA", "unproven primaryIdentifier"},
       {"", "P<UTOVANSLOW<<ANNA<MARIA<<<<K", "P<UTOVANSLOW<<ANNA<MARIA", ""},
       {"", "P<UTOVASLOW<<ANNA<MARIA<<<<S", "P<UTOVASLOW<<ANNA<MARIA", "unproven primaryIdentifier"},
+      {"", "P<UTOANSLO<<ANNA<MARIA<<<<S", "P<UTOANSLO<<ANNA<MARIA", "unproven primaryIdentifier"},
+      {"", "P<UTOANSLO<<ANNA<MARIA<<<<s", "P<UTOANSLO<<ANNA<MARIA", ""},
+      {"", "P<UTOANASL<<ANNA<MARIA<<<<S", "P<UTOANASL<<ANNA<MARIA", ""},
       {"", "P<UTOASLOW<<ANNA<MARIASA<<<<S", "P<UTOASLOW<<ANNA<MARIASA", ""},
       // There is nothing to doubt in a primary identifier that is empty.
       {"", "P<UTO<<ANNA<<<<<<ss", "P<UTO<<ANNA", ""},
@@ -125,6 +128,12 @@ TEST(RepairOfNames, DigitsInNames) {
   // doubted.
   expect({1, filled("P<UTO0R1N2A5<<6UBRA") + LOW, "repaired", filled("P<UTOORINZAS<<GUBRA") + LOW,
           "0:5 0>O class, 0:7 1>I class, 0:9 2>Z class, 0:11 5>S class, 0:14 6>G class", ""});
+  const std::string french = LOW.substr(0, 10) + "FRA" + LOW.substr(13); // the states agree no more
+  expect({1, filled("P<UTO0R1N2A5<<GUBRA") + french, "repaired", filled("P<UTOORINZAS<<GUBRA") + french,
+          "0:5 0>O class, 0:7 1>I class, 0:9 2>Z class, 0:11 5>S class", ""});
+  expect({1, filled("P<UTO0R1N2A5<<6UBRA") + french, "doubtful", filled("P<UTOORINZAS<<GUBRA") + french,
+          "0:5 0>O class, 0:7 1>I class, 0:9 2>Z class, 0:11 5>S class, 0:14 6>G class",
+          "unproven documentNumber"});
   expect({1, filled("P<UTO0R1N2A5<<6U8RA") + LOW, "doubtful", filled("P<UTOORINZAS<<GUBRA") + LOW,
           "0:5 0>O class, 0:7 1>I class, 0:9 2>Z class, 0:11 5>S class, 0:14 6>G class, 0:16 8>B class",
           "unproven documentNumber"});

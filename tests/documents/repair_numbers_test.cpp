@@ -121,6 +121,66 @@ TEST(RepairOfNumbers, RivalLookAlikes) {
   }
 }
 
+// The optional data of a card has the composite alone: what has four fifths of all that make it hold is
+// taken. A personal number has its own digit too: there no other look-alike may explain it.
+TEST(RepairOfNumbers, OptionalData) {
+  const struct {
+    std::string zone;
+    const char *read; // empty: as it is
+    const char *changes;
+    const char *findings;
+  } table[] = {
+      {TD2_TOP + "D231458907UTO7408122F12041590BIZ<<<0\n",
+       "I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<\nD231458907UTO7408122F1204159OBIZ<<<0\n", "1:28 0>O digit", ""},
+      {TD2_TOP + "D231458907UTO7408122F1204159B025<<<9\n",
+       "I<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<\nD231458907UTO7408122F12041598025<<<9\n", "1:28 B>8 digit", ""},
+      {TD2_TOP + "D231458907UTO7408122F1204159O01I<<<3\n", "", "", "checkFailed composite"}, // O>0 or 0>O
+      {TD2_TOP + "D231458907UTO7408122F12041594TT2<<<3\n", "", "", "checkFailed composite"}, // T>I or 4>1
+      {TD2_TOP + "D231458907UTO7408122F1204159TS3K<<<9\n", "", "", "checkFailed composite"}, // T>I alone
+      {"I<UTOD2314589070HMN<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<8\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
+       "I<UTOD231458907OHMN<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<8\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
+       "0:15 0>O digit", ""},
+      {"I<UTOD231458907<<<<<<<<<<<<<<<\n7408122F1204159UTO0HMN<<<<<<<8\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
+       "I<UTOD231458907<<<<<<<<<<<<<<<\n7408122F1204159UTOOHMN<<<<<<<8\nERIKSSON<<ANNA<MARIA<<<<<<<<<<\n",
+       "1:18 0>O digit", ""},
+      {TOP + "L898902C36UTO7408122F120415900O4Z<<<<<<<<<58\n", "", "",
+       "checkFailed personalNumber, checkFailed composite"}, // 0>O or 0>Q
+  };
+  for (const auto &row : table) {
+    const bool is_changed = row.changes[0] != '\0';
+    expect({2, row.zone, is_changed ? "repaired" : "doubtful", row.read, row.changes, row.findings});
+    EXPECT_EQ(changes_of(support::inspect(row.zone, with_repair(1))), "");
+  }
+}
+
+// The last digits of a line: a card's composite is one; a personal number's is a filler where there is no
+// number.
+TEST(RepairOfNumbers, DigitsAfterNoData) {
+  const std::string td2 = TD2_TOP + "D231458996UTO7408122F1204159<<<<<<<";
+  expect({1, td2 + "S\n", "repaired", td2 + "8\n", "1:35 S>8 class", ""});
+  expect({1, td2 + "K\n", "doubtful", "", "", "checkFailed composite"});
+  const std::string td3 = TOP + "L898902C36UTO7408122F1204159<<<<<<<<<<<<<<";
+  for (const char letter : {'K', 'S', 's'}) {
+    expect(
+        {1, td3 + letter + "8\n", "repaired", td3 + "<8\n", std::string("1:42 ") + letter + ">< filler", ""});
+  }
+  expect({1, td3 + "O8\n", "repaired", td3 + "08\n", "1:42 O>0 class", ""});
+  expect({1, td3 + "08\n", "valid", "", "", ""});
+  expect({1, td3 + "58\n", "doubtful", "", "", "checkFailed personalNumber, checkFailed composite"});
+}
+
+// Where all the data was lost nothing is made up for it.
+TEST(RepairOfNumbers, NoDataAtAll) {
+  const std::string fillers = "<<<<<<<<<<<<<<<<\n";
+  const varnel_inspection td3 = support::inspect(TOP + LOW.substr(0, 28) + "\n", with_repair(2));
+  EXPECT_EQ(zone_of(td3), TOP + LOW.substr(0, 28) + fillers);
+  EXPECT_EQ(findings_of(td3), "checkFailed composite");
+  const std::string td2_low = "D231458907UTO7408122F1204159";
+  const varnel_inspection td2 = support::inspect(TD2_TOP + td2_low + "\n", with_repair(2));
+  EXPECT_EQ(zone_of(td2), TD2_TOP + td2_low + fillers.substr(8));
+  EXPECT_EQ(findings_of(td2), "checkFailed composite");
+}
+
 // The check digit of a visa's number, read as a letter.
 TEST(RepairOfNumbers, LettersForDigits) {
   const struct {

@@ -197,6 +197,7 @@ TEST(Repair, Twins) {
        "unproven primaryIdentifier, unproven secondaryIdentifier"},
       {1, "P<UTOERIKSSON<<AN0OUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
        "P<UTOERIKSSON<<ANOOUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:17 0>O class", ""},
+      {1, TOP + "L898902C36UTO7408122ZF1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:20 Z> twin", ""},
       // In a number only where digits may decide.
       {1, TOP + "L8989O02C36UTO7408122F1204159ZE184226B<<<<<10\n", "refused", " ", "", "length"},
   };
@@ -261,6 +262,7 @@ TEST(Repair, DoubtsNames) {
       {"~ P<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<<<<<<<", "unproven secondaryIdentifier"}, // noise
       {"P<UTOERIKSSON<<<<<<<<<<<<<<<ssssssss<<<<<<<<", "unproven secondaryIdentifier"}, // a name lost?
       {"P<UTOERIKSSON<<ANNASMARIA<<<<<<<<<<sss<<<<<<", "unproven secondaryIdentifier"}, // or ANNA MARIA?
+      {"P<UTOE RIKSSON<<ANNASMARIA<<<<<<<<<<<<<<<<<<", "unproven secondaryIdentifier"},
       {"P<UTOERIKSS ON<<ANNASMARIA<<<<<<<<<<<<<<<<<<",
        "unproven secondaryIdentifier"}, // and white space inside
   };
