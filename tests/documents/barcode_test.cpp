@@ -381,7 +381,11 @@ static const NameRow NAMES[] = {
     {1, {{"DAA", "NONE,OLIVE,MAY"}}, "OLIVE|NONE|MAY|", ""},
     {1, {{"DAA", "OLIVE MAY LARCH"}}, "|||", "nameNotSplit@40:DAA"},
     {1, {{"DAA", "LARCH,A,B,C,D"}}, "|||", "nameNotSplit@40:DAA"},
+    {1, {{"DAA", "LARCH,O,M,V"}}, "O|LARCH|M|V", ""},
     {1, {{"DAB", "ELM"}, {"DAA", "LARCH,OLIVE,MAY"}}, "OLIVE|ELM|MAY|", ""},
+    {1, {{"DAB", "ELM"}, {"DAC", "IDA"}, {"DAA", "LARCH,OLIVE,MAY"}}, "IDA|ELM|MAY|", ""},
+    {1, {{"DAB", "ELM"}, {"DAD", "JO"}, {"DAA", "LARCH,OLIVE,MAY"}}, "OLIVE|ELM|JO|", ""},
+    {1, {{"DAC", "IDA"}, {"DAD", "JO"}, {"DAA", "LARCH,OLIVE,MAY"}}, "IDA|LARCH|JO|", ""},
     {1, {{"DAB", "ELM"}, {"DAC", "IDA"}, {"DAD", "JO"}, {"DAA", "LARCH"}}, "IDA|ELM|JO|", ""},
     {3, {{"DCS", "PINE"}, {"DCT", "WENDEL,AUGUST"}}, "WENDEL|PINE|AUGUST|", ""},
     {3, {{"DCS", "PINE"}, {"DCT", "WENDEL, AUGUST,  IVO"}}, "WENDEL|PINE|AUGUST IVO|", ""},
@@ -392,6 +396,7 @@ static const NameRow NAMES[] = {
     {3, {{"DCS", "PINE,"}, {"DCT", "WENDEL,NONE,IVO"}, {"DCU", "NONE"}}, "WENDEL|PINE|IVO|", ""},
     {10, {{"DCS", "NONE"}, {"DAC", "none"}, {"DAD", "UNAVAIL"}, {"DCU", "unavl"}}, "|NONE||", ""},
     {10, {{"DCS", "PINE"}, {"DAC", "MARY JO"}, {"DAD", " SKY , ELLIS,"}}, "MARY JO|PINE|SKY ELLIS|", ""},
+    {10, {{"DCS", "PINE"}, {"DAC", "IDA"}, {"DAD", "J,ANN"}}, "IDA|PINE|J ANN|", ""},
     {10, {{"DCS", "PINE"}, {"DAC", "IDA"}, {"DAD", "NONE,SKY"}, {"DCU", "III"}}, "IDA|PINE|SKY|III", ""},
 };
 
@@ -434,6 +439,8 @@ static const ValueRow VALUES[] = {
     {"DBB", " 02 28 1990 ", FIELD_BIRTH_DATE, "19900228", "dateSeparators"},
     {"DBB", "00000000", FIELD_BIRTH_DATE, "", ""},
     {"DBB", "00-00-0000", FIELD_BIRTH_DATE, "", ""},
+    {"DBB", "00000001", FIELD_BIRTH_DATE, "", "notADate"},
+    {"DBB", "10000000", FIELD_BIRTH_DATE, "", "notADate"},
     {"DBB", "        ", FIELD_BIRTH_DATE, "", ""},
     {"DBB", "NONE", FIELD_BIRTH_DATE, "", ""},
     {"DBB", "02291900", FIELD_BIRTH_DATE, "", "notADate"},
@@ -560,6 +567,10 @@ TEST(Barcode, TakesTheJurisdictionOfTheIssuerBeforeDescriptions) {
   const Reading described(card(10, "636000", {{"DAQ", "T1"}, {"DCQ", "MOTORCYCLE"}}));
   EXPECT_EQ(described.values(), "|||T1||||USA|VA||DL|");
   EXPECT_EQ(described.findings(), "jurisdictionByIssuer@9:DAJ");
+
+  const Reading residence(card(1, "636000", {{"DAQ", "T1"}, {"DAO", "NC"}}));
+  EXPECT_EQ(residence.values(), "|||T1||||USA|NC||DL|");
+  EXPECT_EQ(residence.findings(), "");
 
   const Reading unknown(card(10, "999999", {{"DAQ", "T1"}, {"DCQ", "MOTORCYCLE"}}));
   EXPECT_EQ(unknown.values(), "|||T1|||||MOTORCYCLE||DL|");
