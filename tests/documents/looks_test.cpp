@@ -168,6 +168,7 @@ TEST(Looks, OneIsAnInspection) {
       FRENCH_TOP + FRENCH_LOW,
       LONG_NUMBER,
       TOP + "L898902C36UTO7408122X1204159ZE184226B<<<<<10\n", // has a notice
+      "P<UTOERIKSS0N<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<\n" + LOW, // its names were changed
       // Nothing is known of the birth date.
       TOP + "L898902C36UTO<<<<<<<F1204159ZE184226B<<<<<18\n",
       "V<UTOERIKSSON<<ANNA<MARIA<<<<<<<<<<<\nL898902C<3UTO<<<<<<<F9406236ZE184226\n",
