@@ -257,9 +257,8 @@ bool find_only_division(division &d, int count) {
   uint8_t found[MOST_PLACES];
   int divisions = 0;
   int steps = 0;
-  int next = 1; // the place to try after those chosen
-  d.chosen[0] = 0;
-  d.chosen_count = 1;
+  int next = 1;       // the place to try after those chosen
+  d.chosen_count = 1; // the first place, which stays
   for (;;) {
     if (++steps > MOST_STEPS) {
       return false;

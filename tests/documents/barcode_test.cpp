@@ -374,6 +374,7 @@ static const NameRow NAMES[] = {
     {1, {{"DAA", "LARCH, OLIVE , MAY  ,"}}, "OLIVE|LARCH|MAY|", ""},
     {1, {{"DAA", "LARCH,OLIVE,,JR"}}, "OLIVE|LARCH||JR", ""},
     {1, {{"DAA", "LARCH,OLIVE MAY"}}, "OLIVE|LARCH|MAY|", ""},
+    {1, {{"DAA", "LARCH, OLIVE MAY"}}, "OLIVE|LARCH|MAY|", ""},
     {1, {{"DAA", "LARCH,OLIVE MAY JO"}}, "OLIVE|LARCH|MAY JO|", ""},
     {1, {{"DAA", "LARCH,OLIVE"}}, "OLIVE|LARCH||", ""},
     {1, {{"DAA", ",OLIVE"}}, "OLIVE|||", ""},
@@ -1338,6 +1339,9 @@ TEST(BarcodeInfo, IsOneLineOfJson) {
             R"("elements":[{"element":"ZVA","start":263,"end":265}],)"
             R"("findings":[{"code":"unknownElement","offset":260,"element":"ZVA"}],)"
             R"("omitted":{"elements":0,"findings":0}})");
+  EXPECT_EQ(Reading(card(0, "636005", {{"DAJ", "SC"}})).json(),
+            R"({"version":0,"issuer":"636005","jurisdiction":"SC","country":"USA","subfiles":["DL"],)"
+            R"("elements":[],"findings":[],"omitted":{"elements":0,"findings":0}})");
   EXPECT_EQ(Reading("").json(),
             R"({"version":null,"issuer":null,"jurisdiction":null,"country":null,"subfiles":[],)"
             R"("elements":[],"findings":[{"code":"notABarcode","offset":0,"element":null}],)"
