@@ -1,5 +1,6 @@
 #include "clean_text.hpp"
 
+#include <stddef.h>
 #include <string.h>
 
 #include "../utf8.hpp"

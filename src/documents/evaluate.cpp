@@ -473,9 +473,9 @@ private:
     }
     text.copy_words(field.value);
     is_listed_ = is_listed_state(field.value, letters);
-    const bool is_permitted = is_listed_ || is_residence_permit_code(field.value, letters);
-    set(field, is_permitted ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN, true);
-    if (is_permitted && !is_listed_) {
+    const bool may_stand = is_listed_ || is_residence_permit_code(field.value, letters);
+    set(field, may_stand ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN, true);
+    if (may_stand && !is_listed_) {
       notice(field, VARNEL_NOTICE_CODE_NOT_LISTED);
     }
   }
