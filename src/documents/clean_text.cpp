@@ -232,7 +232,7 @@ words::wide mark_leads(words::wide word, words::wide next) {
     const auto is = [](words::wide bytes, int c) {
       return words::in_range(bytes, static_cast<char>(c), static_cast<char>(c));
     };
-    const words::wide pairs = word & 0xFE;
+    const words::wide pairs = word & 0xFE; // of two that follow each other the first
     const words::wide greek_capitals = is(word, 0xCE) & words::in_range(next, '\x80', '\xA7');
     const words::wide cyrillic = is(pairs, 0xD0);
     const words::wide signs = is(word, 0xC2) | is(pairs, 0xE2) | is(word, 0xEF);
@@ -246,7 +246,8 @@ bool is_stop(const char *at, const char *end) {
          begins_with_filler_entity(at, static_cast<uint32_t>(end - at));
 }
 
-// The first of these places of a plain word that is a stop; null where none is. Adds what is kept before it.
+// The first of these places of a plain word that is a stop; null where none is. Adds what is kept before it,
+// or in the whole word.
 inline const char *find_stop_in_part(const char *at, const char *end, uint64_t places, uint64_t marks,
                                      uint32_t &kept) {
   for (uint64_t stops = places & words::MARKS; stops != 0; stops &= stops - 1) {
