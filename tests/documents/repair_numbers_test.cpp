@@ -181,6 +181,36 @@ TEST(RepairOfNumbers, NoDataAtAll) {
   EXPECT_EQ(findings_of(td2), "checkFailed composite");
 }
 
+// Up to three letters and then digits are a number as most states print it; of any other the look-alikes that
+// leave its digit as it is may have a twelfth of the likelihood of the number itself.
+TEST(RepairOfNumbers, Doubts) {
+  const struct {
+    const char *number;
+    const char *findings;
+  } table[] = {
+      {"F6H6K6M6N3", ""},                        // four G for 6
+      {"F6H6K6M666", "unproven documentNumber"}, // five
+      {"0AB10234<3", "unproven documentNumber"}, // two O for 0
+      {"AB010234<5", ""},
+      {"0000102340", ""},
+  };
+  for (const auto &row : table) {
+    const std::string low = row.number + std::string("UTO6908061F9406236ZE184226B<<<<<<<\n");
+    const varnel_inspection inspection = support::inspect("V" + TOP.substr(1) + low, with_repair(1));
+    EXPECT_EQ(findings_of(inspection), row.findings) << row.number;
+  }
+}
+
+// One of two explanations, or one that no digit decides for, is taken where the page prints it.
+TEST(RepairOfNumbers, PrintedOnThePage) {
+  const std::string misread = TOP + "HFMTN39395UTO7408122F1204159ZE184226B<<<<<12\n";
+  expect({2, misread, "doubtful", "", "", "checkFailed documentNumber, checkFailed composite"});
+  expect({2, "No. HFMIN3939\n" + misread, "repaired", TOP + "HFMIN39395UTO7408122F1204159ZE184226B<<<<<12\n",
+          "1:3 T>I digit", ""});
+  expect({1, "No. HFMIN3939\n" + misread, "doubtful", misread, "",
+          "checkFailed documentNumber, checkFailed composite"});
+}
+
 // The check digit of a visa's number, read as a letter.
 TEST(RepairOfNumbers, LettersForDigits) {
   const struct {
@@ -232,6 +262,11 @@ TEST(RepairOfNumbers, Twins) {
        "1:3 Z> twin"},
       {"HFZ23339390UTO7408122F1204159ZE184226B<<<<<12", "HF23339390UTO7408122F1204159ZE184226B<<<<<12",
        "1:2 Z> twin"},
+      // A letter and the symbol that looks like it.
+      {"HFS$3333936UTO7408122F1204159ZE184226B<<<<<10", "HFS3333936UTO7408122F1204159ZE184226B<<<<<10",
+       "1:3 $> twin"},
+      {"HF$S3333936UTO7408122F1204159ZE184226B<<<<<10", "HFS3333936UTO7408122F1204159ZE184226B<<<<<10",
+       "1:2 $> twin"},
   };
   for (const auto &row : table) {
     expect({2, TOP + row.as_read + "\n", "repaired", TOP + row.low + "\n", row.changes, ""});

@@ -74,9 +74,12 @@ int find_surplus(const char *read) {
     if (!is_twin(read[i], read[i + 1]) && !is_twin_of_symbol(read[i], read[i + 1])) {
       continue;
     }
-    // Twins of the check digit are one and the same: the digit stays.
-    const int first = i == NUMBER && ascii::is_digit(read[i]) ? i + 1 : i;
-    const int last = i == NUMBER ? first : i + 1;
+    // Where both say the same, as in the place of the check digit, the digit stays, or the letter.
+    const bool is_same = i == NUMBER || is_twin_of_symbol(read[i], read[i + 1]);
+    const bool first_stays =
+        ascii::is_digit(read[i]) || (ascii::is_upper(read[i]) && ascii::is_lower(read[i + 1]));
+    const int first = is_same && first_stays ? i + 1 : i;
+    const int last = is_same ? first : i + 1;
     for (int out = first; out <= last; ++out) {
       char number[NUMBER + 1];
       for (int k = 0, size = 0; k <= NUMBER + 1; ++k) {
