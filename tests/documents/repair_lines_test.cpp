@@ -76,7 +76,8 @@ TEST(RepairOfLines, Symbols) {
     expect({1, top + number.substr(0, 9) + row.symbol + rest, "repaired", top + number + rest,
             std::string("1:9 ") + row.symbol + ">" + number[9] + " class", ""});
   }
-  for (const char *symbol : {"&", "\xC2\xA3", "\xC3\xA8", "\xE2\x82\xAC"}) {
+  for (const char *symbol :
+       {"&", "\xC2\xA3", "\xC3\xA8", "\xE2\x82\xAC", "(", "{", "\xC2\xA2", "\xC2\xA9", "$", "\xC2\xA7"}) {
     const std::string misread = "L898902C36UTO7408122" + std::string(symbol) + "1204159ZE184226B<<<<<10\n";
     expect({1, TOP + misread, "repaired", TOP + replaced(LOW, "F", "<"),
             std::string("1:20 ") + symbol + ">< filler", ""});
@@ -90,6 +91,8 @@ TEST(RepairOfLines, Noise) {
     expect({1, TOP.substr(0, 30) + noise + TOP.substr(30) + LOW, "doubtful", TOP + LOW, "",
             "unproven secondaryIdentifier"});
   }
+  expect({1, TOP + "L~" + LOW.substr(1), "doubtful", TOP + LOW, "", "unproven secondaryIdentifier"});
+  expect({1, TOP + "~" + LOW, "valid", TOP + LOW, "", ""}); // before a line that has no names
   // So it does in what is not read by units: a card whose names have no filler.
   const std::string card = "I<UTOD231458907<<<<<<<<<<<<<<<\n7408122F1204159UTO<<<<<<<<<<<6\n";
   const std::string names = "ERIKSSONERIKSSONERIKSSONERIKSS\n";
@@ -101,6 +104,15 @@ TEST(RepairOfLines, Noise) {
     expect({0, text, "valid", card + names, "", ""});
     expect({1, text, "doubtful", card + names, "", "unproven secondaryIdentifier"});
   }
+}
+
+// With white space and noise a line has 1024 bytes at most.
+TEST(RepairOfLines, LongLines) {
+  const auto with_spaces = [](size_t size) {
+    return MISREAD_TOP.substr(0, 30) + std::string(size - 44, ' ') + MISREAD_TOP.substr(30) + FULL_LOW;
+  };
+  expect({1, with_spaces(1024), "repaired", READ_TOP + FULL_LOW, "0:4 0>O class", ""});
+  expect({1, with_spaces(1025), "doubtful", MISREAD_TOP + FULL_LOW, "", "badCharacters issuingState"});
 }
 
 // Lines without fillers and digits may stand between those of a zone, as headings do.

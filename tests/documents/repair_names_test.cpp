@@ -47,6 +47,15 @@ TEST(RepairOfNames, EndsOfNamesBeforeMisreadFillers) {
       {"", "P<UTOANSLO<<ANNA<MARIA<<<<s", "P<UTOANSLO<<ANNA<MARIA", ""},
       {"", "P<UTOANASL<<ANNA<MARIA<<<<S", "P<UTOANASL<<ANNA<MARIA", ""},
       {"", "P<UTOASLOW<<ANNA<MARIASA<<<<S", "P<UTOASLOW<<ANNA<MARIASA", ""},
+      // So is one that stands where a filler may have been, in the only given name.
+      {"", "P<UTOERIKSSON<<ANASEVA<<<<ss", "P<UTOERIKSSON<<ANASEVA", "unproven secondaryIdentifier"},
+      {"", "P<UTOERIKSSON<<ANSEVAA<<<<ss", "P<UTOERIKSSON<<ANSEVAA", ""},
+      {"", "P<UTOERIKSSON<<ANNASEV<<<<ss", "P<UTOERIKSSON<<ANNASEV", ""},
+      {"", "P<UTOERIKSSON<<ANASEVA<LI<<<<ss", "P<UTOERIKSSON<<ANASEVA<LI", ""},
+      // An X inside a name, not at its end.
+      {"", "P<UTOMAXI<<ANNA<<<<ss", "P<UTOMAXI<<ANNA", "unproven primaryIdentifier"},
+      {"", "P<UTOMARX<<ANNA<<<<ss", "P<UTOMARX<<ANNA", ""},
+      {"", "P<UTOERIKSOK<<<<<ss", "P<UTOERIKSOK", "unproven primaryIdentifier, unproven secondaryIdentifier"},
       // There is nothing to doubt in a primary identifier that is empty.
       {"", "P<UTO<<ANNA<<<<<<ss", "P<UTO<<ANNA", ""},
       {"", "P<UTO<<<<<<ss", "P<UTO", "empty primaryIdentifier, unproven secondaryIdentifier"},
@@ -140,6 +149,48 @@ TEST(RepairOfNames, DigitsInNames) {
   for (const char digit : {'3', '4', '7', '9'}) {
     const std::string names = std::string("P<UTOERIKSSON<<ANN") + digit;
     EXPECT_EQ(findings_of(inspect(filled(names) + LOW, with_repair(1))), "badCharacters secondaryIdentifier");
+  }
+}
+
+// K and X beside the fillers between the parts, in a line with misread fillers: of the right length, and too
+// short.
+TEST(RepairOfNames, LettersBesideFillers) {
+  const struct {
+    const char *as_read;
+    const char *findings; // of the line too short
+  } table[] = {
+      {"P<UTOBROOK<<ANNA<<<<ss", "unproven primaryIdentifier"},
+      {"P<UTOMARX<<ANNA<<<<ss", "unproven primaryIdentifier"},
+      {"P<UTOERIKSSON<<KANNA<<<<ss", "unproven secondaryIdentifier"},
+      {"P<UTOERIKSSON<<XENIA<<<<ss", "unproven secondaryIdentifier"},
+      {"P<UTOERIKSSON<<ANNA<<<<ss", ""},
+  };
+  for (const auto &row : table) {
+    SCOPED_TRACE(row.as_read);
+    EXPECT_EQ(findings_of(inspect(filled(row.as_read) + LOW, with_repair(1))), "");
+    const std::string too_short = filled(row.as_read).substr(0, 43) + "\n";
+    EXPECT_EQ(findings_of(inspect(too_short + LOW, with_repair(1))), row.findings);
+  }
+}
+
+// What the page prints is listed as changes of the characters that stood there.
+TEST(RepairOfNames, ChangesToWhatIsPrinted) {
+  const std::string page = "ERIKSSON\nANNA\nMARIA\n";
+  expect({1, page + filled("P<UTOERIKSSONK<ANNA<MARIA<<<<ss") + LOW, "repaired", TOP + LOW,
+          "0:13 K>< filler, 0:29 s>< filler, 0:30 s>< filler", ""});
+  expect({1, page + filled("P<UTOERIKSSON<K<ANNA<MARIA<<<<ss") + LOW, "repaired", TOP + LOW,
+          "0:14 K>< filler, 0:15 <> filler, 0:29 s>< filler, 0:30 s>< filler, 0:43 >< filler", ""});
+}
+
+// White space between names is none within them.
+TEST(RepairOfNames, WhiteSpace) {
+  const std::string names = filled("P<UTOERIKSSON<<ANNASMARIA");
+  EXPECT_EQ(findings_of(inspect("P<UTOERIKSSON <<ANNASMARIA" + names.substr(25) + LOW, with_repair(1))), "");
+  for (const char *as_read :
+       {"P<UTOE RIKSSON<<ANNASMARIA", "P<UTOERIKSSO N<<ANNASMARIA", "P<UTOERIKSSON<<ANNASMARI A"}) {
+    const varnel_inspection inspection = inspect(as_read + names.substr(25) + LOW, with_repair(1));
+    EXPECT_EQ(zone_of(inspection), names + LOW);
+    EXPECT_EQ(findings_of(inspection), "unproven secondaryIdentifier");
   }
 }
 

@@ -149,6 +149,8 @@ TEST(Repair, Fillers) {
        ""},
       {1, "P<UTOERIKSSON<<ANNA<MIRIAMK<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
        "P<UTOERIKSSON<<ANNA<MIRIAM<<<<<<<<<<<<<<<<<<\n" + LOW, "0:26 K> filler", ""},
+      {1, "P<UTOKARL<<KANNA<MARIA<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
+       "P<UTOKARL<<ANNA<MARIA<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:11 K> filler", ""},
       // Either K may be the filler, and neither where the line is not too long.
       {1, "P<UTOBROOK<<KANNA<<<<<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "doubtful",
        "P<UTOBROOK<<KANNA<<<<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:44 <> filler",
@@ -187,6 +189,8 @@ TEST(Repair, Twins) {
       {1, TOP + "L898902C36UTOT7408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:13 T> twin", ""},
       {1, TOP + "L898902C36UTO7T408122F1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:14 T> twin", ""},
       // In names, where the line is too long by one and there is one.
+      {1, "P<UTOERIKSS0ON<<ANOUK<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
+       "P<UTOERIKSSON<<ANOUK<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:11 0> twin", ""},
       {1, "P<UTOERIKSSON<<AN0OUK<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
        "P<UTOERIKSSON<<ANOUK<<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:17 0> twin", ""},
       {1, "P<UTOERIKSSON<<ANO0OUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
@@ -197,6 +201,8 @@ TEST(Repair, Twins) {
        "unproven primaryIdentifier, unproven secondaryIdentifier"},
       {1, "P<UTOERIKSSON<<AN0OUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "repaired",
        "P<UTOERIKSSON<<ANOOUK<<<<<<<<<<<<<<<<<<<<<<<\n" + LOW, "0:17 0>O class", ""},
+      {1, TOP + "L898902C36UTO7T4<<<<1F1204159<<<<<<<<<<<<<<<6\n", "repaired",
+       TOP + "L898902C36UTO74<<<<1F1204159<<<<<<<<<<<<<<<6\n", "1:14 T> twin", ""},
       {1, TOP + "L898902C36UTO7408122ZF1204159ZE184226B<<<<<10\n", "repaired", TOP + LOW, "1:20 Z> twin", ""},
       // In a number only where digits may decide.
       {1, TOP + "L8989O02C36UTO7408122F1204159ZE184226B<<<<<10\n", "refused", " ", "", "length"},

@@ -54,8 +54,8 @@ TEST(RepairOfUnits, LengthsOfDocumentCodes) {
     const char *changes;
   } table[] = {
       {"P", "P<", "0:1 >< filler"}, {"P<<", "P<", "0:1 <> filler"}, {"PT<", "P<", "0:1 T> filler"},
-      {"PTM", "PM", "0:1 T> twin"}, {"PMK", "PM", "0:2 K> twin"},   {"I", "I<", "0:1 >< filler"},
-      {"IRS", "IR", "0:2 S> twin"},
+      {"PTM", "PM", "0:1 T> twin"}, {"PSM", "PM", "0:1 S> twin"},   {"PMK", "PM", "0:2 K> twin"},
+      {"I", "I<", "0:1 >< filler"}, {"IRS", "IR", "0:2 S> twin"},
   };
   for (const auto &row : table) {
     const std::string rest = row.code[0] == 'P' ? TOP + LOW : TD2_TOP + TD2_LOW;

@@ -34,10 +34,10 @@ char read_symbol(const char *text, int length) {
   return '\0';
 }
 
-constexpr uint32_t SHORTEST_IN_BYTES = SHORTEST_LINE / 2; // two fillers may share theirs
-constexpr uint32_t LONGEST_IN_BYTES = 1024;               // with all the noise and white space in it
-constexpr int MOST_BEYOND_ASCII = LONGEST_LINE;           // a text of another script has more
-constexpr int FEWEST_DIGITS = 6;                          // of a date, in a line without fillers
+constexpr uint32_t SHORTEST_IN_BYTES = SHORTEST_LINE; // two fillers that share theirs have two
+constexpr uint32_t LONGEST_IN_BYTES = 1024;           // with all the noise and white space in it
+constexpr int MOST_BEYOND_ASCII = LONGEST_LINE;       // a text of another script has more
+constexpr int FEWEST_DIGITS = 6;                      // of a date, in a line without fillers
 
 // What a line is made of.
 struct line_counts {
@@ -237,13 +237,13 @@ bool read_line(const char *text, const line_span &span, noisy_line &line) {
       line.has_noise = line.has_noise || noise;
     }
     gap = gap || found.kind == character_kind::space;
-    capitals = capitals || (count > 0 && ascii::is_upper(as));
+    capitals = capitals || ascii::is_upper(as);
     for (; count > 0; --count) {
       const int size = line.size;
       if (size == LONGEST_LINE) {
         return false;
       }
-      if (gap && size > 0) {
+      if (gap) {
         line.gaps |= uint64_t{1} << size;
         line.head = line.head == 0 ? line.size : line.head;
       }
