@@ -47,9 +47,9 @@ int score_of_look(const varnel_inspection &inspection) {
   for (int i = 0; i < inspection.check_count; ++i) {
     score += inspection.checks[i].holds ? digit : 0;
   }
-  const varnel_inspected_field *issuer = find_field(inspection, VARNEL_ISSUING_STATE); // of every layout
+  const char *issuer = inspection.zone[0] + zone::ISSUING_STATE.start;
   const varnel_inspected_field *nationality = find_field(inspection, VARNEL_NATIONALITY);
-  if (nationality != nullptr && memcmp(issuer->text, nationality->text, 3) == 0) {
+  if (nationality != nullptr && memcmp(issuer, nationality->text, zone::ISSUING_STATE.length) == 0) {
     score += agreement;
   }
   return score - change * inspection.change_count - change * inspection.finding_count;
