@@ -607,7 +607,7 @@ private:
   }
 
   bool elect_columns(const field_place &f, int length, int equal) {
-    char elected[VARNEL_ZONE_WIDTH];
+    char elected[VARNEL_ZONE_WIDTH] = {};
     for (int c = 0; c < f.place.length; ++c) {
       char chosen = '\0';
       for (int i = 0; i < count_; ++i) {
