@@ -113,12 +113,27 @@ private:
   static constexpr std::size_t JSON_ROOM = 16384;
 
   void json(const document &from, const varnel_inspection &inspection) {
+    if (!rows_.with_source() && put_json(inspection)) {
+      return;
+    }
     int length = varnel_inspection_json(&inspection, json_.data(), json_.size());
     if (static_cast<std::size_t>(length) >= json_.size()) {
       json_.resize(static_cast<std::size_t>(length) + 1);
       length = varnel_inspection_json(&inspection, json_.data(), json_.size());
     }
     rows_.object(from, std::string_view(json_.data(), static_cast<std::size_t>(length)));
+  }
+
+  // Writes a whole object and the line feed to the output itself, where there is room enough.
+  bool put_json(const varnel_inspection &inspection) {
+    char *const room = out_.room(JSON_ROOM);
+    const int length = varnel_inspection_json(&inspection, room, JSON_ROOM);
+    if (static_cast<std::size_t>(length) >= JSON_ROOM) {
+      return false;
+    }
+    room[length] = '\n'; // in place of the NUL
+    out_.commit(room + length + 1);
+    return true;
   }
 
   void csv(const document &from, const varnel_inspection &inspection) {
