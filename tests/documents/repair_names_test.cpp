@@ -84,6 +84,8 @@ TEST(RepairOfNames, PrintedOnThePage) {
       {"ERIKSSON\nANNA\nMARIA\n", "P<UTOERIKSSON<ANNA<MARIA<<<<ss", "P<UTOERIKSSON<ANNA<MARIA",
        "unproven secondaryIdentifier"},
       // Letters that were all fillers are no name.
+      {"ERIKSSON\nANNA\n", "P<UTOK<<<<<ss", "P<UTOK",
+       "unproven primaryIdentifier, unproven secondaryIdentifier"},
       {"ERIKSSON\nANNA\n", "P<UTOK<S<<<<<ss", "P<UTOK<S",
        "unproven primaryIdentifier, unproven secondaryIdentifier"},
   };
