@@ -115,10 +115,10 @@ TEST(RepairOfLines, LongLines) {
   expect({1, with_spaces(1025), "doubtful", MISREAD_TOP + FULL_LOW, "", "badCharacters issuingState"});
 }
 
-// Lines without fillers and digits may stand between those of a zone, as headings do.
+// Lines without fillers and with no more than six digits may stand between those of a zone, as headings do.
 TEST(RepairOfLines, HeadingsBetween) {
-  for (const char *heading :
-       {"REPUBLIC OF UTOPIA AND MORE\n", "R\xC3\x89PUBLIQUE UTOPIENNE \xC2\xA9\xC3\x89\n"}) {
+  for (const char *heading : {"REPUBLIC OF UTOPIA AND MORE\n", "REPUBLIC OF UTOPIA 123456\n",
+                              "R\xC3\x89PUBLIQUE UTOPIENNE \xC2\xA9\xC3\x89\n"}) {
     expect({1, MISREAD_TOP + heading + FULL_LOW, "repaired", READ_TOP + FULL_LOW, "0:4 0>O class", ""});
   }
 }

@@ -37,7 +37,7 @@ char read_symbol(const char *text, int length) {
 constexpr uint32_t SHORTEST_IN_BYTES = SHORTEST_LINE; // two fillers that share theirs have two
 constexpr uint32_t LONGEST_IN_BYTES = 1024;           // with all the noise and white space in it
 constexpr int MOST_BEYOND_ASCII = LONGEST_LINE;       // a text of another script has more
-constexpr int FEWEST_DIGITS = 6;                      // of a date, in a line without fillers
+constexpr int FEWEST_DIGITS = 7;                      // of the dates, in a line without fillers
 
 // What a line is made of.
 struct line_counts {
@@ -48,7 +48,7 @@ struct line_counts {
   int beyond_ascii;
   int kept; // at least; of a line of ASCII just so many
 
-  // Neither prose nor too long, and with fillers or the digits of a date.
+  // Neither prose nor too long, and with fillers or the digits of dates.
   bool may_be_zone() const {
     const bool is_prose = capitals > 0 && small > 2 * (capitals + digits + fillers);
     return !is_prose && beyond_ascii <= MOST_BEYOND_ASCII && (digits >= FEWEST_DIGITS || fillers > 0) &&
@@ -210,9 +210,8 @@ bool line_finder::next(line_span &span) {
         !(look.is_ascii ? counts.kept >= SHORTEST_LINE : count_read(passage_.text, span, counts))) {
       continue;
     }
-    constexpr int fewest_digits_of_dates = 7;
     span.has_fillers = counts.fillers > 0;
-    span.has_dates = counts.digits >= fewest_digits_of_dates;
+    span.has_dates = counts.digits >= FEWEST_DIGITS;
     return true;
   }
   return false;
