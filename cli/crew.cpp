@@ -35,12 +35,12 @@ void chunk::read_all(const read_function &read, output &out) {
   }
 }
 
-crew::crew(unsigned threads, maker make) : make_(std::move(make)) {
+crew::crew(unsigned threads, const maker &make) : own_(make) {
   for (std::size_t i = 0; i < threads * CHUNKS_EACH; ++i) {
     spare_.push_back(std::make_unique<chunk>());
   }
-  for (unsigned i = 0; i < threads; ++i) {
-    threads_.emplace_back([this] { work(); });
+  for (unsigned i = 1; i < threads; ++i) {
+    threads_.emplace_back([this, make] { work(make); });
   }
 }
 
@@ -82,34 +82,41 @@ std::unique_ptr<chunk> crew::take() {
   if (tasks_.empty()) {
     return nullptr;
   }
-  done_.wait(lock, [this] { return tasks_.front().done; });
+  while (!tasks_.front().done) {
+    if (!read_next(own_, lock)) {
+      done_.wait(lock);
+    }
+  }
   std::unique_ptr<chunk> first = std::move(tasks_.front().work);
   tasks_.pop_front();
   return first;
 }
 
-void crew::work() {
-  output out(-1);
-  const chunk::read_function read = make_(out);
-  const auto waits = [](const task &each) { return !each.begun; };
+void crew::work(const maker &make) {
+  reader own(make);
   std::unique_lock<std::mutex> lock(mutex_);
-  while (true) {
-    const auto next = std::find_if(tasks_.begin(), tasks_.end(), waits);
-    if (next == tasks_.end()) {
-      if (closed_) {
-        return;
-      }
+  for (bool has_read = true; has_read || !closed_;) {
+    if (!has_read) {
       came_.wait(lock);
-      continue;
     }
-    next->begun = true;
-    task &taken = *next; // stays where it is while others come and go
-    lock.unlock();
-    taken.work->read_all(read, out);
-    lock.lock();
-    taken.done = true;
-    done_.notify_one();
+    has_read = read_next(own, lock);
   }
+}
+
+// Reads the first chunk that nobody has begun; false when there is none.
+bool crew::read_next(reader &own, std::unique_lock<std::mutex> &lock) {
+  const auto next = std::find_if(tasks_.begin(), tasks_.end(), [](const task &each) { return !each.begun; });
+  if (next == tasks_.end()) {
+    return false;
+  }
+  task &taken = *next; // stays where it is while others come and go
+  taken.begun = true;
+  lock.unlock();
+  taken.work->read_all(own.read, own.out);
+  lock.lock();
+  taken.done = true;
+  done_.notify_one();
+  return true;
 }
 
 } // namespace varnel::cli

@@ -23,7 +23,7 @@ namespace varnel::cli {
 class chunk {
 public:
   /** With this much text a chunk is full. */
-  static constexpr std::size_t FULL = std::size_t{1} << 15;
+  static constexpr std::size_t FULL = std::size_t{1} << 14;
 
   /** Says what is reported of the document at the end of its answer; nothing when it is empty. */
   struct remark {
@@ -61,6 +61,7 @@ private:
   std::vector<entry> documents_;
 };
 
+/** Whoever calls is one of them: what it would wait for, it reads itself where no other has begun. */
 class crew {
 public:
   /** Makes what one thread reads with: its answers go to the output that it is given. */
@@ -69,7 +70,8 @@ public:
   /** No more than this many chunks are held for each thread, read or not. */
   static constexpr std::size_t CHUNKS_EACH = 4;
 
-  crew(unsigned threads, maker make);
+  /** @param threads two or more, the caller's among them */
+  crew(unsigned threads, const maker &make);
   ~crew();
   crew(const crew &) = delete;
   crew &operator=(const crew &) = delete;
@@ -79,7 +81,7 @@ public:
 
   void submit(std::unique_ptr<chunk> filled);
 
-  /** The chunk that was submitted first, waiting until it is read; null when none is under way. */
+  /** The chunk that was submitted first, read; null when none is under way. */
   std::unique_ptr<chunk> take();
 
   void give_back(std::unique_ptr<chunk> used);
@@ -91,15 +93,24 @@ private:
     bool done = false;
   };
 
-  void work();
+  // What one thread reads with.
+  struct reader {
+    explicit reader(const maker &make) : read(make(out)) {}
 
-  maker make_;
+    output out = output(-1);
+    chunk::read_function read;
+  };
+
+  void work(const maker &make);
+  bool read_next(reader &own, std::unique_lock<std::mutex> &lock);
+
   std::mutex mutex_;
   std::condition_variable came_;
   std::condition_variable done_;
   std::deque<task> tasks_; // in the order of the input; a deque keeps them where they are
   std::vector<std::unique_ptr<chunk>> spare_;
   bool closed_ = false;
+  reader own_; // the caller's
   std::vector<std::thread> threads_;
 };
 
