@@ -271,6 +271,10 @@ TEST(RepairOfNumbers, Twins) {
   for (const auto &row : table) {
     expect({2, TOP + row.as_read + "\n", "repaired", TOP + row.low + "\n", row.changes, ""});
   }
+  // Either the O or the S may be left out.
+  const varnel_inspection either =
+      support::inspect(TOP + "H0OF5S09394UTO7408122F1204159ZE184226B<<<<<14\n", with_repair(2));
+  EXPECT_EQ(either.verdict, VARNEL_VERDICT_REFUSED);
 }
 
 } // namespace

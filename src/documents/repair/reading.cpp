@@ -464,8 +464,8 @@ private:
       const characters &zone = r.lines[line];
       for (int i = 0; i < zone.size && !(line == data.line && i == data.column); ++i) {
         const bool in_number = line == number.line && i >= number.column && i < number.column + number.length;
-        if (zone.from[i] == NOT_READ || zone.text[i] == FILLER) {
-          continue;
+        if (zone.text[i] == FILLER) {
+          continue; // as everything is that was not read
         }
         const char as_read = lines_[line]->text[zone.from[i]];
         const bool changed = in_number ? ascii::is_lower(as_read) : as_read != zone.text[i];
