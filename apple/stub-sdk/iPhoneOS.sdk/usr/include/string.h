@@ -13,6 +13,7 @@ int memcmp(const void *left, const void *right, size_t size);
 void *memcpy(void *to, const void *from, size_t size);
 void *memmove(void *to, const void *from, size_t size);
 void *memset(void *bytes, int byte, size_t size);
+int strcmp(const char *left, const char *right);
 size_t strlen(const char *text);
 size_t strnlen(const char *text, size_t size);
 
