@@ -23,7 +23,7 @@ namespace varnel::cli {
 class chunk {
 public:
   /** With this much text a chunk is full. */
-  static constexpr std::size_t FULL = std::size_t{1} << 14;
+  static constexpr std::size_t FULL = std::size_t{1} << 13;
 
   /** Says what is reported of the document at the end of its answer; nothing when it is empty. */
   struct remark {
