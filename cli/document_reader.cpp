@@ -169,6 +169,7 @@ void document_reader::hold(std::string_view bytes) {
 void document_reader::forget() {
   first_line_ = line_;
   length_ = 0;
+  in_place_ = {};
   blank_ = true;
   left_over_filler_ = false;
 }
@@ -177,7 +178,8 @@ void document_reader::give(document_text &document, std::uint64_t length) const 
   document.line = first_line_;
   document.over_long = split_ != split::whole && length > LONGEST;
   const std::uint64_t counted = document.over_long ? 0 : std::min<std::uint64_t>(length, held_.size());
-  document.text = std::string_view(held_.data(), static_cast<std::size_t>(counted));
+  const char *const text = in_place_.empty() ? held_.data() : in_place_.data();
+  document.text = std::string_view(text, static_cast<std::size_t>(counted));
 }
 
 // What follows the bytes that count is not read at all.
@@ -233,6 +235,9 @@ bool document_reader::take_line() {
     }
     if (split_ == split::zone) {
       keep(bytes);
+    } else if (split_ == split::line && length_ == 0 && end < to_) {
+      in_place_ = bytes;
+      length_ = bytes.size();
     } else {
       hold(bytes);
     }

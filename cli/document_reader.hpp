@@ -126,6 +126,7 @@ private:
   std::uint64_t line_ = 1;       // the line that is being read
   std::uint64_t first_line_ = 1; // the line with which the document in hand began
   std::uint64_t length_ = 0;     // bytes of the document in hand, held or not
+  std::string_view in_place_;    // the line in hand where it was read as a whole, and is not held
   bool blank_ = true;            // the line that is being read has been blank so far
   std::string begun_;            // the first bytes of a white space character that goes on
   std::string_view line_ending_; // what ended the last line
