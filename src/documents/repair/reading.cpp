@@ -46,10 +46,12 @@ bool is_card(const layout &form) { return form.first_letters[0] == 'A'; }
 
 // Where the optional data, or the personal number, stands on the line with the dates.
 stretch data_after_dates(const layout &form) {
-  const field_place *personal_number = form.find(VARNEL_PERSONAL_NUMBER);
-  const field_place *second = form.find(VARNEL_OPTIONAL_DATA_2);
-  const field_place *data = second != nullptr ? second : form.find(VARNEL_OPTIONAL_DATA);
-  return personal_number != nullptr ? personal_number->place : data->place;
+  constexpr uint8_t fields[] = {VARNEL_PERSONAL_NUMBER, VARNEL_OPTIONAL_DATA_2, VARNEL_OPTIONAL_DATA};
+  const field_place *data = nullptr;
+  for (const uint8_t field : fields) {
+    data = data != nullptr ? data : form.find(field);
+  }
+  return data != nullptr ? data->place : stretch{};
 }
 
 // A layout without a composite has none that fails.
