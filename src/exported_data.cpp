@@ -4,7 +4,7 @@
 #include <Varnel/mrz/mrz_common.h>
 #include <Varnel/utils.h>
 
-#include "mrz/check_weights.hpp"
+#include "mrz/check_digits.hpp"
 #include "utils/soundex_classes.hpp"
 
 const char DIGITS[11] = "0123456789";

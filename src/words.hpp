@@ -79,11 +79,6 @@ constexpr uint64_t places_on_top(uint64_t marks) { return (marks & MARKS) * UINT
 // These bits, below the top one, in each marked character.
 constexpr uint64_t bits(uint64_t marks, unsigned char bits) { return ((marks & MARKS) >> 7) * bits; }
 
-// How many characters are marked.
-constexpr unsigned count(uint64_t marks) {
-  return static_cast<unsigned>((marks >> 7 & every(1)) * every(1) >> 56);
-}
-
 // Subtracts a number from each character, which is no less.
 constexpr uint64_t less(uint64_t word, unsigned char number) { return word - every(number); }
 
@@ -103,6 +98,9 @@ constexpr unsigned total(plain_sums of) { return of; }
 // them.
 constexpr uint64_t tally(uint64_t counts, uint64_t marks) { return counts + (marks >> 7 & every(1)); }
 constexpr unsigned sum(uint64_t counts) { return static_cast<unsigned>(counts * every(1) >> 56); }
+
+// How many characters are marked.
+constexpr unsigned count(uint64_t marks) { return sum(tally(0, marks)); }
 
 // ---- wide words ------------------------------------------------------------------------------------
 

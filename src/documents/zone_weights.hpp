@@ -5,6 +5,7 @@
 
 #include <Varnel/documents/inspect.h>
 
+#include "../mrz/check_digits.hpp"
 #include "../words.hpp"
 #include "layouts.hpp"
 
@@ -45,7 +46,6 @@ struct zone_weights {
 private:
   // The stretches that a digit covers are in the order of the zone.
   constexpr void weigh(const layout &form, const check_place &check, weighed_stretch &its) {
-    constexpr char cycle[] = {7, 3, 1};
     int weighed = 0;
     for (int i = 0; i < check.covered_count; ++i) {
       const stretch covered = check.covered[i];
@@ -54,7 +54,7 @@ private:
       its.begin = i == 0 ? static_cast<uint8_t>(first / 16 * 16) : its.begin;
       its.end = static_cast<uint8_t>(room_for_line(first + covered.length));
       for (int place = first; place < first + covered.length; ++place) {
-        weights[its.weights + place - its.begin] = cycle[weighed++ % 3];
+        weights[its.weights + place - its.begin] = static_cast<char>(CHECK_WEIGHTS[weighed++ % 3]);
       }
     }
   }

@@ -3,7 +3,7 @@
 #include "../ascii.hpp"
 #include "../view.hpp"
 #include "character_sets.hpp"
-#include "check_weights.hpp"
+#include "check_digits.hpp"
 
 namespace {
 
@@ -54,13 +54,6 @@ struct step_weights {
 
 constexpr step_weights STEP_WEIGHTS;
 
-// The values of a word of characters that all have one: digits as they are counted, letters from 10 on.
-template <class Word> Word values_of(Word word) {
-  const Word letters = words::in_range(word, 'A', 'Z');
-  const Word fillers = words::in_range(word, FILLER, FILLER);
-  return (words::less(word, '0') - words::bits(letters, 'A' - '0' - 10)) & ~words::bits(fillers, 0x7F);
-}
-
 // The sum of a text shorter than a wide word, or NO_SUM.
 constexpr int64_t NO_SUM = -1;
 
@@ -87,7 +80,9 @@ int64_t sum_of_long(const char *str, int len, const char *weights) {
     }
     const words::wide word = words::load<words::wide>(str);
     inside &= mrz_characters::marks(word);
-    words::add_products(values_of(word), words::load<words::wide>(weights), sums);
+    const words::wide values =
+        check_values_of(word, words::in_range(word, 'A', 'Z'), words::in_range(word, FILLER, FILLER));
+    words::add_products(values, words::load<words::wide>(weights), sums);
   }
   return words::all(inside) ? words::total(sums) : NO_SUM;
 }
