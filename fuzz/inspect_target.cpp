@@ -70,6 +70,8 @@ void check_record(const varnel_inspection &inspection, const memory &text) {
     holds(is_text_of_zone(field.text, VARNEL_ZONE_WIDTH), "a field is made of the zone's alphabet");
     holds(field.line < inspection.line_count, "a field's line is one of the zone");
     const char *line = inspection.zone[field.line];
+    holds(field.text_length == strlen(field.text) && field.value_length == strlen(field.value),
+          "lengths are those of the texts");
     holds(field.column + strlen(field.text) <= strlen(line) &&
               std::memcmp(line + field.column, field.text, strlen(field.text)) == 0,
           "a field's text stands in the zone");

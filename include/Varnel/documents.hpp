@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace varnel {
 
@@ -91,10 +92,12 @@ public:
   /** @return which field it is: VARNEL_DOCUMENT_NUMBER and so on. */
   int id() const { return field_->field; }
   /** @return its columns as they stand in the zone. */
-  std::string_view text() const { return field_->text; }
+  std::string_view text() const { return {field_->text, field_->text_length}; }
   /** @return its value; nothing where it has none. */
   std::optional<std::string_view> value() const {
-    return field_->has_value != 0 ? std::optional<std::string_view>(field_->value) : std::nullopt;
+    return field_->has_value != 0
+               ? std::optional<std::string_view>(std::in_place, field_->value, field_->value_length)
+               : std::nullopt;
   }
   /** @return its status. */
   varnel::status status() const { return static_cast<varnel::status>(field_->status); }

@@ -73,6 +73,20 @@ struct first_characters {
 
 constexpr first_characters FIRST;
 
+constexpr int longest_field() {
+  int longest = 0;
+  for (const layout &form : LAYOUTS) {
+    for (const field_place &field : form.fields) {
+      longest = field.place.length > longest ? field.place.length : longest;
+    }
+  }
+  return longest;
+}
+
+// Fields are copied in whole words, which must not reach beyond a record's text or value.
+static_assert((longest_field() + words::SIZE - 1) / words::SIZE * words::SIZE <=
+              static_cast<int>(sizeof(varnel_inspected_field::value)));
+
 // Columns of a line.
 class field_text {
 public:
@@ -162,8 +176,10 @@ void copy_line(char *out, const char *line, int width) {
 }
 
 // A date as ISO 8601 has it: the year's first two digits, then those of the zone, XX for what is unknown.
-void write_date(char *out, int century, const char *digits, int known) {
-  memcpy(out, "00YY-XX-XX", sizeof "00YY-XX-XX");
+// Returns its length.
+int write_date(char *out, int century, const char *digits, int known) {
+  constexpr char UNKNOWN[] = "00YY-XX-XX";
+  memcpy(out, UNKNOWN, sizeof UNKNOWN);
   out[0] = static_cast<char>('0' + century / 10);
   out[1] = static_cast<char>('0' + century % 10);
   memcpy(out + 2, digits, 2);
@@ -173,6 +189,7 @@ void write_date(char *out, int century, const char *digits, int known) {
   if (known > 4) {
     memcpy(out + 8, digits + 4, 2);
   }
+  return sizeof UNKNOWN - 1;
 }
 
 date date_of(const varnel_inspected_field &field) { return {field.year, field.month, field.day}; }
@@ -369,6 +386,7 @@ private:
     field.column = part.column;
     field.source = source_of(part);
     text.copy(field.text);
+    field.text_length = part.length;
     switch (f.kind) {
     case field_kind::code:
       read_code(field);
@@ -427,9 +445,11 @@ private:
     return goes_on ? optional_data_ : f.place;
   }
 
-  static void set(varnel_inspected_field &field, int status, bool has_value) {
+  // A field without value has one of no length.
+  static void set(varnel_inspected_field &field, int status, int value_length) {
     field.status = static_cast<uint8_t>(status);
-    field.has_value = has_value;
+    field.has_value = value_length > 0;
+    field.value_length = static_cast<uint8_t>(value_length);
   }
 
   void notice(const varnel_inspected_field &field, int code) {
@@ -441,14 +461,14 @@ private:
     const char first = field.text[0];
     const char second = field.text[1];
     if (!ascii::is_upper(first)) {
-      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, 0);
       return;
     }
     field.value[0] = first;
     field.value[1] = is_filler(second) ? '\0' : second;
     const bool visa_after_card = second == 'V' && (first == 'A' || first == 'C' || first == 'I');
     set(field, form_.has_first_letter(first) && !visa_after_card ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN,
-        true);
+        is_filler(second) ? 1 : 2);
     if (ascii::is_digit(second)) {
       notice(field, VARNEL_NOTICE_DIGIT_IN_CODE);
     }
@@ -462,17 +482,17 @@ private:
   void read_state(varnel_inspected_field &field, const field_text &text) {
     const int letters = text.length_without_fillers();
     if (text.letters() != places::before(letters)) {
-      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, 0);
       return;
     }
     if (letters == 0) {
-      set(field, VARNEL_STATUS_EMPTY, false);
+      set(field, VARNEL_STATUS_EMPTY, 0);
       return;
     }
     text.copy_words(field.value);
     is_listed_ = is_listed_state(field.value, letters);
     const bool may_stand = is_listed_ || is_residence_permit_code(field.value, letters);
-    set(field, may_stand ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN, true);
+    set(field, may_stand ? VARNEL_STATUS_OK : VARNEL_STATUS_UNKNOWN, letters);
     if (may_stand && !is_listed_) {
       notice(field, VARNEL_NOTICE_CODE_NOT_LISTED);
     }
@@ -480,17 +500,16 @@ private:
 
   void read_name(varnel_inspected_field &field, const field_text &text) {
     if (text.is_empty()) {
-      set(field, VARNEL_STATUS_EMPTY, false);
+      set(field, VARNEL_STATUS_EMPTY, 0);
       return;
     }
     const bool digits = text.has_digit();
     const bool national = form_.id == VARNEL_LAYOUT_TD3 && memcmp(zone_.lines[0], "PNRUS", 5) == 0;
     if ((digits && !national) || has_noise_in_tail(field, text)) {
-      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, 0);
       return;
     }
-    text.copy_words(field.value);
-    set(field, VARNEL_STATUS_OK, true);
+    set(field, VARNEL_STATUS_OK, text.copy_words(field.value));
     if (digits) {
       notice(field, VARNEL_NOTICE_NATIONAL_LETTERS);
     }
@@ -508,11 +527,12 @@ private:
   }
 
   void read_number(varnel_inspected_field &field, const field_text &text) {
-    const int length = text.copy_words(field.value);
-    set(field, length == 0 ? VARNEL_STATUS_EMPTY : VARNEL_STATUS_OK, length != 0);
+    int length = text.copy_words(field.value);
     if (field.field == VARNEL_DOCUMENT_NUMBER && continuation_.length > 0) {
       text_of(continuation_).copy(field.value + length);
+      length += continuation_.length;
     }
+    set(field, length == 0 ? VARNEL_STATUS_EMPTY : VARNEL_STATUS_OK, length);
     if (field.field == VARNEL_PERSONAL_NUMBER && filler_digit_) {
       notice(field, VARNEL_NOTICE_FILLER_DIGIT);
     }
@@ -520,12 +540,12 @@ private:
 
   void read_birth_date(varnel_inspected_field &field, const field_text &text) {
     if (text.is_empty()) {
-      set(field, VARNEL_STATUS_EMPTY, false);
+      set(field, VARNEL_STATUS_EMPTY, 0);
       return;
     }
     const int known = (text.length_without_fillers() + 1) / 2 * 2;
     if (!text.are_digits(known)) {
-      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, 0);
       return;
     }
     // What is unknown is taken as the first month or day where a date has to be compared.
@@ -537,9 +557,9 @@ private:
 
   void read_expiry_date(varnel_inspected_field &field, const field_text &text) const {
     if (text.is_empty()) {
-      set(field, VARNEL_STATUS_EMPTY, false);
+      set(field, VARNEL_STATUS_EMPTY, 0);
     } else if (!text.are_digits(6)) {
-      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, 0);
     } else {
       const int year = expiry_year(two_digits(field.text), reference_.year);
       finish_date(field, {year, two_digits(field.text + 2), two_digits(field.text + 4)}, 6);
@@ -548,24 +568,23 @@ private:
 
   static void finish_date(varnel_inspected_field &field, date d, int known) {
     if (!exists(d)) {
-      set(field, VARNEL_STATUS_NOT_A_DATE, false);
+      set(field, VARNEL_STATUS_NOT_A_DATE, 0);
       return;
     }
     field.year = static_cast<int16_t>(d.year);
     field.month = static_cast<uint8_t>(known > 2 ? d.month : 0);
     field.day = static_cast<uint8_t>(known > 4 ? d.day : 0);
-    write_date(field.value, d.year / 100, field.text, known);
-    set(field, VARNEL_STATUS_OK, true);
+    set(field, VARNEL_STATUS_OK, write_date(field.value, d.year / 100, field.text, known));
   }
 
   void read_sex(varnel_inspected_field &field) {
     const char c = field.text[0];
     if (c != 'M' && c != 'F' && c != 'X' && !is_filler(c)) {
-      set(field, VARNEL_STATUS_BAD_CHARACTERS, false);
+      set(field, VARNEL_STATUS_BAD_CHARACTERS, 0);
       return;
     }
     field.value[0] = is_filler(c) ? 'X' : c;
-    set(field, VARNEL_STATUS_OK, true);
+    set(field, VARNEL_STATUS_OK, 1);
     if (c == 'X') {
       notice(field, VARNEL_NOTICE_SEX_X);
     }

@@ -2,7 +2,14 @@
 
 namespace documents {
 
-void json_writer::take_spare(size_t length) {
+// What was written in the text stays there; what was written in the spare piece is copied as far as it fits.
+char *json_writer::take(const char *end) {
+  if (last_ != spare_) {
+    length_ = static_cast<size_t>(end - out_);
+    last_ = spare_;
+    return spare_;
+  }
+  const size_t length = static_cast<size_t>(end - spare_);
   const size_t free = room_ - length_;
   const size_t written = length < free ? length : free;
   if (written > 0) {
@@ -10,9 +17,11 @@ void json_writer::take_spare(size_t length) {
   }
   length_ += written;
   left_out_ += length - written;
+  return spare_;
 }
 
-int json_writer::finish() {
+int json_writer::finish(const char *end) {
+  take(end);
   if (out_ != nullptr) {
     out_[length_] = '\0';
   }

@@ -6,7 +6,11 @@
 #define VARNEL_SRC_DOCUMENTS_JSON_WRITER_HPP
 
 #include <stddef.h>
+#include <stdint.h>
 #include <string.h>
+
+#include "../view.hpp"
+#include "../words.hpp"
 
 namespace documents {
 
@@ -17,36 +21,46 @@ public:
 
   // Room for `size` bytes, the terminating NUL included; where that is 0 nothing is written to `out`.
   // cppcheck-suppress uninitMemberVar // the spare piece is read as far as it was written
-  json_writer(char *out, size_t size) : out_(size > 0 ? out : nullptr), room_(size > 0 ? size - 1 : 0) {}
+  json_writer(char *out, size_t size)
+      : out_(size > 0 ? out : nullptr), room_(size > 0 ? size - 1 : 0),
+        last_(room_ >= PIECE ? out + (room_ - PIECE) : spare_) {}
 
-  // Where the next piece is to be written.
-  char *begin() { return room_ - length_ >= PIECE ? out_ + length_ : spare_; }
+  // Where the first piece is to be written.
+  char *begin() { return last_ == spare_ ? spare_ : out_; }
 
-  // Takes over the piece up to `end`.
-  void take(const char *end) {
-    if (room_ - length_ >= PIECE) {
-      length_ = static_cast<size_t>(end - out_);
-    } else {
-      take_spare(static_cast<size_t>(end - spare_));
-    }
-  }
+  // Where the piece after one that ended at `end` is to be written.
+  char *next(char *end) { return end <= last_ ? end : take(end); }
 
-  // Ends the text, and returns the length of the whole.
-  int finish();
+  // Ends the text after the last piece, and returns the length of the whole.
+  int finish(const char *end);
 
 private:
-  void take_spare(size_t length);
+  char *take(const char *end);
 
   char *out_;           // null where not even the NUL has room
   size_t room_;         // for text, the NUL left out
-  size_t length_ = 0;   // of what was written, never more than the room
+  char *last_;          // where a piece may begin, at the latest: in the text, then in the spare piece
+  size_t length_ = 0;   // of the text without its last pieces, never more than the room
   size_t left_out_ = 0; // what found no room
   char spare_[PIECE];   // a piece for which there may be no room
 };
 
-// A literal, without its NUL.
-template <size_t Size> char *put(char *at, const char (&literal)[Size]) {
-  memcpy(at, literal, Size - 1);
+// Eight characters of a literal; NUL after its end. Without a loop, so that compilers make a constant of it.
+template <size_t First, size_t Size> VARNEL_INLINE uint64_t word_of(const char (&literal)[Size]) {
+  const auto character = [&](size_t i) {
+    const char c = First + i < Size ? literal[First + i] : '\0';
+    return uint64_t{static_cast<unsigned char>(c)} << 8 * i;
+  };
+  return character(0) | character(1) | character(2) | character(3) | character(4) | character(5) |
+         character(6) | character(7);
+}
+
+// A literal, without its NUL. Whole words are written: the fewer stores, the faster.
+template <size_t First = 0, size_t Size> VARNEL_INLINE char *put(char *at, const char (&literal)[Size]) {
+  words::store(word_of<First>(literal), at + First);
+  if constexpr (First + words::SIZE < Size - 1) {
+    put<First + words::SIZE>(at, literal);
+  }
   return at + Size - 1;
 }
 
@@ -55,15 +69,23 @@ inline char *put(char *at, char c) {
   return at + 1;
 }
 
-// A text of so many characters as a string; none may need a backslash. All of its array is copied.
-template <size_t Size> char *put_string(char *at, const char (&text)[Size], size_t length) {
-  memcpy(at + 1, text, Size);
-  at[0] = at[length + 1] = '"';
-  return at + length + 2;
+// A text of so many characters, of which all of its array may be copied.
+template <size_t Size> char *put_text(char *at, const char (&text)[Size], size_t length) {
+  constexpr size_t MOST_ARE_SHORTER = 16;
+  if constexpr (Size > MOST_ARE_SHORTER) {
+    memcpy(at, text, MOST_ARE_SHORTER);
+    if (length > MOST_ARE_SHORTER) {
+      memcpy(at + MOST_ARE_SHORTER, text + MOST_ARE_SHORTER, Size - MOST_ARE_SHORTER);
+    }
+  } else {
+    memcpy(at, text, Size);
+  }
+  return at + length;
 }
 
-template <size_t Size> char *put_string(char *at, const char (&text)[Size]) {
-  return put_string(at, text, strlen(text));
+// The same as a string; no character may need a backslash.
+template <size_t Size> char *put_string(char *at, const char (&text)[Size], size_t length) {
+  return put(put_text(put(at, '"'), text, length), '"');
 }
 
 // A string of which no character needs a backslash; null for a null pointer.

@@ -8,22 +8,22 @@ using namespace documents;
 namespace {
 
 struct meaning {
-  char code[3];
+  char letter;
   char text[72];
 };
 
-// Doc 9303-4, section 4.4: the second letters of passports.
+// Doc 9303-4, section 4.4: the second letters of passports, whose first is P.
 constexpr meaning PASSPORT_MEANINGS[] = {
-    {"PP", "national / ordinary passport"},
-    {"PE", "emergency passport"},
-    {"PD", "diplomatic passport"},
-    {"PO", "official / service passport"},
-    {"PR", "refugee passport"},
-    {"PT", "alien / non-citizen passport"},
-    {"PS", "stateless passport"},
-    {"PL", "laissez-passer"},
-    {"PM", "military passport"},
-    {"PU", "single-sheet emergency travel document (Part 8; not a passport book)"},
+    {'P', "national / ordinary passport"},
+    {'E', "emergency passport"},
+    {'D', "diplomatic passport"},
+    {'O', "official / service passport"},
+    {'R', "refugee passport"},
+    {'T', "alien / non-citizen passport"},
+    {'S', "stateless passport"},
+    {'L', "laissez-passer"},
+    {'M', "military passport"},
+    {'U', "single-sheet emergency travel document (Part 8; not a passport book)"},
 };
 
 constexpr char CREW_MEMBER[] = "crew member certificate";
@@ -37,9 +37,9 @@ state state_of(const char *code) {
   return find_state(code, length);
 }
 
-// Whether `code` is the code of two letters.
-bool is_code(const char *code, const char *letters) {
-  return code[0] == letters[0] && code[1] == letters[1] && code[2] == '\0';
+// The second letter of a code that begins with this one and has two; else NUL.
+char letter_after(char first, const char *code) {
+  return code[0] == first && code[1] != '\0' && code[2] == '\0' ? code[1] : '\0';
 }
 
 bool is_layout(int layout) { return layout > VARNEL_LAYOUT_NONE && layout < LAYOUT_COUNT; }
@@ -59,14 +59,15 @@ const char *varnel_document_code_meaning(int layout, const char *code) {
   if (code == nullptr) {
     return nullptr;
   }
-  if (layout == VARNEL_LAYOUT_TD1 && is_code(code, "AC")) {
-    return CREW_MEMBER;
+  if (layout == VARNEL_LAYOUT_TD1) {
+    return letter_after('A', code) == 'C' ? CREW_MEMBER : nullptr;
   }
-  if (layout != VARNEL_LAYOUT_TD3) {
+  const char letter = layout == VARNEL_LAYOUT_TD3 ? letter_after('P', code) : '\0';
+  if (letter == '\0') {
     return nullptr;
   }
   for (const meaning &m : PASSPORT_MEANINGS) {
-    if (is_code(code, m.code)) {
+    if (m.letter == letter) {
       return m.text;
     }
   }

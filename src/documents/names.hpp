@@ -22,9 +22,9 @@ inline constexpr char FINDING_NAMES[][16] = {"", VARNEL_FINDINGS(VARNEL_NAME_ONL
 inline constexpr char LAYOUT_NAMES[][7] = {"", "TD1", "TD2", "TD3", "MRV-A", "MRV-B", "FRA-ID"};
 inline constexpr char KIND_NAMES[][9] = {"", "card", "card", "passport", "visa", "visa", "card"};
 inline constexpr char VERDICT_NAMES[][9] = {"refused", "doubtful", "valid", "repaired", "voted"};
-inline constexpr char STATUS_NAMES[][14] = {"empty",   "badCharacters", "notADate",
+inline constexpr char STATUS_NAMES[][16] = {"empty",   "badCharacters", "notADate",
                                             "unknown", "checkFailed",   "ok"};
-inline constexpr char PROOF_NAMES[][10] = {"none", "list", "composite", "digit", "digits"};
+inline constexpr char PROOF_NAMES[][16] = {"none", "list", "composite", "digit", "digits"};
 inline constexpr char REPAIR_NAMES[][8] = {"off", "columns", "digits"};
 inline constexpr char CHANGE_NAMES[][7] = {"", "class", "filler", "digit", "twin"};
 inline constexpr char RULE_NAMES[][7] = {"", "plain", "filler"};

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -35,6 +36,11 @@ TEST(Vectors, TheWholeJsonOfEachText) {
     const std::string text = read_file(path);
     const json expected = json::parse(read_file(path.replace_extension(".json")));
     EXPECT_EQ(support::inspect_to_json(text), expected.dump()) << path;
+    const varnel_inspection record = inspect(text);
+    for (const varnel_inspected_field &field : record.fields) {
+      EXPECT_EQ(field.text_length, std::strlen(field.text)) << path;
+      EXPECT_EQ(field.value_length, std::strlen(field.value)) << path;
+    }
     ++count;
     seen.insert(expected["layout"].dump());
     for (const char *list : {"findings", "notices"}) {

@@ -200,7 +200,8 @@ TEST(CleanUp, EveryCodePoint) {
   const std::string before = SPECIMEN.substr(0, 13);
   support::every_nth turn;
   for (long c = 1; c <= 0x10FFFF; c += c < 0x3200 || (c >= 0xF000 && c < 0x10000) ? 1 : 97) {
-    if ((c >= 0xD800 && c <= 0xDFFF) || !turn.is_next()) {
+    const bool may_be_left_out = c >= 0x500; // nothing below, where nearly every look-alike is
+    if ((c >= 0xD800 && c <= 0xDFFF) || (may_be_left_out && !turn.is_next())) {
       continue;
     }
     std::string utf8;

@@ -139,6 +139,8 @@ typedef struct varnel_inspected_field {
   varnel_source source; /**< where it stands in the input; 0 to 0 in a zone combined from several looks */
   char text[VARNEL_ZONE_WIDTH + 1];  /**< its columns as they stand, NUL-terminated */
   char value[VARNEL_ZONE_WIDTH + 1]; /**< its value, NUL-terminated; empty without one */
+  uint8_t text_length;               /**< characters in `text` */
+  uint8_t value_length;              /**< characters in `value` */
 } varnel_inspected_field;
 
 /** A check digit of the zone. */
