@@ -43,7 +43,9 @@ struct zone_line {
       all_letters |= places_of(letter_marks) << i;
       all_fillers |= places_of(filler_marks) << i;
       if (counts != nullptr) {
-        words::store(check_values_of(word, letter_marks, filler_marks), counts + i);
+        words::store(words::less(word, '0') - words::bits(letter_marks, 'A' - '0' - 10) -
+                         words::bits(filler_marks, FILLER - '0'),
+                     counts + i);
       }
     }
     letters = all_letters;

@@ -7,84 +7,61 @@
 
 namespace {
 
-// Stands for the value of a character that has none; the values are 0 to 35.
-constexpr unsigned NO_VALUE = 0x80;
+// How many characters are added up at a time: so many that the next ones begin at the same place in the cycle
+// of weights.
+constexpr int STEP = 15;
 
-// The value of every byte in a check-digit sum.
-struct check_values {
-  unsigned char of[256] = {};
+// Stands for what a character adds that has no value: more than all others of a step together.
+constexpr uint16_t NO_VALUE = 0x1000;
+static_assert(STEP * 35 * 7 < NO_VALUE && STEP * NO_VALUE <= UINT16_MAX);
 
-  constexpr check_values() {
-    for (int c = 0; c < 256; ++c) {
-      of[c] = static_cast<unsigned char>(value(c));
+// What every byte adds to a check-digit sum, by its place in the cycle of weights.
+struct weighted_values {
+  uint16_t of[3][256] = {};
+
+  constexpr weighted_values() {
+    for (int place = 0; place < 3; ++place) {
+      for (int c = 0; c < 256; ++c) {
+        of[place][c] = has_value(c) ? static_cast<uint16_t>(value(c) * CHECK_WEIGHTS[place]) : NO_VALUE;
+      }
     }
   }
 
 private:
-  static constexpr unsigned value(int c) {
-    if (ascii::is_digit(c)) {
-      return static_cast<unsigned>(c - '0');
-    }
-    if (ascii::is_upper(c)) {
-      return static_cast<unsigned>(c - 'A' + 10);
-    }
-    return c == FILLER ? 0 : NO_VALUE;
+  static constexpr bool has_value(int c) { return ascii::is_digit(c) || ascii::is_upper(c) || c == FILLER; }
+
+  static constexpr int value(int c) {
+    return ascii::is_digit(c) ? c - '0' : ascii::is_upper(c) ? c - 'A' + 10 : 0;
   }
 };
 
-constexpr check_values CHECK_VALUES;
+constexpr weighted_values WEIGHTED;
 
-// So many characters of a wide word count at a time that the next ones begin at the same place in the cycle
-// of weights.
-constexpr int STEP = words::WIDE_SIZE / 3 * 3;
-
-// Their weights, from each place in the cycle on. What stands before and after them weighs nothing.
-struct step_weights {
-  static constexpr int BEGIN = words::WIDE_SIZE;
-  char of[3][BEGIN + words::WIDE_SIZE] = {};
-
-  constexpr step_weights() {
-    for (int place = 0; place < 3; ++place) {
-      for (int i = 0; i < STEP; ++i) {
-        of[place][BEGIN + i] = static_cast<char>(CHECK_WEIGHTS[(place + i) % 3]);
-      }
-    }
+// The sum of the first STEP characters, or of all if there are fewer, at least one; the first weighs 7. It is
+// not below NO_VALUE where one has no value. Straight from the last character to the first: a loop would take
+// half as long again.
+unsigned sum_of_step(const unsigned char *text, int length) {
+  uint16_t sum = WEIGHTED.of[0][text[0]];
+  const auto add = [&](int i) { sum = static_cast<uint16_t>(sum + WEIGHTED.of[i % 3][text[i]]); };
+  switch (length) {
+  // clang-format off
+  default: add(14); [[fallthrough]];
+  case 14: add(13); [[fallthrough]];
+  case 13: add(12); [[fallthrough]];
+  case 12: add(11); [[fallthrough]];
+  case 11: add(10); [[fallthrough]];
+  case 10: add(9); [[fallthrough]];
+  case  9: add(8); [[fallthrough]];
+  case  8: add(7); [[fallthrough]];
+  case  7: add(6); [[fallthrough]];
+  case  6: add(5); [[fallthrough]];
+  case  5: add(4); [[fallthrough]];
+  case  4: add(3); [[fallthrough]];
+  case  3: add(2); [[fallthrough]];
+  case  2: add(1); [[fallthrough]];
+  case  1: return sum;
+    // clang-format on
   }
-};
-
-constexpr step_weights STEP_WEIGHTS;
-
-// The sum of a text shorter than a wide word, or NO_SUM.
-constexpr int64_t NO_SUM = -1;
-
-int64_t sum_of_short(const char *str, int len, const char *weights) {
-  unsigned sum = 0;
-  unsigned values = 0; // the bits of all
-  for (; len > 0; --len, ++str, ++weights) {
-    const unsigned value = CHECK_VALUES.of[static_cast<unsigned char>(*str)];
-    sum += value * static_cast<unsigned>(*weights);
-    values |= value;
-  }
-  return values < NO_VALUE ? sum : NO_SUM;
-}
-
-// The same, of a text of a wide word or more.
-int64_t sum_of_long(const char *str, int len, const char *weights) {
-  words::sums sums = {};
-  words::wide inside = ~words::wide{};
-  for (; len > 0; len -= STEP, str += STEP) {
-    // The last word begins before what is left of the text, where nothing has any weight.
-    if (len < words::WIDE_SIZE) {
-      str -= words::WIDE_SIZE - len;
-      weights -= words::WIDE_SIZE - len;
-    }
-    const words::wide word = words::load<words::wide>(str);
-    inside &= mrz_characters::marks(word);
-    const words::wide values =
-        check_values_of(word, words::in_range(word, 'A', 'Z'), words::in_range(word, FILLER, FILLER));
-    words::add_products(values, words::load<words::wide>(weights), sums);
-  }
-  return words::all(inside) ? words::total(sums) : NO_SUM;
 }
 
 } // namespace
@@ -101,19 +78,29 @@ int MRZ_common_calc_control_sum(const char *str, int len, int *pos) {
   if (str == nullptr) {
     return -1;
   }
+  const auto *text = reinterpret_cast<const unsigned char *>(str);
   // Unsigned, so that no length and no position can overflow.
   const unsigned position = pos != nullptr ? static_cast<unsigned>(*pos) : 0;
-  len = larger(len, 0);
-  const char *const weights = STEP_WEIGHTS.of[position % 3] + step_weights::BEGIN;
-  const int64_t sum =
-      len < words::WIDE_SIZE ? sum_of_short(str, len, weights) : sum_of_long(str, len, weights);
-  if (sum == NO_SUM) {
-    return -1;
+  unsigned sum = 0;
+  int left = len;
+  for (unsigned place = position % 3; place != 0 && left > 0; place = place == 2 ? 0 : 2, --left) {
+    const unsigned added = WEIGHTED.of[place][*text++];
+    if (added >= NO_VALUE) {
+      return -1;
+    }
+    sum += added;
+  }
+  for (; left > 0; left -= STEP, text += STEP) {
+    const unsigned added = sum_of_step(text, left);
+    if (added >= NO_VALUE) {
+      return -1;
+    }
+    sum += added;
   }
   if (pos != nullptr) {
-    *pos = static_cast<int>(position + static_cast<unsigned>(len));
+    *pos = static_cast<int>(position + static_cast<unsigned>(larger(len, 0)));
   }
-  return static_cast<int>(static_cast<unsigned>(sum));
+  return static_cast<int>(sum);
 }
 
 int MRZ_common_validate_control_sum(int sum, char c) {

@@ -200,7 +200,7 @@ TEST(ControlSum, RefusesOtherCharactersAndLeavesThePosition) {
   }
 }
 
-// Fifteen characters are added up at a time, and the last ones with some of those before.
+// Fifteen characters are added up at a time.
 TEST(ControlSum, OfAnyLengthIsThatOfTheCharacters) {
   for (const int length : lengths_from_0_to(100, {766, 767, 768, 1535, 5000})) {
     for (int start = 0; start < 4; ++start) {
