@@ -5,6 +5,7 @@
 
 #include "../utf8.hpp"
 #include "../words.hpp"
+#include "text_reader.hpp"
 
 namespace documents {
 
@@ -12,13 +13,15 @@ namespace {
 
 using kind = character_kind;
 
+constexpr unsigned char byte(char c) { return static_cast<unsigned char>(c); }
+
 // The letters of other scripts that look like Latin ones.
 struct look_alike {
   uint16_t code_point;
   char letter;
 };
 
-// The block of Greek and Cyrillic capitals and small letters, U+0391 to U+0458.
+// In the order of their code points.
 constexpr look_alike LOOK_ALIKES[] = {
     // Greek capitals
     {0x391, 'A'},
@@ -64,10 +67,10 @@ constexpr look_alike LOOK_ALIKES[] = {
     {0x458, 'J'},
 };
 
-constexpr uint32_t FIRST_LOOK_ALIKE = 0x391;
-constexpr uint32_t LAST_LOOK_ALIKE = 0x458;
+constexpr uint32_t FIRST_LOOK_ALIKE = LOOK_ALIKES[0].code_point;
+constexpr uint32_t LAST_LOOK_ALIKE = LOOK_ALIKES[sizeof LOOK_ALIKES / sizeof *LOOK_ALIKES - 1].code_point;
 
-// The letter that each of these code points looks like, or NUL.
+// The letter that each code point from the first to the last looks like, or NUL.
 struct look_alike_table {
   char letters[LAST_LOOK_ALIKE - FIRST_LOOK_ALIKE + 1] = {};
 
@@ -131,14 +134,8 @@ constexpr character read_code_point(uint32_t c, uint8_t length) {
 // Reads a character of more than one byte, or a byte that is none.
 character read_sequence(const char *text, uint32_t size) {
   const int length = utf8::sequence_length(text, size);
-  if (length == 1) {
-    return {kind::dropped, '\0', 1};
-  }
-  uint32_t c = static_cast<unsigned char>(text[0]) & (0xFFu >> (length + 1));
-  for (int i = 1; i < length; ++i) {
-    c = c << 6 | (static_cast<unsigned char>(text[i]) & 0x3Fu);
-  }
-  return read_code_point(c, static_cast<uint8_t>(length));
+  return length > 1 ? read_code_point(decode(text, length), static_cast<uint8_t>(length))
+                    : character{kind::dropped, '\0', 1};
 }
 
 constexpr char FILLER_ENTITY[] = {'&', 'l', 't', ';'};
@@ -150,7 +147,7 @@ bool begins_with_filler_entity(const char *text, uint32_t size) {
 } // namespace
 
 character read_character(const char *text, uint32_t size) {
-  const unsigned char c = static_cast<unsigned char>(text[0]);
+  const unsigned char c = byte(text[0]);
   if (c >= 128) {
     return read_sequence(text, size);
   }
@@ -165,8 +162,6 @@ character read_character(const char *text, uint32_t size) {
 
 namespace {
 
-constexpr unsigned char byte(char c) { return static_cast<unsigned char>(c); }
-
 constexpr bool is_line_end_of_ascii(char c) { return c >= '\n' && c <= '\r'; }
 
 // What a byte adds to the kept characters of its line, by the byte before it: a row for each byte that begins
@@ -180,6 +175,12 @@ struct pair_table {
   uint16_t row_after[256] = {}; // where the row begins
   uint8_t adds[ROWS * ROW] = {};
 
+  template <size_t Count> constexpr void look_closer(int lead, const unsigned char (&second)[Count]) {
+    for (const unsigned char c : second) {
+      adds[row_after[lead] + c] = byte_table::LOOK_CLOSER;
+    }
+  }
+
   constexpr pair_table() {
     for (int row = 0; row < ROWS; ++row) {
       for (int c = 0; c < 128; ++c) {
@@ -189,23 +190,12 @@ struct pair_table {
     for (int i = 1; i < ROWS; ++i) {
       row_after[LEADS[i - 1]] = static_cast<uint16_t>(i * ROW);
     }
-    look_closer(0xC2, {0x85, 0xAB, 0xBB, 0xBB}); // NEL and the double signs
+    look_closer(0xC2, {0x85, 0xAB, 0xBB});       // NEL and the double signs
     look_closer(0xE2, {0x80, 0x89, 0x8C, 0x9F}); // line ends and signs for the filler
-    look_closer(0xE3, {0x80, 0x80, 0x80, 0x80});
-    look_closer(0xEF, {0xBC, 0xBD, 0xBD, 0xBD}); // full-width forms
+    look_closer(0xE3, {0x80});
+    look_closer(0xEF, {0xBC, 0xBD}); // full-width forms
     for (const look_alike &l : LOOK_ALIKES) {
       adds[row_after[0xC0 | l.code_point >> 6] + (0x80 | (l.code_point & 0x3F))] = byte_table::ADDS_ONE;
-    }
-  }
-
-private:
-  struct four_bytes {
-    unsigned char of[4];
-  };
-
-  constexpr void look_closer(int lead, four_bytes second) {
-    for (const unsigned char c : second.of) {
-      adds[row_after[lead] + c] = byte_table::LOOK_CLOSER;
     }
   }
 };

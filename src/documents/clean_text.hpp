@@ -26,7 +26,7 @@ enum class character_kind : uint8_t {
 
 struct character {
   character_kind kind;
-  char as;        // what a kept character is read as
+  char as;        // what a kept character is read as; NUL for any other
   uint8_t length; // in bytes
 };
 

@@ -29,7 +29,7 @@ struct original {
 original read_original(const char *text, const noisy_line &line, int i) {
   const char *bytes = text + line.at[i];
   const character c = read_character(bytes, line.end - line.at[i]);
-  return {bytes, c.length, c.kind == character_kind::dropped ? '\0' : c.as};
+  return {bytes, c.length, c.as};
 }
 
 // Lists what stands in the zone otherwise than in the text.
