@@ -5,6 +5,7 @@
 #include "support.hpp"
 
 #include <cstring>
+#include <string_view>
 
 namespace {
 
@@ -13,7 +14,7 @@ using support::TODAY;
 const std::string SPECIMEN = support::SPECIMENS[2].zone;
 
 // The JSON is what a JSON library writes of the plain inspection, and every offset lies inside the text.
-void expect_sound(const std::string &text) {
+void expect_sound(std::string_view text) {
   const varnel_inspection read = support::inspect(text);
   ASSERT_EQ(support::to_json(read), plain::inspect(text, {TODAY.year, TODAY.month, TODAY.day}));
   const auto is_inside = [&text](const varnel_source &source) {
@@ -72,6 +73,20 @@ TEST(AnyBytes, EveryPartOfAText) {
     expect_sound({begin.data(), begin.size()});
     const std::vector<char> end(text.end() - static_cast<std::ptrdiff_t>(size), text.end());
     expect_sound({end.data(), end.size()});
+  }
+}
+
+// The same of lines in other scripts, whose bytes are passed over in words of their own.
+TEST(AnyBytes, LinesOfOtherScriptsThatEndWithTheText) {
+  for (const char *letter : {"\u00E9", "\u03B1", "\u0416", "\u3042", "\u20AC", "\U0001F600", "\u00E9 "}) {
+    for (size_t size = 1; size <= 100; ++size) {
+      std::string line;
+      while (line.size() < size) {
+        line += letter;
+      }
+      const std::vector<char> text(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(size));
+      expect_sound({text.data(), text.size()});
+    }
   }
 }
 

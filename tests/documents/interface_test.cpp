@@ -200,7 +200,8 @@ TEST(CleanUp, EveryCodePoint) {
   const std::string before = SPECIMEN.substr(0, 13);
   support::every_nth turn;
   for (long c = 1; c <= 0x10FFFF; c += c < 0x3200 || (c >= 0xF000 && c < 0x10000) ? 1 : 97) {
-    const bool may_be_left_out = c >= 0x500; // nothing below, where nearly every look-alike is
+    // Nothing where nearly every look-alike is, nor around the full-width letters.
+    const bool may_be_left_out = c >= 0x500 && (c < 0xFF00 || c > 0xFF60);
     if ((c >= 0xD800 && c <= 0xDFFF) || (may_be_left_out && !turn.is_next())) {
       continue;
     }
@@ -285,6 +286,45 @@ TEST(CleanUp, DroppedCharactersOfALineAreOneNotice) {
   EXPECT_EQ(dropped_lines(run.substr(0, 45) + "*" + run.substr(45)), lines{1});
   EXPECT_EQ(dropped_lines(SPECIMEN.substr(0, 10) + "\xEF\xBB\xBF" + SPECIMEN.substr(10)), lines());
   EXPECT_EQ(dropped_lines(SPECIMEN.substr(0, 10) + "\x80" + SPECIMEN.substr(10)), lines{0});
+}
+
+// A byte above ASCII before one that begins a character: neither adds anything to its line.
+TEST(CleanUp, BytesThatAreNoCharacter) {
+  for (int first = 0x80; first <= 0xFF; ++first) {
+    std::string text;
+    for (size_t i = 0; i < SPECIMEN.size(); ++i) {
+      const int second = 0xC0 + static_cast<int>(i % 64);
+      text += SPECIMEN[i];
+      text += {static_cast<char>(first), static_cast<char>(second)};
+    }
+    const varnel_inspection inspection = inspect(text);
+    EXPECT_EQ(support::zone_of(inspection), SPECIMEN) << first;
+    EXPECT_EQ(inspection.verdict, VARNEL_VERDICT_VALID) << first;
+  }
+}
+
+// A text is as long as its size says, though what follows in memory would be read as one more character, by
+// itself or with the text's last bytes.
+TEST(CleanUp, WhatFollowsTheTextIsNotRead) {
+  const struct {
+    const char *end;
+    const char *following;
+  } rows[] = {
+      {"", "A"},    {"", "\u0410"},   {"\xCE", "\x91"},     {"\xD0", "\x90"},     {"\xD1", "\x81"},
+      {"&", "lt;"}, {"\xC2", "\xAB"}, {"\xE2\x80", "\xB9"}, {"\xE2", "\x80\xB9"},
+  };
+  const std::string first = SPECIMEN.substr(0, 45);
+  const std::string second = SPECIMEN.substr(45, 44);
+  for (const auto &row : rows) {
+    for (const char *begin : {"", "\u00E9", "\u0416", "\u3042"}) { // each is passed over in another way
+      for (size_t spaces = 0; spaces < 32; ++spaces) {
+        const std::string text = first + begin + std::string(spaces, ' ') + second + row.end;
+        const std::string memory = text + row.following + std::string(32, 'A');
+        const varnel_inspection inspection = inspect(std::string_view(memory.data(), text.size()));
+        EXPECT_EQ(support::zone_of(inspection), SPECIMEN) << memory;
+      }
+    }
+  }
 }
 
 // Two fillers made of one sign share its bytes.
