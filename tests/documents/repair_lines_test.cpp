@@ -82,6 +82,11 @@ TEST(RepairOfLines, Symbols) {
     expect({1, TOP + misread, "repaired", TOP + replaced(LOW, "F", "<"),
             std::string("1:20 ") + symbol + ">< filler", ""});
   }
+  // In a number too it is changed for what stands there, not for the check digit.
+  for (const char *symbol : {"(", "{", "\xC2\xA2", "\xC2\xA9"}) {
+    expect({2, TOP + "L898902" + symbol + LOW.substr(8), "repaired", TOP + LOW,
+            std::string("1:7 ") + symbol + ">C class", ""});
+  }
 }
 
 // What looks like no character of a zone is noise, and leaves the names in doubt.
