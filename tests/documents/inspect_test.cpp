@@ -23,6 +23,14 @@ std::string read_file(const std::filesystem::path &path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// What a record has no use for says nothing.
+template <class Entry, size_t Count> void expect_zero_from(const Entry (&entries)[Count], size_t first) {
+  const Entry zero = {};
+  for (size_t i = first; i < Count; ++i) {
+    EXPECT_EQ(std::memcmp(&entries[i], &zero, sizeof zero), 0) << i;
+  }
+}
+
 // ---- whole answers ----------------------------------------------------------------------------------
 
 TEST(Vectors, TheWholeJsonOfEachText) {
@@ -41,6 +49,13 @@ TEST(Vectors, TheWholeJsonOfEachText) {
       EXPECT_EQ(field.text_length, std::strlen(field.text)) << path;
       EXPECT_EQ(field.value_length, std::strlen(field.value)) << path;
     }
+    for (const varnel_check &check : record.checks) {
+      EXPECT_LE(check.holds, 1) << path;
+    }
+    expect_zero_from(record.fields, record.field_count);
+    expect_zero_from(record.checks, record.check_count);
+    expect_zero_from(record.findings, record.finding_count);
+    expect_zero_from(record.notices, record.notice_count);
     ++count;
     seen.insert(expected["layout"].dump());
     for (const char *list : {"findings", "notices"}) {
@@ -336,6 +351,13 @@ TEST(Rules, PlacesOfEmptyNames) {
   EXPECT_EQ(field["text"], "");
   EXPECT_EQ(field["column"], 44);
   EXPECT_EQ(field["source"], json({{"start", 44}, {"end", 44}}));
+  // The same after a look-alike of two bytes.
+  p.names = "<<ANNA";
+  field = inspected("\u0420" + p.zone().substr(1))["fields"]["primaryIdentifier"];
+  EXPECT_EQ(field["source"], json({{"start", 6}, {"end", 6}}));
+  p.names = "ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJK<<";
+  field = inspected("\u0420" + p.zone().substr(1))["fields"]["secondaryIdentifier"];
+  EXPECT_EQ(field["source"], json({{"start", 45}, {"end", 45}}));
 }
 
 TEST(Rules, DocumentNumber) {
