@@ -52,6 +52,7 @@ TEST(Vectors, TheWholeJsonOfEachText) {
     for (const varnel_check &check : record.checks) {
       EXPECT_LE(check.holds, 1) << path;
     }
+    EXPECT_TRUE(record.expired >= -1 && record.expired <= 1) << path;
     expect_zero_from(record.fields, record.field_count);
     expect_zero_from(record.checks, record.check_count);
     expect_zero_from(record.findings, record.finding_count);
@@ -321,6 +322,9 @@ TEST(Rules, NamesOfRussianInternalPassportsMayHaveDigits) {
   expect_field(p.zone(), "secondaryIdentifier", {"badCharacters", nullptr, {"badCharacters"}});
   p.code = "P<";
   expect_field(p.zone(), "primaryIdentifier", {"badCharacters", nullptr, {"badCharacters"}});
+  p.code = "PN";
+  p.issuer = "RUA";
+  expect_field(p.zone(), "primaryIdentifier", {"badCharacters", nullptr, {"badCharacters"}});
 }
 
 // Where the field's last column is a letter, the name may have been cut: both parts of it.
@@ -425,6 +429,7 @@ TEST(Rules, LongDocumentNumbers) {
     EXPECT_EQ(check["column"], row.optional_column - 1);
     EXPECT_EQ(check["found"], check["expected"]);
     EXPECT_EQ(check["holds"], true);
+    EXPECT_EQ(read["chipAccess"], row.value + std::string(check["found"]) + "84051173105102");
   }
   // What is no long number is a short one with a wrong digit.
   for (const char *first : {"IDUTO600001795<0153<<<<<<<<<<<",    // a digit that fits neither way
@@ -539,6 +544,11 @@ TEST(Rules, BirthYearBeforeCalendar) {
   expect_field(p.zone(), "birthDate", {"ok", "2000-02-29", {}}, {2000, 2, 29, 0});
   p.birth = "99<<<<";
   expect_field(p.zone(), "birthDate", {"notADate", nullptr, {"notADate"}}, {98, 1, 1, 0}); // before year 1
+  // What is unknown may be as early as can be.
+  p.birth = "26<<<<";
+  expect_field(p.zone(), "birthDate", {"ok", "2026-XX-XX", {}}, {2026, 1, 1, 0});
+  p.birth = "2601<<";
+  expect_field(p.zone(), "birthDate", {"ok", "2026-01-XX", {}}, {2026, 1, 1, 0});
 }
 
 TEST(Rules, ExpiryDate) {
