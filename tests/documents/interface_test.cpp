@@ -94,7 +94,9 @@ TEST(Json, RoomIsAsSnprintfHasIt) {
     ASSERT_EQ(out[written], '\0');
     ASSERT_EQ(out[room], '#') << "nothing is written beyond the room";
   }
-  char out[4];
+  char out[4] = "###";
+  EXPECT_EQ(varnel_inspection_json(&inspection, out, 0), length);
+  EXPECT_STREQ(out, "###");
   EXPECT_EQ(varnel_inspection_json(nullptr, out, sizeof out), ERR_INVALID_ARGS);
   EXPECT_EQ(varnel_inspection_json(&inspection, nullptr, 1), ERR_INVALID_ARGS);
 }
