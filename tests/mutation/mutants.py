@@ -279,7 +279,7 @@ def name_of_block(tokens, opening):
             break
         i -= 1
     name = tokens[i - 1] if i > 0 else None
-    if name is None or name.kind != "word" or name.text in ("if", "for", "while", "switch"):
+    if name is None or name.kind != "word" or name.text in ("if", "for", "while", "switch", "constexpr"):
         return ""
     return name.text
 
