@@ -63,9 +63,6 @@ const char *varnel_document_code_meaning(int layout, const char *code) {
     return letter_after('A', code) == 'C' ? CREW_MEMBER : nullptr;
   }
   const char letter = layout == VARNEL_LAYOUT_TD3 ? letter_after('P', code) : '\0';
-  if (letter == '\0') {
-    return nullptr;
-  }
   for (const meaning &m : PASSPORT_MEANINGS) {
     if (m.letter == letter) {
       return m.text;
