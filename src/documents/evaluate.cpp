@@ -389,36 +389,33 @@ private:
     field.source = source_of(part);
     text.copy(field.text);
     field.text_length = part.length;
-    switch (f.kind) {
-    case field_kind::code:
-      read_code(field);
-      break;
-    case field_kind::state:
-      read_state(field, text);
-      break;
-    case field_kind::names:
-      field.truncated = ascii::is_upper(at(f.place)[f.place.length - 1]);
-      read_name(field, text);
-      break;
-    case field_kind::number:
-      read_number(field, text);
-      break;
-    case field_kind::birth_date:
-      read_birth_date(field, text);
-      break;
-    case field_kind::expiry_date:
-      read_expiry_date(field, text);
-      break;
-    case field_kind::sex:
-      read_sex(field);
-      break;
-    }
+    read_value(f, text, field);
     const varnel_check *check = check_of(f.field);
     const bool fails = check != nullptr && !check->holds;
     if (field.status == VARNEL_STATUS_OK && !fails) {
       field.proof = static_cast<uint8_t>(proof_of(field, f.kind, check));
     } else {
       note(field, fails);
+    }
+  }
+
+  void read_value(const field_place &f, const field_text &text, varnel_inspected_field &field) {
+    switch (f.kind) {
+    case field_kind::code:
+      return read_code(field);
+    case field_kind::state:
+      return read_state(field, text);
+    case field_kind::names:
+      field.truncated = ascii::is_upper(at(f.place)[f.place.length - 1]);
+      return read_name(field, text);
+    case field_kind::number:
+      return read_number(field, text);
+    case field_kind::birth_date:
+      return read_birth_date(field, text);
+    case field_kind::expiry_date:
+      return read_expiry_date(field, text);
+    case field_kind::sex:
+      return read_sex(field);
     }
   }
 
