@@ -315,15 +315,18 @@ TEST(CleanUp, WhatFollowsTheTextIsNotRead) {
       {"", "A"},    {"", "\u0410"},   {"\xCE", "\x91"},     {"\xD0", "\x90"},     {"\xD1", "\x81"},
       {"&", "lt;"}, {"\xC2", "\xAB"}, {"\xE2\x80", "\xB9"}, {"\xE2", "\x80\xB9"},
   };
-  const std::string first = SPECIMEN.substr(0, 45);
-  const std::string second = SPECIMEN.substr(45, 44);
-  for (const auto &row : rows) {
-    for (const char *begin : {"", "\u00E9", "\u0416", "\u3042"}) { // each is passed over in another way
-      for (size_t spaces = 0; spaces < 32; ++spaces) {
-        const std::string text = first + begin + std::string(spaces, ' ') + second + row.end;
-        const std::string memory = text + row.following + std::string(32, 'A');
-        const varnel_inspection inspection = inspect(std::string_view(memory.data(), text.size()));
-        EXPECT_EQ(support::zone_of(inspection), SPECIMEN) << memory;
+  for (const support::specimen &s : support::SPECIMENS) {
+    const std::string zone = s.zone;
+    const size_t last_line = zone.rfind('\n', zone.size() - 2) + 1;
+    for (const auto &row : rows) {
+      for (const char *begin : {"", "\u00E9", "\u0416", "\u3042"}) { // each is passed over in another way
+        for (size_t spaces = 0; spaces < 32; ++spaces) {
+          std::string text = zone.substr(0, zone.size() - 1) + row.end;
+          text.insert(last_line, begin + std::string(spaces, ' '));
+          const std::string memory = text + row.following + std::string(32, 'A');
+          const varnel_inspection inspection = inspect(std::string_view(memory.data(), text.size()));
+          EXPECT_EQ(support::zone_of(inspection), zone) << memory;
+        }
       }
     }
   }
@@ -440,6 +443,16 @@ TEST(Search, AFillerOfAnyKindTellsANearMiss) {
        {"", ">", "&gt;", "&lt", "\uFF1D", "\u2038", "\u2265", "\u3007", "\u27E9", "\u00AA", "\u300B",
         "\uFF2C", "\u0416\u041C", "\xE3\x80", "\xEF\xBC", "\x9C\xBC\xEF", "\xC2"}) {
     EXPECT_EQ(code_of(other), "noZone") << other;
+  }
+  const std::string letters = std::string(44, 'Q') + "\n" + std::string(40, 'Q');
+  EXPECT_EQ(inspected(letters + "<Q")["findings"][0]["code"], "length"); // in the last line
+  // After the text there is none, though it goes on in memory.
+  for (const auto &[end, following] :
+       {std::pair("", "<"), std::pair("&lt", ";"), std::pair("\xC2", "\xAB")}) {
+    const std::string text = letters + end;
+    const std::string memory = text + following;
+    EXPECT_EQ(inspected(std::string_view(memory.data(), text.size()))["findings"][0]["code"], "noZone")
+        << end;
   }
 }
 
