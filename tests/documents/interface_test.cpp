@@ -416,7 +416,9 @@ TEST(Search, RefusalsForALength) {
   EXPECT_EQ(nearest(line(30) + line(29) + line(31)), expected("TD1", 30, {30, 29, 31}));
   EXPECT_EQ(nearest(line(30) + line(29)), "null");
   EXPECT_EQ(nearest(line(26) + line(34) + line(30)), expected("TD1", 30, {26, 34, 30}));
+  EXPECT_EQ(nearest(line(30) + line(30) + line(26)), expected("TD1", 30, {30, 30, 26}));
   EXPECT_EQ(nearest(line(25) + line(30) + line(30)), "null");
+  EXPECT_EQ(nearest(line(30) + line(30) + line(25)), "null");
   // A filler among the lines.
   EXPECT_EQ(nearest(line(44, "Q") + line(43, "Q")), "null");
   EXPECT_EQ(nearest(line(44, "Q") + line(43, "<")), expected("TD3", 44, {44, 43}));
