@@ -53,6 +53,9 @@ TEST(Vectors, TheWholeJsonOfEachText) {
       EXPECT_LE(check.holds, 1) << path;
     }
     EXPECT_TRUE(record.expired >= -1 && record.expired <= 1) << path;
+    for (const varnel_finding &finding : record.findings) {
+      EXPECT_TRUE(finding.line >= -1 && finding.column >= -1) << path;
+    }
     expect_zero_from(record.fields, record.field_count);
     expect_zero_from(record.checks, record.check_count);
     expect_zero_from(record.findings, record.finding_count);

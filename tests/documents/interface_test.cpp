@@ -474,6 +474,17 @@ TEST(All, InTheOrderOfThePageUpToTheRoom) {
   }
 }
 
+TEST(All, ZonesWithoutLineBreaks) {
+  std::string run = SPECIMEN;
+  run.erase(44, 1);
+  const std::string text = run + run + "text\n" + run;
+  std::vector<varnel_inspection> records(5);
+  ASSERT_EQ(varnel_inspect_all(text.data(), text.size(), &TODAY, records.data(), 5), 3);
+  EXPECT_EQ(records[0].source[0].start, 0u);
+  EXPECT_EQ(records[1].source[0].start, run.size());
+  EXPECT_EQ(records[2].source[0].start, 2 * run.size() + 5);
+}
+
 TEST(All, ATextWithoutAZoneIsARefusal) {
   varnel_inspection record;
   const std::string text = "Q<ZZZ\n";
