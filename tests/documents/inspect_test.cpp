@@ -262,6 +262,7 @@ TEST(Rules, States) {
       {"<<<", {"empty", nullptr, {"empty"}}},
       {"ZZZ", {"unknown", "ZZZ", {"unknown"}}},
       {"XXJ", {"unknown", "XXJ", {"unknown"}}},
+      {"AXK", {"unknown", "AXK", {"unknown"}}},
       {"DDR", {"unknown", "DDR", {"unknown"}}},
       {"UT<", {"unknown", "UT", {"unknown"}}},
       {"U<O", {"badCharacters", nullptr, {"badCharacters"}}},

@@ -55,7 +55,7 @@ TEST(States, InAlphabeticalOrder) {
 }
 
 TEST(States, WhatIsNoCode) {
-  for (const char *code : {"", "d", "uto", "U O", "<<<", "D<<", "UT", "UTOO", "0TO", "1", "AB1", "A\x80"}) {
+  for (const char *code : {"", "d", "uto", "U O", "<<<", "D<<", "UT", "UTOO", "0TO", "1", "B1B", "AB1", "A\x80"}) {
     EXPECT_EQ(find_state(code, static_cast<int>(std::string(code).size())).name, nullptr) << code;
     EXPECT_EQ(varnel_state_name(code), nullptr) << code;
     EXPECT_EQ(varnel_state_alpha2(code), nullptr) << code;
