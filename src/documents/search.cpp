@@ -133,8 +133,6 @@ void read_zone(const char *text, const line_window &window, candidate c,
   zone.differing = 0;
   for (int i = 0; i < VARNEL_ZONE_LINES; ++i) {
     zone.is_plain[i] = zone.dropped[i] = false;
-  }
-  for (int i = 0; i < c.form.lines; ++i) {
     words::store(words::wide{}, zone.lines[i] + c.form.width); // read with the line's last word
   }
   const text_line *lines = window.last(c.lines);

@@ -66,6 +66,15 @@ TEST(Arguments, DatesThatExist) {
   EXPECT_EQ(inspected("", {1, 2, 3, 0})["date"], "0001-02-03");
 }
 
+TEST(Arguments, TheAnswerSaysHowFarRepairMayGo) {
+  const std::vector<std::pair<int, std::string>> rows = {
+      {VARNEL_REPAIR_OFF, "off"}, {VARNEL_REPAIR_COLUMNS, "columns"}, {VARNEL_REPAIR_DIGITS, "digits"}};
+  for (const auto &[repair, name] : rows) {
+    EXPECT_EQ(inspected(SPECIMEN, {2026, 11, 21, repair})["repair"], name);
+    EXPECT_EQ(inspected("no zone", {2026, 11, 21, repair})["repair"], name);
+  }
+}
+
 TEST(Arguments, AnEmptyTextIsRefusedAsATextWithoutAZone) {
   varnel_inspection inspection;
   EXPECT_EQ(varnel_inspect(nullptr, 0, &TODAY, &inspection), ERR_OK);
@@ -188,6 +197,8 @@ TEST(Names, EveryNumber) {
   EXPECT_EQ(shapes, "0x0 0x0 3x30 2x36 2x44 2x44 2x36 2x36 0x0 ");
   EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, nullptr), nullptr);
   EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, ""), nullptr);
+  const std::vector<char> exact = {'P', '\0'}; // nothing is read beyond it
+  EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, exact.data()), nullptr);
   EXPECT_EQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, "PPP"), nullptr);
   EXPECT_STREQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD3, "PD"), "diplomatic passport");
   EXPECT_STREQ(varnel_document_code_meaning(VARNEL_LAYOUT_TD1, "AC"), "crew member certificate");
