@@ -432,6 +432,7 @@ TEST(Search, RefusalsForALength) {
   EXPECT_EQ(nearest(line(30) + line(30) + line(25)), "null");
   // A filler among the lines.
   EXPECT_EQ(nearest(line(44, "Q") + line(43, "Q")), "null");
+  EXPECT_EQ(nearest("<<<<<\n" + line(44, "Q") + line(43, "Q")), "null");
   EXPECT_EQ(nearest(line(44, "Q") + line(43, "<")), expected("TD3", 44, {44, 43}));
   // The least sum; of equal ones the last on the page; then the wider.
   EXPECT_EQ(nearest(line(44) + line(43) + "x\n" + line(36) + line(33)), expected("TD3", 44, {44, 43}));
