@@ -150,7 +150,7 @@ public:
   search(passage p, const varnel_inspect_options &options, varnel_inspection &inspection)
       : passage_(p), options_(options), inspection_(inspection) {}
 
-  bool run() {
+  void run() {
     line_reader lines(passage_);
     text_line line;
     while (lines.next(line)) {
@@ -165,12 +165,9 @@ public:
     }
     if (best_score_ == 0) {
       refuse();
-      return false;
-    }
-    if (!best_is_written_) {
+    } else if (!best_is_written_) {
       write(best_window_, best_);
     }
-    return true;
   }
 
 private:
@@ -366,8 +363,8 @@ private:
 
 } // namespace
 
-bool find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection) {
-  return search(p, options, inspection).run();
+void find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection) {
+  search(p, options, inspection).run();
 }
 
 int find_zones(passage p, const varnel_inspect_options &options, varnel_inspection *inspections,

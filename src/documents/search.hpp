@@ -7,9 +7,8 @@
 
 namespace documents {
 
-// Finds the best zone of the passage and writes the whole record; without a zone, a refusal. Returns
-// whether there is a zone.
-bool find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection);
+// Finds the best zone of the passage and writes the whole record; without a zone, a refusal.
+void find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection);
 
 // Finds the zones of the passage that do not overlap, the best first, and writes up to `capacity` records,
 // at least 1, in the order of the page. Returns how many it wrote. Records beyond those may be written over.

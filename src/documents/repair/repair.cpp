@@ -166,20 +166,20 @@ void inspect_first(passage zone, passage page, const varnel_inspect_options &opt
 } // namespace
 
 // Where no zone can be read by units, or one as it stands has more digits that hold, that one is taken.
-bool find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection) {
+void find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection) {
   found_zone found;
   if (!find_reading(p, p, extent::whole_passage, options.repair, found)) {
-    return documents::find_zone(p, options, inspection);
+    documents::find_zone(p, options, inspection);
+    return;
   }
   write_inspection(p.text, found, options, inspection);
   if (found.zone.failures > 0) {
     const int score = digits_score_of(inspection);
-    if (documents::find_zone(p, options, inspection) && digits_score_of(inspection) > score) {
-      return true;
+    documents::find_zone(p, options, inspection);
+    if (digits_score_of(inspection) <= score) { // nor has a refusal more
+      write_inspection(p.text, found, options, inspection);
     }
-    write_inspection(p.text, found, options, inspection);
   }
-  return true;
 }
 
 // Two walks for each zone, so that the plain search before it need not share the stack with what was found.

@@ -9,7 +9,7 @@
 namespace documents::repair {
 
 // As documents::find_zone and documents::find_zones, for options that ask for repair.
-bool find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection);
+void find_zone(passage p, const varnel_inspect_options &options, varnel_inspection &inspection);
 int find_zones(passage p, const varnel_inspect_options &options, varnel_inspection *inspections,
                int capacity);
 
