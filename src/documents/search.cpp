@@ -353,12 +353,12 @@ private:
   const int capacity_;
   int found_ = 0;
   // The cluster: where its first line begins and which line that is, its lines up to the last zone's end,
-  // and their scores.
+  // their scores, and the shape of its zones.
   uint32_t begin_ = 0;
   int first_ = 0;
   int count_ = 0;
-  candidate form_ = NO_CANDIDATE;
   uint16_t scores_[MOST_LINES];
+  candidate form_ = NO_CANDIDATE;
 };
 
 } // namespace

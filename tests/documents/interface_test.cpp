@@ -475,8 +475,8 @@ TEST(Search, AFillerOfAnyKindTellsANearMiss) {
 TEST(All, InTheOrderOfThePageUpToTheRoom) {
   const std::string card = support::SPECIMENS[0].zone;
   const std::string text = SPECIMEN + card + "text\n" + SPECIMEN;
-  std::vector<varnel_inspection> records(5);
   for (int room = 1; room <= 5; ++room) {
+    std::vector<varnel_inspection> records(static_cast<size_t>(room)); // nothing is written beyond them
     ASSERT_EQ(varnel_inspect_all(text.data(), text.size(), &TODAY, records.data(), room), std::min(room, 3));
     const std::vector<size_t> starts = {0, SPECIMEN.size(), SPECIMEN.size() + card.size() + 5};
     for (size_t i = 0; i < static_cast<size_t>(std::min(room, 3)); ++i) {
