@@ -2,15 +2,10 @@
 #ifndef VARNEL_SRC_DOCUMENTS_CHECK_DIGIT_HPP
 #define VARNEL_SRC_DOCUMENTS_CHECK_DIGIT_HPP
 
-#include "../ascii.hpp"
+#include "../mrz/check_digits.hpp"
 #include "layouts.hpp"
 
 namespace documents {
-
-// What a character of a zone counts: digits themselves, A to Z 10 to 35, the filler (and anything else) 0.
-constexpr int check_value(char c) {
-  return ascii::is_digit(c) ? c - '0' : ascii::is_upper(c) ? c - 'A' + 10 : 0;
-}
 
 namespace detail {
 

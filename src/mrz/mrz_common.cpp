@@ -22,17 +22,13 @@ struct weighted_values {
   constexpr weighted_values() {
     for (int place = 0; place < 3; ++place) {
       for (int c = 0; c < 256; ++c) {
-        of[place][c] = has_value(c) ? static_cast<uint16_t>(value(c) * CHECK_WEIGHTS[place]) : NO_VALUE;
+        of[place][c] = has_value(c) ? static_cast<uint16_t>(check_value(c) * CHECK_WEIGHTS[place]) : NO_VALUE;
       }
     }
   }
 
 private:
   static constexpr bool has_value(int c) { return ascii::is_digit(c) || ascii::is_upper(c) || c == FILLER; }
-
-  static constexpr int value(int c) {
-    return ascii::is_digit(c) ? c - '0' : ascii::is_upper(c) ? c - 'A' + 10 : 0;
-  }
 };
 
 constexpr weighted_values WEIGHTED;
