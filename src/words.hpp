@@ -155,15 +155,16 @@ inline unsigned total(sums of) {
   return static_cast<unsigned>(halves[0] + halves[1] + (halves[0] >> 32) + (halves[1] >> 32));
 }
 
-// Compared as signed numbers, which every processor with vectors can.
+// Compared as signed numbers, which every processor with vectors can: those of the range become the greatest,
+// which takes an instruction less than the least.
 inline wide in_range(wide word, char low, char high) {
   using signed_wide = signed char __attribute__((vector_size(16)));
   if (low == high) {
     return reinterpret_cast<wide>(word == static_cast<unsigned char>(low));
   }
-  const wide from_least = word - static_cast<unsigned char>(low + 0x80);
-  return reinterpret_cast<wide>(reinterpret_cast<signed_wide>(from_least) <
-                                static_cast<signed char>(high - low + 1 - 0x80));
+  const wide from_greatest = word + static_cast<unsigned char>(0x7F - high);
+  return reinterpret_cast<wide>(reinterpret_cast<signed_wide>(from_greatest) >
+                                static_cast<signed char>(0x7F - (high - low + 1)));
 }
 
 inline wide of_ascii(wide marks, wide) { return marks; } // those of other characters are right already
