@@ -46,6 +46,13 @@ constexpr int first(set places) { return first_by_count(places); }
 constexpr int last(set places) { return last_by_count(places); }
 #endif
 
+// The places between the first and the last of a set, which must not be empty, that are not in it. Mostly
+// there are none: adding to the first of a row of places carries beyond the last of them.
+constexpr set inner(set places) {
+  const set first = lowest(places);
+  return ((places + first) & places) == 0 ? 0 : ~places & from(first) & before(last(places));
+}
+
 } // namespace places
 
 #endif

@@ -1,5 +1,5 @@
-// A field of a zone, or a part of one, and where its letters are. Found once, a word at a time, they say
-// where a name is split and what becomes a space.
+// A field of a zone and where its letters are. Found once, a word at a time, they say where a name is split
+// and what becomes a space.
 #ifndef VARNEL_SRC_MRZ_FILLED_TEXT_HPP
 #define VARNEL_SRC_MRZ_FILLED_TEXT_HPP
 
@@ -12,19 +12,19 @@ struct filled_text {
   places::set letters; // and digits: all but fillers; places from `len` on may be those of text after it
 
   places::set fillers() const { return ~letters & places::before(len); }
-
-  filled_text from(int start) const { return {str + start, len - start, letters >> start}; }
-  filled_text first(int length) const { return {str, length, letters}; }
-
-  // Without the fillers at both ends; of fillers only, nothing is left. Of a whole field, which no text
-  // follows.
-  filled_text trimmed() const {
-    if (letters == 0) {
-      return first(0);
-    }
-    return first(places::last(letters) + 1).from(places::first(letters));
-  }
 };
+
+// A part of a field that begins and ends with a letter, or has nothing in it.
+struct filled_part {
+  int start;
+  int end;             // the place after its last character
+  places::set fillers; // those in it, by their places in the field
+};
+
+// The field without the fillers at both ends; there must be a letter.
+inline filled_part trimmed(filled_text field) {
+  return {places::first(field.letters), places::last(field.letters) + 1, places::inner(field.letters)};
+}
 
 // Where the letters of eight characters of a zone are, in the highest byte. Adds to `digits`, as marks,
 // whether there are digits among them.

@@ -5,14 +5,10 @@
 #include "filled_text.hpp"
 #include "fillers.hpp"
 
-// Where the parts of a name stand in its field: from the first character to the one after the last.
 struct name_places {
-  int last; // the primary identifier
-  int last_end;
-  int first; // the first of the secondary identifiers
-  int first_end;
-  int middle; // the others
-  int end;
+  filled_part last;   // the primary identifier
+  filled_part first;  // the first of the secondary identifiers
+  filled_part middle; // the others
 };
 
 // Splits a name field that is not of fillers only. Sets of places are cut by arithmetic, which costs less
@@ -22,20 +18,20 @@ inline name_places split_name(filled_text field) {
   const places::set start = places::lowest(letters);
   const places::set pairs = ~(letters | letters >> 1); // the first fillers of every "<<", after the name too
   const places::set separator = places::lowest(pairs & places::from(start));
+  const int end = places::last(letters) + 1;
   name_places parts;
-  parts.last = places::first(start);
-  parts.last_end = places::first(separator);
-  parts.end = places::last(letters) + 1;
+  parts.last = {places::first(start), places::first(separator), ~letters & (separator - start)};
   places::set first = places::lowest(letters & places::from(separator));
   if (first == 0) { // one run of words: the first is the primary identifier
     const places::set last_end = places::lowest(~letters & places::from(start));
-    parts.last_end = places::first(last_end);
+    parts.last = {parts.last.start, places::first(last_end), 0};
     first = places::lowest(letters & places::from(last_end));
   }
   const places::set first_end = places::lowest(~letters & places::from(first));
-  parts.first = first != 0 ? places::first(first) : parts.end;
-  parts.first_end = first != 0 ? places::first(first_end) : parts.end;
-  parts.middle = smaller(parts.first_end + 1, parts.end);
+  parts.first =
+      first != 0 ? filled_part{places::first(first), places::first(first_end), 0} : filled_part{end, end, 0};
+  parts.middle = {smaller(parts.first.end + 1, end), end,
+                  ~letters & places::from(first_end << 1) & places::before(end)};
   return parts;
 }
 

@@ -21,9 +21,15 @@ int check_and_read(int layout, const char *zone, int length, PARSE_RESULT *resul
 
 // Lets `read_lines` write to the record's slots and to its text, from the end of that on.
 template <class ReadLines> int read_into(PARSE_RESULT *result, ReadLines read_lines) {
-  char *const start = record::free_space(result);
-  const progress done = read_lines(slots{result->fields, start + record::free_size(result)}, start);
-  result->data_size += static_cast<int>(done.end - start);
+  little_room little;
+  char *const start =
+      record::free_size(result) > MOST_TEXT ? record::free_space(result) : little.lend(result);
+  const progress done = read_lines(slots{result->fields}, start);
+  if (little.is_lent(start)) {
+    little.move_to(result, done.end);
+  } else {
+    result->data_size += static_cast<int>(done.end - start);
+  }
   return done.accepted ? ERR_OK : ERR_INVALID_FORMAT;
 }
 

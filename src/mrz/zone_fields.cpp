@@ -15,7 +15,7 @@ void copy_short(char *out, const char *text, int length) {
   } else if (length >= 4) {
     memcpy(out, text, 4);
     memcpy(out + length - 4, text + length - 4, 4);
-  } else if (length > 0) {
+  } else {
     out[0] = text[0];
     out[length / 2] = text[length / 2];
     out[length - 1] = text[length - 1];
@@ -23,42 +23,16 @@ void copy_short(char *out, const char *text, int length) {
 }
 
 // Copies a text of the zone with every run of fillers as one space.
-int copy_words(char *out, int o_len, STRING text) {
+int copy_words(char *out, STRING text) {
   int written = 0;
-  int i = 0;
-  while (true) {
-    const int end = i + smaller(text.len - i, o_len - written);
-    while (i < end && !is_filler(text.str[i])) {
-      out[written++] = text.str[i++];
-    }
-    if (i >= end) {
-      return written;
-    }
-    out[written++] = ' ';
-    while (i < text.len && is_filler(text.str[i])) {
-      ++i;
+  for (int i = 0; i < text.len; ++i) {
+    if (!is_filler(text.str[i])) {
+      out[written++] = text.str[i];
+    } else if (i == 0 || !is_filler(text.str[i - 1])) {
+      out[written++] = ' ';
     }
   }
-}
-
-// Stores a NUL after a text, unless that would take the last byte.
-char *terminated(char *end, const char *limit) {
-  if (limit - end > 1) {
-    *end++ = '\0';
-  }
-  return end;
-}
-
-// Writes the characters of a field from `from` to `to`, which begin and end with a letter.
-char *append_part(STRING &slot, char *end, char *limit, filled_text field, int from, int to) {
-  const int length = to - from;
-  return mrz::append_text(slot, end, limit, field.str + from, length,
-                          ~field.letters >> from & places::before(length));
-}
-
-// The same of a word, which has no fillers.
-char *append_word(STRING &slot, char *end, char *limit, filled_text field, int from, int to) {
-  return mrz::append_text(slot, end, limit, field.str + from, to - from, 0);
+  return written;
 }
 
 // Reads the year of a date in the 1900s. Of the characters of a zone, digits are those below 0x3A.
@@ -72,51 +46,54 @@ bool read_year(uint64_t date, int &year) {
 }
 
 // As utils_write_field_date() of a date whose last six digits stand in the zone.
-VARNEL_INLINE char *append_date(STRING &slot, char *end, char *limit, int year, uint64_t date) {
+VARNEL_INLINE char *append_date(STRING &slot, char *end, int year, uint64_t date) {
   constexpr int length = 8;
-  if (limit - end < length) {
-    return end;
-  }
   const uint64_t century = words::load<uint64_t>(year < 2000 ? "19\0\0\0\0\0" : "20\0\0\0\0\0");
   words::store(century | date << 16, end);
+  end[length] = '\0';
   slot = STRING{end, length};
-  return terminated(end + length, limit);
+  return end + length + 1;
 }
 
-} // namespace
-
-// Runs of fillers are rare, and so is a buffer that the values do not fit.
-char *mrz::append_text(STRING &slot, char *end, char *limit, const char *text, int length,
-                       places::set fillers) {
-  if ((fillers & fillers >> 1) != 0 || limit - end < length + 2 || length == 0) {
-    return append_slowly(slot, end, limit, text, length);
+// append_part() at once. Runs of fillers and empty parts are rare.
+VARNEL_INLINE char *append_here(STRING &slot, char *end, const char *field, filled_part part) {
+  const char *const text = field + part.start;
+  const int length = part.end - part.start;
+  if ((part.fillers & part.fillers >> 1) != 0 || length == 0) {
+    return mrz::append_slowly(slot, end, STRING{text, length});
   }
   copy_short(end, text, length);
-  for (; fillers != 0; fillers &= fillers - 1) {
-    end[places::first(fillers)] = ' ';
+  for (places::set left = part.fillers; left != 0; left &= left - 1) {
+    end[places::first(left) - part.start] = ' ';
   }
   slot = STRING{end, length};
   end[length] = '\0';
   return end + length + 1;
 }
 
-VARNEL_SELDOM char *mrz::append_slowly(STRING &slot, char *end, char *limit, const char *text, int length) {
-  const int room = static_cast<int>(limit - end);
-  const int written = copy_words(end, room, STRING{text, length});
+} // namespace
+
+char *mrz::append_part(STRING &slot, char *end, const char *field, filled_part part) {
+  return append_here(slot, end, field, part);
+}
+
+VARNEL_SELDOM char *mrz::append_slowly(STRING &slot, char *end, STRING text) {
+  const int written = copy_words(end, text);
   if (written < 1) {
     slot = STRING{nullptr, 0};
     return end;
   }
   slot = STRING{end, written};
-  return terminated(end + written, limit);
+  end[written] = '\0';
+  return end + written + 1;
 }
 
-mrz::progress mrz::append_code_slowly(STRING &slot, char *end, char *limit, const char *code) {
+VARNEL_SELDOM mrz::progress mrz::append_code_slowly(STRING &slot, char *end, const char *code) {
   const STRING whole = {code, 3};
   if (!mrz_code_characters::covers_short(whole)) {
     return {end, false};
   }
-  return {append_slowly(slot, end, limit, code, code_letters(whole).len), true};
+  return {append_slowly(slot, end, code_letters(whole)), true};
 }
 
 mrz::progress mrz::append_names(slots to, char *end, STRING name) {
@@ -125,10 +102,10 @@ mrz::progress mrz::append_names(slots to, char *end, STRING name) {
   if ((digits & words::MARKS) != 0 || field.letters == 0) {
     return {end, false};
   }
-  const name_places at = split_name(field);
-  end = append_part(to[FIELD_FAMILY_NAME], end, to.limit, field, at.last, at.last_end);
-  end = append_word(to[FIELD_FIRST_NAME], end, to.limit, field, at.first, at.first_end);
-  return {append_part(to[FIELD_MIDDLE_NAME], end, to.limit, field, at.middle, at.end), true};
+  const name_places parts = split_name(field);
+  end = append_here(to[FIELD_FAMILY_NAME], end, name.str, parts.last);
+  end = append_here(to[FIELD_FIRST_NAME], end, name.str, parts.first);
+  return {append_here(to[FIELD_MIDDLE_NAME], end, name.str, parts.middle), true};
 }
 
 mrz::progress mrz::append_dates_and_sex(slots to, char *end, const char *dates, int reference_year,
@@ -137,23 +114,16 @@ mrz::progress mrz::append_dates_and_sex(slots to, char *end, const char *dates, 
   const uint64_t expiry_date = words::load<uint64_t>(dates + 8);
   const char letter = dates[7];
   const auto append_sex = [&] {
-    if (letter != 'M' && letter != 'F') {
-      return;
+    if (letter == 'M' || letter == 'F') {
+      end = append_known(to[FIELD_SEX], end, &letter, 1);
     }
-    if (end >= to.limit) {
-      to[FIELD_SEX] = STRING{nullptr, 0};
-      return;
-    }
-    to[FIELD_SEX] = STRING{end, 1};
-    *end++ = letter;
-    end = terminated(end, to.limit);
   };
   int birth_year = 0;
   if (!read_year(birth_date, birth_year)) {
     return {end, false};
   }
   birth_year += birth_year + 100 < reference_year ? 100 : 0;
-  end = append_date(to[FIELD_BIRTH_DATE], end, to.limit, birth_year, birth_date);
+  end = append_date(to[FIELD_BIRTH_DATE], end, birth_year, birth_date);
   if (place == sex::BETWEEN_THE_DATES) {
     append_sex();
   }
@@ -162,9 +132,42 @@ mrz::progress mrz::append_dates_and_sex(slots to, char *end, const char *dates, 
     return {end, false};
   }
   expiry_year += expiry_year < birth_year ? 100 : 0;
-  end = append_date(to[FIELD_EXPIRATION_DATE], end, to.limit, expiry_year, expiry_date);
+  end = append_date(to[FIELD_EXPIRATION_DATE], end, expiry_year, expiry_date);
   if (place == sex::LAST) {
     append_sex();
   }
   return {end, true};
+}
+
+VARNEL_SELDOM char *mrz::little_room::lend(const PARSE_RESULT *result) {
+  birth_date_ = result->fields[FIELD_BIRTH_DATE];
+  expiration_date_ = result->fields[FIELD_EXPIRATION_DATE];
+  return text_;
+}
+
+// Texts stand here in the order in which they were written, each with the NUL after it.
+VARNEL_SELDOM void mrz::little_room::move_to(PARSE_RESULT *result, const char *end) const {
+  for (const char *text = text_; text < end; text += text_length(text) + 1) {
+    for (int field = 0; field < FIELD_COUNT; ++field) {
+      if (result->fields[field].value.str == text) {
+        move(result, field);
+      }
+    }
+  }
+}
+
+VARNEL_SELDOM void mrz::little_room::move(PARSE_RESULT *result, int field) const {
+  const STRING value = result->fields[field].value;
+  const int room = record::free_size(result);
+  if (field == FIELD_BIRTH_DATE && value.len > room) {
+    result->fields[field] = birth_date_;
+  } else if (field == FIELD_EXPIRATION_DATE && value.len > room) {
+    result->fields[field] = expiration_date_;
+  } else {
+    const int written = smaller(value.len, room);
+    if (written > 0) {
+      memcpy(record::free_space(result), value.str, static_cast<size_t>(written));
+    }
+    record::fill_slot(result, field, written);
+  }
 }

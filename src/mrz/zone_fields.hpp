@@ -17,37 +17,58 @@ struct progress {
   bool accepted;
 };
 
-// The slots to be written, and where the room for their text ends.
+// The slots to be written.
 struct slots {
   FIELD *fields;
-  char *limit;
 
   STRING &operator[](int field) const { return fields[field].value; }
-  int room(const char *end) const { return static_cast<int>(limit - end); }
 };
 
-// ---- values of one slot: written to `end`, and returned is where the text ends then
-// --------------------------
+// No zone gives more text than a passport may: its state, name, dates, sex, nationality, numbers and type,
+// each with the NUL after it.
+constexpr int MOST_TEXT = 4 + 40 + 2 * 9 + 2 + 4 + 10 + 15 + 9;
+
+// Takes the text of a zone where the record has no more room than that, and moves it there as far as it fits:
+// the last NUL would not.
+class little_room {
+public:
+  // Where to write what the slots of this record will point to.
+  char *lend(const PARSE_RESULT *result);
+  bool is_lent(const char *start) const { return start == text_; }
+
+  // Each value in turn takes as much as is left, as utils_write_field() and utils_write_field_date() do: a
+  // text is cut, a date that does not fit leaves its slot as it was.
+  void move_to(PARSE_RESULT *result, const char *end) const;
+
+private:
+  void move(PARSE_RESULT *result, int field) const;
+
+  char text_[MOST_TEXT];
+  FIELD birth_date_; // as they were
+  FIELD expiration_date_;
+};
+
+// ---- values of one slot --------------------------------------------------------------------------------
+//
+// They are written to `end`, and returned is where the text ends then. There is room for MOST_TEXT from where
+// the text of the zone begins.
 
 // As utils_write_field() with fillers to be replaced by spaces and runs of spaces to be collapsed.
-char *append_text(STRING &slot, char *end, char *limit, const char *text, int length, places::set fillers);
+char *append_part(STRING &slot, char *end, const char *field, filled_part part);
 
-// The same for any room, one character at a time.
-char *append_slowly(STRING &slot, char *end, char *limit, const char *text, int length);
+// The same of any text, one character at a time.
+char *append_slowly(STRING &slot, char *end, STRING text);
 
 // Writes a text without fillers, of a length that the compiler knows.
-VARNEL_INLINE char *append_known(slots to, int field, char *end, const char *text, int length) {
-  if (to.room(end) <= length + 1) {
-    return append_slowly(to[field], end, to.limit, text, length);
-  }
+VARNEL_INLINE char *append_known(STRING &slot, char *end, const char *text, int length) {
   memcpy(end, text, static_cast<size_t>(length));
   end[length] = '\0';
-  to[field] = STRING{end, length};
+  slot = STRING{end, length};
   return end + length + 1;
 }
 
 VARNEL_INLINE char *append_document_type(slots to, char *end, const layout &layout) {
-  return append_known(to, FIELD_DOCUMENT_TYPE, end, layout.document_type, text_length(layout.document_type));
+  return append_known(to[FIELD_DOCUMENT_TYPE], end, layout.document_type, text_length(layout.document_type));
 }
 
 // A number of fillers only empties the slot, or leaves it alone.
@@ -56,29 +77,30 @@ enum class fillers_only { EMPTY_THE_SLOT, LEAVE_THE_SLOT };
 // A number without its outer fillers, inner ones as spaces.
 VARNEL_INLINE char *append_number(slots to, int field, char *end, STRING number, fillers_only effect) {
   uint64_t digits = 0;
-  filled_text found = find_letters(number, digits);
+  const filled_text found = find_letters(number, digits);
   if (found.fillers() == 0) {
-    return append_known(to, field, end, number.str, number.len);
+    return append_known(to[field], end, number.str, number.len);
   }
-  if (found.letters == 0 && effect == fillers_only::LEAVE_THE_SLOT) {
-    return end;
+  if (found.letters != 0) {
+    return append_part(to[field], end, number.str, trimmed(found));
   }
-  found = found.trimmed();
-  return append_text(to[field], end, to.limit, found.str, found.len, found.fillers());
+  if (effect == fillers_only::EMPTY_THE_SLOT) {
+    to[field] = STRING{nullptr, 0};
+  }
+  return end;
 }
 
-// ---- several values, or one that may be refused
-// --------------------------------------------------------------
+// ---- several values, or one that may be refused --------------------------------------------------------
 
-progress append_code_slowly(STRING &slot, char *end, char *limit, const char *code);
+progress append_code_slowly(STRING &slot, char *end, const char *code);
 
 // The letters of a country code of three characters.
 VARNEL_INLINE progress append_country_code(slots to, int field, char *end, const char *code) {
   constexpr int LETTER = 0x40; // of the characters of a zone, letters alone have this bit
   if ((code[0] & code[1] & code[2] & LETTER) == 0) {
-    return append_code_slowly(to[field], end, to.limit, code);
+    return append_code_slowly(to[field], end, code);
   }
-  return {append_known(to, field, end, code, 3), true};
+  return {append_known(to[field], end, code, 3), true};
 }
 
 // Family name, first name and middle name, in that order.

@@ -10,6 +10,7 @@
 
 #include <Varnel/Varnel.hpp>
 
+#include "mrz/zone_fields.hpp"
 #include "reference.hpp"
 #include "support.hpp"
 #include "vectors.hpp"
@@ -213,22 +214,42 @@ TEST(Entry, StartsEveryTextWithAnEmptyRecord) {
   EXPECT_EQ(std::string(buffer, sizeof buffer), std::string(sizeof buffer, '\0'));
 }
 
+// Zones of which every value is as long as it can be, and the name a single one.
+const std::string LONGEST_VALUES[] = {
+    with(with(PASSPORT, 5, std::string(39, 'A')), 44 + 28, "ZE184226BZE184"),
+    with(TD2_CARD, 5, std::string(31, 'A')),
+    with(TD1_CARD, 60, std::string(30, 'A')),
+    with(LONG_VISA, 5, std::string(39, 'A')),
+    with(SHORT_VISA, 5, std::string(31, 'A')),
+};
+
 TEST(Entry, AcceptsABufferOfAnySize) {
-  for (const std::string *zone : {&PASSPORT, &TD2_CARD, &TD1_CARD, &LONG_VISA, &SHORT_VISA}) {
+  std::vector<std::string> zones = {PASSPORT, TD2_CARD, TD1_CARD, LONG_VISA, SHORT_VISA};
+  zones.insert(zones.end(), std::begin(LONGEST_VALUES), std::end(LONGEST_VALUES));
+  for (const std::string &zone : zones) {
     for (int size = 1; size <= 120; ++size) {
-      SCOPED_TRACE("buffer of " + std::to_string(size));
+      SCOPED_TRACE(zone + " in a buffer of " + std::to_string(size));
       support::Lent ours(size);
       support::Lent plain(size);
       PARSE_RESULT record;
       PARSE_RESULT expected;
-      const int length = static_cast<int>(zone->size());
-      EXPECT_EQ(varnel_parse_mrz(zone->data(), length, &record, ours.data(), size), ERR_OK);
-      EXPECT_EQ(reference::parse_mrz(zone->data(), length, &expected, plain.data(), size), ERR_OK);
+      const int length = static_cast<int>(zone.size());
+      EXPECT_EQ(varnel_parse_mrz(zone.data(), length, &record, ours.data(), size), ERR_OK);
+      EXPECT_EQ(reference::parse_mrz(zone.data(), length, &expected, plain.data(), size), ERR_OK);
       EXPECT_EQ(ours.shown(), plain.shown());
       EXPECT_EQ(record.data_size, expected.data_size);
       EXPECT_EQ(filled(record), filled(expected));
       EXPECT_TRUE(ours.guards_intact());
     }
+  }
+}
+
+// With as much room as that, a zone is read without a look at what is left of it.
+TEST(Entry, NeedsNoMoreRoomThanTheLongestPassport) {
+  EXPECT_EQ(reading(LONGEST_VALUES[0]).record.data_size, 102);
+  EXPECT_EQ(mrz::MOST_TEXT, 102);
+  for (const std::string &zone : LONGEST_VALUES) {
+    EXPECT_LE(reading(zone).record.data_size, mrz::MOST_TEXT) << zone;
   }
 }
 
@@ -558,6 +579,18 @@ TEST(Leftovers, InAFullBuffer) {
   EXPECT_EQ(image(record), "UTO~D23145890~19740812~F~U");
   EXPECT_EQ(filled(*record.get()),
             (std::map<int, std::string>{{FIELD_COUNTRY_CODE, "U"}, {FIELD_BIRTH_DATE, "19740812"}}));
+}
+
+// The same for both dates.
+TEST(Leftovers, InABufferThatIsFullAfterBothDates) {
+  support::Record record(35);
+  EXPECT_EQ(parse(MRZ_td1_parse, with(TD1_CARD, 30 + 15, "UT0"), record.get()), ERR_INVALID_FORMAT);
+  EXPECT_EQ(image(record), "UTO~D23145890~19740812~F~20120415~");
+  EXPECT_EQ(parse(MRZ_visa_parse, SHORT_VISA, record.get()), ERR_OK);
+  EXPECT_EQ(image(record), "UTO~D23145890~19740812~F~20120415~U");
+  EXPECT_EQ(filled(*record.get()), (std::map<int, std::string>{{FIELD_COUNTRY_CODE, "U"},
+                                                               {FIELD_BIRTH_DATE, "19740812"},
+                                                               {FIELD_EXPIRATION_DATE, "20120415"}}));
 }
 
 } // namespace
