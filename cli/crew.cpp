@@ -6,10 +6,12 @@
 namespace varnel::cli {
 
 void chunk::add(const document &from, bool over_long) {
-  documents_.push_back(
-      {text_.size(), from.text.size(), from.title.size(), from.number, from.line, from.file, over_long});
+  if (is_empty()) {
+    first_number_ = from.number;
+    file_ = from.file;
+  }
+  documents_.push_back({from.line, static_cast<std::uint32_t>(from.text.size()), over_long});
   text_ += from.text;
-  text_ += from.title;
 }
 
 void chunk::clear() {
@@ -22,16 +24,18 @@ void chunk::clear() {
 
 void chunk::read_all(const read_function &read, output &out) {
   const output::keeping into(out, answers);
-  std::string said;
+  document from = {{}, first_number_, file_, 0, {}};
+  const char *text = text_.data();
   for (const entry &each : documents_) {
-    const std::string_view text = std::string_view(text_).substr(each.begin);
-    const document from = {text.substr(0, each.text_size), each.number, each.file, each.line,
-                           text.substr(each.text_size, each.title_size)};
-    said.clear();
+    from.text = std::string_view(text, each.size);
+    from.line = each.line;
+    std::string said;
     refused += read(from, each.over_long, said) ? 1 : 0;
     if (!said.empty()) {
-      remarks.push_back({into.size(), said});
+      remarks.push_back({into.size(), std::move(said)});
     }
+    text += each.size;
+    ++from.number;
   }
 }
 

@@ -34,6 +34,7 @@ public:
   /** What is done with one document: writes its answer, and returns whether it was refused, and a remark. */
   using read_function = std::function<bool(const document &from, bool over_long, std::string &remark)>;
 
+  /** Adds the next document, in the order of their numbers, and of the same input; its title is not kept. */
   void add(const document &from, bool over_long);
   bool is_empty() const { return documents_.empty(); }
   bool is_full() const { return text_.size() >= FULL || documents_.size() >= FULL / 16; }
@@ -47,17 +48,16 @@ public:
   std::uint64_t refused = 0;
 
 private:
+  // Few bytes, as one thread writes them and another reads them.
   struct entry {
-    std::size_t begin; // of its text, its title after it
-    std::size_t text_size;
-    std::size_t title_size;
-    std::uint64_t number;
     std::uint64_t line;
-    std::string_view file;
+    std::uint32_t size; // of its text, which is no longer than document_reader::LONGEST
     bool over_long;
   };
 
-  std::string text_;
+  std::uint64_t first_number_ = 0;
+  std::string_view file_;
+  std::string text_; // of one document after the other
   std::vector<entry> documents_;
 };
 

@@ -117,8 +117,7 @@ private:
 
   void read(const document_text &text, const std::string &operand) {
     const std::uint64_t number = ++counts_.documents;
-    const std::string title = titled_ ? title_of(number, text.line, name_) : "";
-    const document from = {text.text, number, operand, text.line, title};
+    const document from = {text.text, number, operand, text.line, ""};
     if (crew_ != nullptr) {
       hand_over(from, text.over_long);
       return;
@@ -134,7 +133,9 @@ private:
 
   // Writes the answer to one document; true when it was refused. The remark is what is to be reported of it,
   // after the name of the input. Several threads ask at once, each with a command of its own.
-  bool answer(document_command &command, const document &from, bool over_long, std::string &remark) const {
+  bool answer(document_command &command, document from, bool over_long, std::string &remark) const {
+    const std::string title = titled_ ? title_of(from.number, from.line, name_) : "";
+    from.title = title;
     if (over_long) {
       command.skip(from);
       remark = (split_ == split::line ? ": line " : ": block at line ") + std::to_string(from.line) +
@@ -185,7 +186,7 @@ private:
       written = each.end;
       report(name_ + each.text);
     }
-    out_.put(answers.substr(written));
+    out_.write_through(answers.substr(written)); // not copied: another thread's answers are far away
     counts_.refused += answered->refused;
     crew_->give_back(std::move(answered));
   }

@@ -27,6 +27,11 @@ void output::make_room(std::size_t size) {
   }
 }
 
+void output::write_through(std::string_view bytes) {
+  flush();
+  write(bytes);
+}
+
 // What the buffer could not hold is not copied to it first.
 void output::put_long(std::string_view bytes) {
   make_room(bytes.size());

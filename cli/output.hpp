@@ -62,6 +62,9 @@ public:
 
   void put(char byte) { put(std::string_view(&byte, 1)); }
 
+  /** Writes what is buffered and then these bytes, which are not copied. Not while answers are kept. */
+  void write_through(std::string_view bytes);
+
   /**
    * A place for up to `size` bytes (no more than SIZE) that commit() then counts as written. Bytes of
    * the place beyond those committed may be scribbled on.

@@ -108,6 +108,24 @@ TEST(Output, KeepsOrderAcrossItsBuffersEnd) {
   EXPECT_EQ(text, expected);
 }
 
+TEST(Output, WritesThroughAtOnceAfterWhatIsBuffered) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::tmpfile(), std::fclose);
+  output out(fileno(file.get()));
+  out.put("before");
+  out.write_through(", through");
+  out.put(", after");
+  std::rewind(file.get());
+  std::string text(64, '\0');
+  text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+  EXPECT_EQ(text, "before, through");
+  EXPECT_TRUE(out.flush());
+  std::clearerr(file.get());
+  std::rewind(file.get());
+  text.resize(64);
+  text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+  EXPECT_EQ(text, "before, through, after");
+}
+
 TEST(Output, DropsEverythingAfterAFailedWrite) {
   output out(-1);
   out.put("a");
