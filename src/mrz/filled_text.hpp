@@ -9,12 +9,12 @@
 struct filled_text {
   const char *str;
   int len;             // up to places::MAX
-  places::set letters; // and digits: all but fillers; places from `len` on may be those of text after it
+  places::set letters; // and digits: all but fillers
 
   places::set fillers() const { return ~letters & places::before(len); }
 };
 
-// A part of a field that begins and ends with a letter, or has nothing in it.
+// A part of a field. It ends with a letter, or has nothing in it.
 struct filled_part {
   int start;
   int end;             // the place after its last character

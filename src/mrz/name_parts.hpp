@@ -5,6 +5,7 @@
 #include "filled_text.hpp"
 #include "fillers.hpp"
 
+// Where the parts of a name stand in its field.
 struct name_places {
   filled_part last;   // the primary identifier
   filled_part first;  // the first of the secondary identifiers
