@@ -641,6 +641,18 @@ TEST_P(Layout, ReadsNames) {
   }
 }
 
+// Up to the last column: on a card of three lines nothing of the zone follows it.
+TEST_P(Layout, ReadsAMiddleNameOfEveryLengthToTheEndOfTheLine) {
+  for (size_t length = 1; length < l.at.names_length - 4; ++length) {
+    SCOPED_TRACE(length);
+    const std::string middle = std::string("BCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOP").substr(0, length);
+    const std::string last = std::string(l.at.names_length - 4 - length, 'A');
+    support::Record other;
+    EXPECT_EQ(parsed(with(l.zone, l.at.names, last + "<<C<" + middle), other), ERR_OK);
+    EXPECT_EQ(other.value(FIELD_MIDDLE_NAME), middle);
+  }
+}
+
 TEST_P(Layout, CutsWhatDoesNotFit) {
   for (const capacity &row : l.capacities) {
     SCOPED_TRACE("buffer of " + std::to_string(row.size));
