@@ -64,7 +64,6 @@ const MAPPING MAP_AAMVA_2D01[] = {
     {element_key("DBR"), FIELD_AKA_SUFFIX},
     {element_key("DBS"), FIELD_AKA_PREFIX},
 };
-const int MAP_AAMVA_2D01_SIZE = row_count(MAP_AAMVA_2D01);
 static_assert(row_count(MAP_AAMVA_2D01) == 51, "a row too many or too few");
 
 const MAPPING MAP_AAMVA_2D03[] = {
@@ -105,7 +104,6 @@ const MAPPING MAP_AAMVA_2D03[] = {
     {element_key("DCR"), FIELD_RESTRICTION_DESC},
     {element_key("DAA"), FIELD_FULL_NAME},
 };
-const int MAP_AAMVA_2D03_SIZE = row_count(MAP_AAMVA_2D03);
 static_assert(row_count(MAP_AAMVA_2D03) == 36, "a row too many or too few");
 
 const MAPPING MAP_AAMVA_2D06[] = {
@@ -158,7 +156,6 @@ const MAPPING MAP_AAMVA_2D06[] = {
     {element_key("DDI"), FIELD_UNDER_19_UNTIL},
     {element_key("DDJ"), FIELD_UNDER_21_UNTIL},
 };
-const int MAP_AAMVA_2D06_SIZE = row_count(MAP_AAMVA_2D06);
 static_assert(row_count(MAP_AAMVA_2D06) == 48, "a row too many or too few");
 
 const MAPPING MAP_AAMVA_2D04_HAWAII[] = {
@@ -245,7 +242,6 @@ const MAPPING MAP_AAMVA_2D04_HAWAII[] = {
     {element_key("DDI"), FIELD_UNDER_19_UNTIL},
     {element_key("DDJ"), FIELD_UNDER_21_UNTIL},
 };
-const int MAP_AAMVA_2D04_HAWAII_SIZE = row_count(MAP_AAMVA_2D04_HAWAII);
 static_assert(row_count(MAP_AAMVA_2D04_HAWAII) == 82, "a row too many or too few");
 
 const MAPPING MAP_AAMVA_2D08[] = {
@@ -318,8 +314,14 @@ const MAPPING MAP_AAMVA_2D08[] = {
     {element_key("DCG"), FIELD_COUNTRY_ID},
     {element_key("DCH"), FIELD_FEDERAL_VEHICLE_CODES},
 };
-const int MAP_AAMVA_2D08_SIZE = row_count(MAP_AAMVA_2D08);
 static_assert(row_count(MAP_AAMVA_2D08) == 68, "a row too many or too few");
+
+// Together, as each takes 32 bytes between tables, which are aligned.
+const int MAP_AAMVA_2D01_SIZE = row_count(MAP_AAMVA_2D01);
+const int MAP_AAMVA_2D03_SIZE = row_count(MAP_AAMVA_2D03);
+const int MAP_AAMVA_2D06_SIZE = row_count(MAP_AAMVA_2D06);
+const int MAP_AAMVA_2D04_HAWAII_SIZE = row_count(MAP_AAMVA_2D04_HAWAII);
+const int MAP_AAMVA_2D08_SIZE = row_count(MAP_AAMVA_2D08);
 
 int utils_barcode2fieldtype(int barcode, const MAPPING *map, int size, int *pTblIndex) {
   int row = pTblIndex != nullptr ? *pTblIndex : 0;
