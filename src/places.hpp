@@ -49,8 +49,8 @@ constexpr int last(set places) { return last_by_count(places); }
 // The places between the first and the last of a set, which must not be empty, that are not in it. Mostly
 // there are none: adding to the first of a row of places carries beyond the last of them.
 constexpr set inner(set places) {
-  const set first = lowest(places);
-  return ((places + first) & places) == 0 ? 0 : ~places & from(first) & before(last(places));
+  const set start = lowest(places);
+  return ((places + start) & places) == 0 ? 0 : ~places & from(start) & before(last(places));
 }
 
 } // namespace places

@@ -140,16 +140,16 @@ mrz::progress mrz::append_dates_and_sex(slots to, char *end, const char *dates, 
 }
 
 VARNEL_SELDOM char *mrz::little_room::lend(const PARSE_RESULT *result) {
-  birth_date_ = result->fields[FIELD_BIRTH_DATE];
-  expiration_date_ = result->fields[FIELD_EXPIRATION_DATE];
-  return text_;
+  birth_date = result->fields[FIELD_BIRTH_DATE];
+  expiration_date = result->fields[FIELD_EXPIRATION_DATE];
+  return text;
 }
 
 // Texts stand here in the order in which they were written, each with the NUL after it.
 VARNEL_SELDOM void mrz::little_room::move_to(PARSE_RESULT *result, const char *end) const {
-  for (const char *text = text_; text < end; text += text_length(text) + 1) {
+  for (const char *value = text; value < end; value += text_length(value) + 1) {
     for (int field = 0; field < FIELD_COUNT; ++field) {
-      if (result->fields[field].value.str == text) {
+      if (result->fields[field].value.str == value) {
         move(result, field);
       }
     }
@@ -160,9 +160,9 @@ VARNEL_SELDOM void mrz::little_room::move(PARSE_RESULT *result, int field) const
   const STRING value = result->fields[field].value;
   const int room = record::free_size(result);
   if (field == FIELD_BIRTH_DATE && value.len > room) {
-    result->fields[field] = birth_date_;
+    result->fields[field] = birth_date;
   } else if (field == FIELD_EXPIRATION_DATE && value.len > room) {
-    result->fields[field] = expiration_date_;
+    result->fields[field] = expiration_date;
   } else {
     const int written = smaller(value.len, room);
     if (written > 0) {

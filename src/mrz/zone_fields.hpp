@@ -30,22 +30,19 @@ constexpr int MOST_TEXT = 4 + 40 + 2 * 9 + 2 + 4 + 10 + 15 + 9;
 
 // Takes the text of a zone where the record has no more room than that, and moves it there as far as it fits:
 // the last NUL would not.
-class little_room {
-public:
+struct little_room {
+  char text[MOST_TEXT];
+  FIELD birth_date; // as they were
+  FIELD expiration_date;
+
   // Where to write what the slots of this record will point to.
   char *lend(const PARSE_RESULT *result);
-  bool is_lent(const char *start) const { return start == text_; }
+  bool is_lent(const char *start) const { return start == text; }
 
   // Each value in turn takes as much as is left, as utils_write_field() and utils_write_field_date() do: a
   // text is cut, a date that does not fit leaves its slot as it was.
   void move_to(PARSE_RESULT *result, const char *end) const;
-
-private:
   void move(PARSE_RESULT *result, int field) const;
-
-  char text_[MOST_TEXT];
-  FIELD birth_date_; // as they were
-  FIELD expiration_date_;
 };
 
 // ---- values of one slot --------------------------------------------------------------------------------
