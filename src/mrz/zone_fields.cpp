@@ -1,5 +1,7 @@
 #include "zone_fields.hpp"
 
+#include <Varnel/utils.h>
+
 #include "name_parts.hpp"
 
 namespace {
@@ -47,12 +49,9 @@ bool read_year(uint64_t date, int &year) {
 
 // As utils_write_field_date() of a date whose last six digits stand in the zone.
 VARNEL_INLINE char *append_date(STRING &slot, char *end, int year, uint64_t date) {
-  constexpr int length = 8;
   const uint64_t century = words::load<uint64_t>(year < 2000 ? "19\0\0\0\0\0" : "20\0\0\0\0\0");
   words::store(century | date << 16, end);
-  end[length] = '\0';
-  slot = STRING{end, length};
-  return end + length + 1;
+  return mrz::fill(slot, end, 8);
 }
 
 // append_part() at once. Runs of fillers and empty parts are rare.
@@ -66,9 +65,7 @@ VARNEL_INLINE char *append_here(STRING &slot, char *end, const char *field, fill
   for (places::set left = part.fillers; left != 0; left &= left - 1) {
     end[places::first(left) - part.start] = ' ';
   }
-  slot = STRING{end, length};
-  end[length] = '\0';
-  return end + length + 1;
+  return mrz::fill(slot, end, length);
 }
 
 } // namespace
@@ -83,9 +80,7 @@ VARNEL_SELDOM char *mrz::append_slowly(STRING &slot, char *end, STRING text) {
     slot = STRING{nullptr, 0};
     return end;
   }
-  slot = STRING{end, written};
-  end[written] = '\0';
-  return end + written + 1;
+  return fill(slot, end, written);
 }
 
 VARNEL_SELDOM mrz::progress mrz::append_code_slowly(STRING &slot, char *end, const char *code) {
@@ -150,24 +145,17 @@ VARNEL_SELDOM void mrz::little_room::move_to(PARSE_RESULT *result, const char *e
   for (const char *value = text; value < end; value += text_length(value) + 1) {
     for (int field = 0; field < FIELD_COUNT; ++field) {
       if (result->fields[field].value.str == value) {
-        move(result, field);
+        move(result, field, value);
       }
     }
   }
 }
 
-VARNEL_SELDOM void mrz::little_room::move(PARSE_RESULT *result, int field) const {
-  const STRING value = result->fields[field].value;
-  const int room = record::free_size(result);
-  if (field == FIELD_BIRTH_DATE && value.len > room) {
-    result->fields[field] = birth_date;
-  } else if (field == FIELD_EXPIRATION_DATE && value.len > room) {
-    result->fields[field] = expiration_date;
+VARNEL_SELDOM void mrz::little_room::move(PARSE_RESULT *result, int field, const char *value) const {
+  const bool is_date = field == FIELD_BIRTH_DATE || field == FIELD_EXPIRATION_DATE;
+  if (is_date && record::free_size(result) < text_length(value)) {
+    result->fields[field] = field == FIELD_BIRTH_DATE ? birth_date : expiration_date;
   } else {
-    const int written = smaller(value.len, room);
-    if (written > 0) {
-      memcpy(record::free_space(result), value.str, static_cast<size_t>(written));
-    }
-    record::fill_slot(result, field, written);
+    utils_write_field_s(result, field, value);
   }
 }

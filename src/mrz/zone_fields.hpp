@@ -42,13 +42,20 @@ struct little_room {
   // Each value in turn takes as much as is left, as utils_write_field() and utils_write_field_date() do: a
   // text is cut, a date that does not fit leaves its slot as it was.
   void move_to(PARSE_RESULT *result, const char *end) const;
-  void move(PARSE_RESULT *result, int field) const;
+  void move(PARSE_RESULT *result, int field, const char *value) const;
 };
 
 // ---- values of one slot --------------------------------------------------------------------------------
 //
 // They are written to `end`, and returned is where the text ends then. There is room for MOST_TEXT from where
 // the text of the zone begins.
+
+// Points the slot at the characters just written, and stores the NUL after them.
+VARNEL_INLINE char *fill(STRING &slot, char *end, int length) {
+  slot = STRING{end, length};
+  end[length] = '\0';
+  return end + length + 1;
+}
 
 // As utils_write_field() with fillers to be replaced by spaces and runs of spaces to be collapsed.
 char *append_part(STRING &slot, char *end, const char *field, filled_part part);
@@ -59,9 +66,7 @@ char *append_slowly(STRING &slot, char *end, STRING text);
 // Writes a text without fillers, of a length that the compiler knows.
 VARNEL_INLINE char *append_known(STRING &slot, char *end, const char *text, int length) {
   memcpy(end, text, static_cast<size_t>(length));
-  end[length] = '\0';
-  slot = STRING{end, length};
-  return end + length + 1;
+  return fill(slot, end, length);
 }
 
 VARNEL_INLINE char *append_document_type(slots to, char *end, const layout &layout) {

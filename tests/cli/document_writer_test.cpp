@@ -15,6 +15,16 @@ using namespace varnel::cli;
 
 namespace {
 
+// All that has been written to a file.
+std::string contents(std::FILE *file) {
+  std::string text;
+  std::rewind(file);
+  for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file)) {
+    text += static_cast<char>(c);
+  }
+  return text;
+}
+
 // What is written of a record whose family name is `name`.
 std::string written(format how, bool with_slots, const std::string &name) {
   const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::tmpfile(), std::fclose);
@@ -27,10 +37,7 @@ std::string written(format how, bool with_slots, const std::string &name) {
   utils_write_field(&record, FIELD_FAMILY_NAME, &source, nullptr, nullptr, ' ');
   writer.accepted({"", 7, "", 1, ""}, record);
   EXPECT_TRUE(out.flush());
-  std::string text(1 << 16, '\0');
-  std::rewind(file.get());
-  text.resize(std::fread(text.data(), 1, text.size(), file.get()));
-  return text;
+  return contents(file.get());
 }
 
 std::string json_name(const std::string &name) {
@@ -102,10 +109,7 @@ TEST(Output, KeepsOrderAcrossItsBuffersEnd) {
     expected += piece;
   }
   EXPECT_TRUE(out.flush());
-  std::rewind(file.get());
-  std::string text(expected.size() + 1, '\0');
-  text.resize(std::fread(text.data(), 1, text.size(), file.get()));
-  EXPECT_EQ(text, expected);
+  EXPECT_EQ(contents(file.get()), expected);
 }
 
 TEST(Output, WritesThroughAtOnceAfterWhatIsBuffered) {
@@ -114,16 +118,9 @@ TEST(Output, WritesThroughAtOnceAfterWhatIsBuffered) {
   out.put("before");
   out.write_through(", through");
   out.put(", after");
-  std::rewind(file.get());
-  std::string text(64, '\0');
-  text.resize(std::fread(text.data(), 1, text.size(), file.get()));
-  EXPECT_EQ(text, "before, through");
+  EXPECT_EQ(contents(file.get()), "before, through");
   EXPECT_TRUE(out.flush());
-  std::clearerr(file.get());
-  std::rewind(file.get());
-  text.resize(64);
-  text.resize(std::fread(text.data(), 1, text.size(), file.get()));
-  EXPECT_EQ(text, "before, through, after");
+  EXPECT_EQ(contents(file.get()), "before, through, after");
 }
 
 TEST(Output, DropsEverythingAfterAFailedWrite) {
@@ -157,10 +154,7 @@ TEST(Output, KeepsWhatIsPutUntilItIsToBeWrittenAgain) {
   EXPECT_EQ(answers.view(), std::string(4 * output::SIZE + 2, 'a'));
   out.put(", after");
   EXPECT_TRUE(out.flush());
-  std::rewind(file.get());
-  std::string text(64, '\0');
-  text.resize(std::fread(text.data(), 1, text.size(), file.get()));
-  EXPECT_EQ(text, "before, after");
+  EXPECT_EQ(contents(file.get()), "before, after");
 }
 
 namespace {
